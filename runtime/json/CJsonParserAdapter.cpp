@@ -1,0 +1,28 @@
+#include "CJsonParserAdapter.h"
+
+namespace QXJSON {
+
+using Base = ParserOperations<AdapterLayer<IJsonParser, CRapidJsonParser>>;
+
+int CJsonParserAdapter::LoadJsonBytes(const char* text, uint32_t length) {
+    Replace(NewImplementation());
+    return Base::LoadJsonBytes(text, length);
+}
+
+int CJsonParserAdapter::LoadJsonString(const wchar_t* text) {
+    Replace(NewImplementation());
+    return Base::LoadJsonString(text);
+}
+
+int CJsonParserAdapter::LoadJsonFile(const wchar_t* fileName) {
+    Replace(NewImplementation());
+    return Base::LoadJsonFile(fileName);
+}
+
+int CJsonParserAdapter::Release() {
+    ReleasePart(implementation);
+    delete this;
+    return kSuccess;
+}
+
+}  // namespace QXJSON

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <stdint.h>
+
+namespace QXJSON {
+
+/// The tags of a JsonVariant that carry something; every other tag is refused.
+enum JsonVariantTag : uint16_t {
+    kVariantInt64 = 20,    ///< the payload is a signed 64-bit integer
+    kVariantText = 16384,  ///< the payload points to zero-terminated UTF-16 text
+};
+
+/// A text or a whole number, as the runtime passes either in one record. 16 bytes: the tag, then
+/// the payload at offset 8.
+struct JsonVariant {
+    uint16_t tag;
+    union {
+        int64_t number;
+        const wchar_t* text;
+    };
+};
+
+static_assert(sizeof(JsonVariant) == 16, "the record's size is part of the binary contract");
+
+}  // namespace QXJSON

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "IJsonParser.h"
+
+/// The exports of Json_Dll.dll. A host either links with the import library or looks the names up
+/// with GetProcAddress; they are undecorated C names.
+///
+/// Each call returns a new object that shares nothing with any other, to be ended by its Release.
+/// The result is null when there is no memory for the object. When only a part behind it could not
+/// be allocated, the object is returned and its operations answer -5.
+extern "C" {
+
+/// A parser with no document.
+QXJSON::IJsonParser* CreateJsonParser();
+}

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <stdint.h>
+
+#include <new>
+
+#include "Guard.h"
+
+// The two layers in front of every implementation. What is common to the three families is here:
+// who owns whom, and how an operation is passed on. A family's forwarders (ParserOperations.h and
+// its siblings) derive from one of these and pass each operation to Forward or ForwardUnguarded;
+// the classes of the family add only what is special about them.
+
+namespace QXJSON {
+
+/// The object behind a pointer that must not be null; a null one faults, as the contract has it for
+/// the operations of an object whose parts could not be allocated.
+template <class T>
+T& Required(T* object) {
+    if (!object) RaiseAccessViolation();
+    return *object;
+}
+
+/// Ends the life of an owned part through its own Release, and forgets it.
+template <class T>
+void ReleasePart(T*& part) {
+    if (part) part->Release();
+    part = nullptr;
+}
+
+/// What the runtime holds: owns an adapter and guards every operation that it passes to it.
+template <class Interface, class Adapter>
+class FacadeLayer : public Interface {
+protected:
+    FacadeLayer() : adapter(new (std::nothrow) Adapter) {}
+    ~FacadeLayer() = default;
+
+    template <class Operation>
+    int Forward(Operation&& operation) {
+        return Guarded([&] { return operation(Required(adapter)); });
+    }
+
+    template <class Operation>
+    auto ForwardUnguarded(Operation&& operation) {
+        return operation(Required(adapter));
+    }
+
+    Adapter* adapter;
+};
+
+/// Owns an implementation, and replaces it by a new one where an operation starts anew.
+template <class Interface, class Implementation>
+class AdapterLayer : public Interface {
+protected:
+    AdapterLayer() { implementation = NewImplementation(); }
+    ~AdapterLayer() = default;
+
+    template <class Operation>
+    auto Forward(Operation&& operation) {
+        return operation(Required(implementation));
+    }
+
+    template <class Operation>
+    auto ForwardUnguarded(Operation&& operation) {
+        return operation(Required(implementation));
+    }
+
+    /// A new implementation of the adapter's kind; null without memory, or for an unknown kind.
+    Implementation* NewImplementation() const {
+        return implementationKind == 0 ? new (std::nothrow) Implementation : nullptr;
+    }
+
+    /// Puts a new implementation, or null, in the place of the old one.
+    void Replace(Implementation* renewed) {
+        ReleasePart(implementation);
+        implementation = renewed;
+    }
+
+    Implementation* implementation = nullptr;
+    uint32_t implementationKind = 0;  // 0: on RapidJSON, the only kind there is
+};
+
+}  // namespace QXJSON

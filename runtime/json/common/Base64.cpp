@@ -1,0 +1,41 @@
+#include "Base64.h"
+
+#include <windows.h>
+// wincrypt.h needs the types of windows.h in front of it.
+#include <wincrypt.h>
+
+#include "ResultCodes.h"
+
+namespace QXJSON {
+
+int DecodeBase64(MessageBuffer& buffer, const wchar_t* text, const uint8_t** data, uint32_t* size) {
+    if (!text || !data || !size) return kPlainFailure;
+    const DWORD length = static_cast<DWORD>(lstrlenW(text));
+    const auto decode = [&](BYTE* into, DWORD* count) {
+        return CryptStringToBinaryW(text, length, CRYPT_STRING_BASE64, into, count, nullptr,
+                                    nullptr) != FALSE;
+    };
+    DWORD count = 0;
+    if (!decode(nullptr, &count) || !buffer.Reserve(count)) return kWrongKind;
+    if (!decode(static_cast<BYTE*>(buffer.Area()), &count)) return kWrongKind;
+    *data = static_cast<const uint8_t*>(buffer.Area());
+    *size = count;
+    return kSuccess;
+}
+
+int EncodeBase64(MessageBuffer& buffer, const uint8_t* data, uint32_t size, const wchar_t** text) {
+    if (!data || !text) return kPlainFailure;
+    const auto encode = [&](wchar_t* into, DWORD* count) {
+        return CryptBinaryToStringW(data, size, CRYPT_STRING_BASE64 | CRYPT_STRING_NOCRLF, into,
+                                    count) != FALSE;
+    };
+    DWORD count = 0;
+    if (!encode(nullptr, &count)) return kWrongKind;
+    const uint64_t bytes = uint64_t{count} * sizeof(wchar_t);
+    if (bytes > UINT32_MAX || !buffer.Reserve(static_cast<uint32_t>(bytes))) return kWrongKind;
+    if (!encode(static_cast<wchar_t*>(buffer.Area()), &count)) return kWrongKind;
+    *text = static_cast<const wchar_t*>(buffer.Area());
+    return kSuccess;
+}
+
+}  // namespace QXJSON

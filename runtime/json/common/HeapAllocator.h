@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdlib>
+#include <new>
+
+namespace QXJSON {
+
+/// RapidJSON's allocator concept over the C heap, but with std::bad_alloc where its own
+/// CrtAllocator answers null. RapidJSON tests few of its allocations: null would be a fault in the
+/// middle of its work, whereas it cleans up after an exception.
+class HeapAllocator {
+public:
+    static constexpr bool kNeedFree = true;
+
+    void* Malloc(size_t size) { return size ? Checked(std::malloc(size)) : nullptr; }
+
+    void* Realloc(void* block, size_t, size_t newSize) {
+        if (newSize != 0) return Checked(std::realloc(block, newSize));
+        std::free(block);
+        return nullptr;
+    }
+
+    static void Free(void* block) { std::free(block); }
+
+private:
+    static void* Checked(void* block) { return block ? block : throw std::bad_alloc(); }
+};
+
+}  // namespace QXJSON

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <rapidjson/document.h>
+#include <rapidjson/pointer.h>
+#include <rapidjson/stringbuffer.h>
+
+#include "HeapAllocator.h"
+
+namespace QXJSON {
+
+/// The encoding of every document in memory: UTF-16 in the platform's wchar_t.
+using JsonEncoding = rapidjson::UTF16<wchar_t>;
+/// Owns the values and strings of one document; frees them all at once, never one by one.
+using JsonAllocator = rapidjson::MemoryPoolAllocator<HeapAllocator>;
+using JsonValue = rapidjson::GenericValue<JsonEncoding, JsonAllocator>;
+using JsonDocument = rapidjson::GenericDocument<JsonEncoding, JsonAllocator, HeapAllocator>;
+using JsonPointer = rapidjson::GenericPointer<JsonValue, HeapAllocator>;
+using JsonTextBuffer = rapidjson::GenericStringBuffer<JsonEncoding, HeapAllocator>;
+
+/// Whether a value is one of the two kinds that a document may have as its root.
+inline bool IsContainer(const JsonValue& value) { return value.IsObject() || value.IsArray(); }
+
+}  // namespace QXJSON

@@ -1,0 +1,40 @@
+#include "MessageBuffer.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "MessageCatalogue.h"
+
+namespace QXJSON {
+
+constexpr uint32_t kInitialSize = 512;
+
+MessageBuffer::MessageBuffer()
+    : area(static_cast<uint8_t*>(std::calloc(kInitialSize, 1))), size(kInitialSize) {}
+
+MessageBuffer::~MessageBuffer() { std::free(area); }
+
+bool MessageBuffer::Reserve(uint32_t newSize) {
+    Clear();
+    if (!area || size < newSize) {
+        std::free(area);
+        area = static_cast<uint8_t*>(std::calloc(newSize, 1));
+        size = newSize;
+    }
+    used = newSize;
+    return area != nullptr;
+}
+
+bool MessageBuffer::FetchMessage(int code, const wchar_t** text) {
+    if (!area) return false;
+    Clear();
+    *text = LookUpMessage(code);
+    return true;
+}
+
+void MessageBuffer::Clear() {
+    if (area) std::memset(area, 0, used);
+    used = 0;
+}
+
+}  // namespace QXJSON

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "JsonTypes.h"
+#include "MemberLookup.h"
+#include "ResultCodes.h"
+#include "ValueKinds.h"
+
+// Reading values. Every operation checks in one order, and the first check that fails is the
+// result: the place, the key, the output pointers, the kind of the value, the presence of the
+// member, the type asked for.
+
+namespace QXJSON {
+
+/// Where an operation works: a value, or the result that its absence has.
+struct Place {
+    JsonValue* value;
+    int absence = kNoValue;
+};
+
+/// Reads what `Kind` stands for from the value at a place.
+template <class Kind>
+int Get(const Place& place, typename Kind::Out* out) {
+    if (!place.value) return place.absence;
+    if (!out) return kPlainFailure;
+    if (!Kind::Fits(*place.value)) return kWrongKind;
+    *out = Kind::Read(*place.value);
+    return kSuccess;
+}
+
+/// A member as an operation asks for it.
+struct MemberRequest {
+    const wchar_t* key;
+    bool outputs;                ///< whether all output pointers of the operation are there
+    int missing;                 ///< the result when no member has the key
+    int wrongKind = kWrongKind;  ///< the result when the parent is no object
+    KeyMatch match = KeyMatch::kIgnoreCase;
+};
+
+/// The place of a member of the object at a place.
+Place FindMember(const Place& object, const MemberRequest& request);
+
+/// Reads what `Kind` stands for from a member. A missing member answers kNoMember.
+template <class Kind>
+int GetMember(const Place& object, const wchar_t* key, typename Kind::Out* out,
+              KeyMatch match = KeyMatch::kIgnoreCase) {
+    const MemberRequest request{key, out != nullptr, kNoMember, kWrongKind, match};
+    return Get<Kind>(FindMember(object, request), out);
+}
+
+/// The place of the member or element at `index`, in document order, of a container; `outputs` as
+/// in MemberRequest. An index that is not below the count answers kPlainFailure.
+Place FindChild(const Place& container, uint32_t index, bool outputs);
+
+/// The name of the member at `index` of the object at a place.
+int GetMemberName(const Place& object, uint32_t index, const wchar_t** name);
+
+}  // namespace QXJSON

@@ -1,0 +1,112 @@
+#include "CRapidJsonParser.h"
+
+#include "../common/Base64.h"
+#include "../common/FaultGuard.h"
+#include "../common/ItemPath.h"
+#include "../common/TextOutput.h"
+
+namespace QXJSON {
+
+constexpr TextRules kRules = {/*acceptNan=*/true, /*acceptNanInAnsi=*/false,
+                              /*fileBufferSize=*/1024};
+constexpr size_t kTextCapacity = 256;
+
+CRapidJsonParser::CRapidJsonParser() : document(&allocator), textBuffer(nullptr, kTextCapacity) {}
+
+// ---- Loading -----------------------------------------------------------------------------------
+
+int CRapidJsonParser::LoadJsonBytes(const char* text, uint32_t length) {
+    handles.Clear();
+    return FinishTextLoad(LoadBytes(document, text, length, kRules));
+}
+
+int CRapidJsonParser::LoadJsonString(const wchar_t* text) {
+    handles.Clear();
+    return FinishTextLoad(LoadText(document, text, kRules));
+}
+
+int CRapidJsonParser::LoadJsonFile(const wchar_t* fileName) {
+    handles.Clear();
+    return FinishLoad(LoadFile(document, fileName, kRules));
+}
+
+/// Records how a load went, and refuses a root that is neither object nor array.
+int CRapidJsonParser::FinishLoad(const LoadStatus& loaded) {
+    status = loaded;
+    if (status.code == kNoError && !IsContainer(document)) status = {kInvalidValue};
+    return status.code == kNoError ? kSuccess : kPlainFailure;
+}
+
+/// The same for text in memory, where an empty document is told as an empty string.
+int CRapidJsonParser::FinishTextLoad(const LoadStatus& loaded) {
+    return FinishLoad(loaded.code == kDocumentEmpty ? LoadStatus{kEmptyText} : loaded);
+}
+
+int CRapidJsonParser::GetErrorOffset(uint64_t* offset) {
+    if (!offset) return kPlainFailure;
+    *offset = status.offset;
+    return kSuccess;
+}
+
+int CRapidJsonParser::GetErrorMessage(const wchar_t** text) {
+    return text && messageBuffer.FetchMessage(status.code, text) ? kSuccess : kPlainFailure;
+}
+
+// ---- Places ------------------------------------------------------------------------------------
+
+Place CRapidJsonParser::Root() {
+    return {IsContainer(document) ? &document : nullptr, kPlainFailure};
+}
+
+Place CRapidJsonParser::UntestedItem(uint32_t handle) const {
+    const Place item = Item(handle);
+    if (!item.value) RaiseAccessViolation();
+    return item;
+}
+
+Place CRapidJsonParser::AtPath(const wchar_t* path) {
+    return {ResolveItemPath(document, path), kBadPath};
+}
+
+// ---- Texts, blobs, variants --------------------------------------------------------------------
+
+int CRapidJsonParser::Write(const Place& place, KindTest kind, const wchar_t** text) {
+    if (!place.value) return place.absence;
+    if (!text || !kind(*place.value)) return kPlainFailure;
+    *text = WriteText(*place.value, textBuffer);
+    return kSuccess;
+}
+
+int CRapidJsonParser::WriteMember(uint32_t handle, const wchar_t* key, KindTest kind,
+                                  const wchar_t** text) {
+    const MemberRequest request{key, text != nullptr, kPlainFailure, kPlainFailure};
+    return Write(FindMember(UntestedItem(handle), request), kind, text);
+}
+
+/// Decodes a string that a string getter has just handed out with `textResult`.
+int CRapidJsonParser::Decode(int textResult, const wchar_t* const& text, const uint8_t** data,
+                             uint32_t* size) {
+    return textResult == kSuccess ? DecodeBase64(messageBuffer, text, data, size) : textResult;
+}
+
+int CRapidJsonParser::ReadVariant(const Place& place, const wchar_t* key, JsonVariant* variant) {
+    Place source = place;
+    if (key) source = FindMember(place, {key, variant != nullptr, kNoMember});
+    if (!source.value) return source.absence;
+    if (!variant) return kPlainFailure;
+    const wchar_t* text = nullptr;
+    if (Get<String>(source, &text) == kSuccess) {
+        variant->tag = kVariantText;
+        variant->text = text;
+        return kSuccess;
+    }
+    int64_t number = 0;
+    const int result = Get<Int64>(source, &number);
+    if (result == kSuccess) {
+        variant->tag = kVariantInt64;
+        variant->number = number;
+    }
+    return result;
+}
+
+}  // namespace QXJSON

@@ -1,0 +1,133 @@
+// Documents of the data folder, where there is one: the environment variable JSON_TEST_DATA names
+// it. Its folder "jsonchecker" holds documents that say in their names whether they are good. Without
+// the folder, documents of the test's own stand in.
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstdlib>
+#include <vector>
+
+#include "JsonDll.h"
+#include "LoadForm.h"
+#include "ReferenceLoad.h"
+#include "TempFile.h"
+
+namespace {
+
+using support::NewParser;
+using support::Parser;
+
+struct Document {
+    std::wstring name;
+    std::string bytes;
+};
+using Documents = std::vector<Document>;
+
+Documents DocumentsIn(const std::wstring& subfolder) {
+    const wchar_t* folder = _wgetenv(L"JSON_TEST_DATA");
+    if (folder == nullptr) return {};
+    const std::wstring path = std::wstring(folder) + L"\\" + subfolder + L"\\";
+    Documents documents;
+    WIN32_FIND_DATAW found = {};
+    HANDLE search = FindFirstFileW((path + L"*.json").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return {};
+    do {
+        const std::wstring name = found.cFileName;
+        documents.push_back({name, support::ReadFileBytes(path + name)});
+    } while (FindNextFileW(search, &found));
+    FindClose(search);
+    return documents;
+}
+
+std::string Repeated(const char* text, int count) {
+    std::string all;
+    while (count-- > 0) all += text;
+    return all;
+}
+
+/// Documents named as those of the folder "jsonchecker" are.
+Documents OwnChecks() {
+    return {
+        {L"pass1.json", "{\"lists\":[[],[{}],[[[1.0e-2]]]],\"text\":\"\\u20AC \xE2\x82\xAC\"}"},
+        {L"pass2.json", Repeated("[", 19) + "\"deep enough\"" + Repeated("]", 19)},
+        {L"pass3.json", "\r\n{ \"outer\" : { \"inner\" : -12.5E+3 , \"\" : null } }\n"},
+        {L"fail1_EXCLUDE.json", "\"a string is no payload\""},
+        {L"fail2_EXCLUDE.json", Repeated("[", 20) + "\"deeper\"" + Repeated("]", 20)},
+        {L"fail3.json", "[\"left open\""},
+        {L"fail4.json", "[\"one too many\",]"},
+        {L"fail5.json", "[\"closed twice\"]]"},
+        {L"fail6.json", "{\"closed\":true} false"},
+        {L"fail7.json", "{\"zeros\":007}"},
+        {L"fail8.json", "{\"hex\":0xA}"},
+        {L"fail9.json", "[\"bad escape \\x41\"]"},
+        {L"fail10.json", "[\"line\nbreak\"]"},
+        {L"fail11.json", "[\"mixed\"}"},
+        {L"fail12.json", "{\"no value\"}"},
+        {L"fail13.json", "[1 + 1]"},
+    };
+}
+
+/// Texts that a parser and a writer give back as they are.
+Documents OwnRoundTrips() {
+    return {
+        {L"literals", "[null,true,false]"},
+        {L"numbers", "[0,-1,1.5,-0.25,4294967295,9223372036854775807]"},
+        {L"texts", "[\"\",\"a\\nb\",\"\xC3\xA9\",\"\xF0\x9D\x84\x9E\"]"},
+        {L"nested", "{\"a\":{\"b\":[{\"c\":{}}]},\"\":[]}"},
+    };
+}
+
+Documents OwnLarge() {
+    std::string rows = "[";
+    for (int i = 0; i < 3000; ++i)
+        rows += (i == 0 ? "{\"id\":" : ",{\"id\":") + std::to_string(i) +
+                ",\"at\":[-65.61361" + std::to_string(i) + ",43.4200],\"t\":\"\xE2\x82\xAC\\n\"}";
+    return {{L"rows", rows + "]"}};
+}
+
+Documents Either(const Documents& found, const Documents& own) {
+    return found.empty() ? own : found;
+}
+
+bool Contains(const std::wstring& name, const wchar_t* part) {
+    return name.find(part) != std::wstring::npos;
+}
+
+support::LoadOutcome ExpectAsReference(const Document& document) {
+    const Parser parser = NewParser();
+    const support::TempFile file(document.bytes);
+    const auto outcome = support::LoadBytes(*parser, document.bytes);
+    EXPECT_EQ(support::ReferenceLoadBytes(document.bytes), outcome);
+    EXPECT_EQ(support::ReferenceLoadFile(file.Name()),
+              support::OutcomeOf(*parser, parser->LoadJsonFile(file.Name())));
+    return outcome;
+}
+
+TEST(LoadingData, NamesTellWhichDocumentsAreGood) {
+    for (const Document& document : Either(DocumentsIn(L"jsonchecker"), OwnChecks())) {
+        SCOPED_TRACE(testing::PrintToString(document.name));
+        const int result = ExpectAsReference(document).result;
+        if (Contains(document.name, L"pass")) EXPECT_EQ(1, result);
+        if (Contains(document.name, L"fail") && !Contains(document.name, L"EXCLUDE"))
+            EXPECT_EQ(0, result);
+    }
+}
+
+TEST(LoadingData, DocumentsComeBackAsTheyWere) {
+    for (const Document& document : Either(DocumentsIn(L"roundtrip"), OwnRoundTrips())) {
+        SCOPED_TRACE(testing::PrintToString(document.name));
+        const auto outcome = ExpectAsReference(document);
+        if (outcome.result == 1)
+            EXPECT_EQ(document.bytes, support::Encode(outcome.tree, support::Encoding::kUtf8));
+    }
+}
+
+TEST(LoadingData, LargeDocuments) {
+    for (const Document& document : Either(DocumentsIn(L"."), OwnLarge())) {
+        SCOPED_TRACE(testing::PrintToString(document.name));
+        EXPECT_EQ(1, ExpectAsReference(document).result);
+    }
+}
+
+}  // namespace

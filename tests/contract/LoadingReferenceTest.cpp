@@ -1,0 +1,155 @@
+// Thousands of truncated and mutated documents against RapidJSON itself, run in the test on the same
+// data. The random sequence is fixed, so that every run sees the same documents.
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "JsonDll.h"
+#include "LoadForm.h"
+#include "ReferenceLoad.h"
+#include "TempFile.h"
+
+namespace {
+
+using support::Encoding;
+using support::kAllEncodings;
+using support::NewParser;
+using support::Parser;
+
+constexpr const wchar_t* kDocuments[] = {
+    L"{\"name\":\"Zo\xEB\",\"size\":[1,-2,3.25,4e5,-6E-7,18446744073709551616],\"on\":true}",
+    L"[NaN,-Infinity,Inf,{\"\":null},[],{},\"\\u00e9\\uD834\\uDD1E\\n\",false]",
+    L"{\"\x65E5\x672C\":[\"\xD834\xDD1E\",\"\x20AC\"],\"deep\":{\"er\":{\"and\":[[[[0]]]]}}}",
+    L" [ 0.1 , 1E+2 , \"\\\\ \\\" \\/ \\b\\f\\r\\t\" , -0 , 2147483648 , 1e308 ] ",
+    L"[\"\x3B1\x3B2\x3B3 \\uDC00 text, long enough to be cut in many places\",[1,[2,[3]]],{\"a\":{}}]",
+};
+
+/// What mutations put in: the characters of the grammar, beginnings and ends of UTF-8 sequences,
+/// letters of literals, zero bytes, marks.
+const std::string kInserts =
+    std::string("[]{},:\"\\/ \t\n0123456789+-.eEINanfitrulsbDd\xC3\xA9\xE2\x82\xED\xA0\xF0\x9D\xF5"
+                "\xEF\xBB\xBF\xFE\xFF\x80\x01") +
+    '\0';
+
+/// Makes broken documents out of good ones; a unit is a byte or a UTF-16 unit.
+template <class Text>
+class Mutator {
+public:
+    explicit Mutator(uint32_t seed) : random(seed) {}
+
+    Text Mutate(Text text) {
+        for (size_t left = 1 + Below(3); left > 0; --left) Step(text);
+        return text;
+    }
+
+private:
+    using Unit = typename Text::value_type;
+
+    size_t Below(size_t bound) { return random() % bound; }
+
+    Unit NewUnit() {
+        const auto low = static_cast<unsigned char>(kInserts[Below(kInserts.size())]);
+        if (sizeof(Unit) == 1 || Below(4) != 0) return static_cast<Unit>(low);
+        return static_cast<Unit>(random());
+    }
+
+    void Step(Text& text) {
+        if (text.empty()) return;
+        const size_t at = Below(text.size());
+        switch (Below(6)) {
+            case 0: text.resize(at); break;
+            case 1: text[at] = NewUnit(); break;
+            case 2: text.insert(text.begin() + static_cast<std::ptrdiff_t>(at), NewUnit()); break;
+            case 3: text.erase(at, 1 + Below(3)); break;
+            case 4: text[at] = static_cast<Unit>(text[at] ^ (1u << Below(8 * sizeof(Unit)))); break;
+            default: text.insert(at, text.substr(Below(text.size()), 1 + Below(8))); break;
+        }
+    }
+
+    std::mt19937 random;
+};
+
+void ExpectAsReference(QXJSON::IJsonParser& parser, const std::string& bytes, bool asFile) {
+    SCOPED_TRACE(testing::PrintToString(bytes));
+    EXPECT_EQ(support::ReferenceLoadBytes(bytes), support::LoadBytes(parser, bytes));
+    if (!asFile) return;
+    const support::TempFile file(bytes);
+    EXPECT_EQ(support::ReferenceLoadFile(file.Name()),
+              support::OutcomeOf(parser, parser.LoadJsonFile(file.Name())));
+}
+
+void ExpectAsReference(QXJSON::IJsonParser& parser, const std::wstring& text) {
+    EXPECT_EQ(support::ReferenceLoadText(text), support::LoadText(parser, text))
+        << testing::PrintToString(text);
+}
+
+TEST(LoadingReference, EveryTruncationOfBytes) {
+    const Parser parser = NewParser();
+    for (const wchar_t* document : kDocuments)
+        for (const Encoding encoding : kAllEncodings)
+            for (const bool mark : {false, true}) {
+                const std::string bytes = support::Encode(document, encoding, mark);
+                for (size_t size = 0; size <= bytes.size(); ++size)
+                    ExpectAsReference(*parser, bytes.substr(0, size), size % 8 == 0);
+            }
+}
+
+TEST(LoadingReference, EveryTruncationOfText) {
+    const Parser parser = NewParser();
+    for (const std::wstring document : kDocuments)
+        for (size_t size = 0; size <= document.size(); ++size) {
+            ExpectAsReference(*parser, document.substr(0, size));
+            ExpectAsReference(*parser, L"\xFEFF" + document.substr(0, size));
+        }
+}
+
+TEST(LoadingReference, MutatedBytes) {
+    const Parser parser = NewParser();
+    Mutator<std::string> mutator(20011);
+    int count = 0;
+    for (int round = 0; round < 80; ++round)
+        for (const wchar_t* document : kDocuments)
+            for (const Encoding encoding : kAllEncodings)
+                for (const bool mark : {false, true}) {
+                    const std::string bytes = support::Encode(document, encoding, mark);
+                    ExpectAsReference(*parser, mutator.Mutate(bytes), ++count % 4 == 0);
+                }
+}
+
+/// A closer look at UTF-8, where bytes that are not valid lead to the ANSI code page.
+TEST(LoadingReference, MutatedUtf8) {
+    const Parser parser = NewParser();
+    Mutator<std::string> mutator(20021);
+    for (int round = 0; round < 400; ++round)
+        for (const wchar_t* document : kDocuments)
+            ExpectAsReference(*parser, mutator.Mutate(support::Encode(document, Encoding::kUtf8)),
+                              round % 2 == 0);
+}
+
+TEST(LoadingReference, MutatedText) {
+    const Parser parser = NewParser();
+    Mutator<std::wstring> mutator(20023);
+    for (int round = 0; round < 800; ++round)
+        for (const wchar_t* document : kDocuments)
+            ExpectAsReference(*parser, mutator.Mutate(document));
+}
+
+/// Files that take several reads, broken anywhere.
+TEST(LoadingReference, MutatedLargeFiles) {
+    const Parser parser = NewParser();
+    std::wstring document = L"[";
+    for (int i = 0; i < 12; ++i)
+        for (const wchar_t* part : kDocuments) document += std::wstring(part) + L",\n";
+    document += L"0]";
+    Mutator<std::string> mutator(20029);
+    for (int round = 0; round < 30; ++round)
+        for (const Encoding encoding : kAllEncodings) {
+            const support::TempFile file(mutator.Mutate(support::Encode(document, encoding)));
+            EXPECT_EQ(support::ReferenceLoadFile(file.Name()),
+                      support::OutcomeOf(*parser, parser->LoadJsonFile(file.Name())))
+                << NameOf(encoding) << ", round " << round;
+        }
+}
+
+}  // namespace

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "ImportPatch.h"
+
+namespace support {
+
+/// Lets allocations of the DLL fail on demand, for the life of the object. There may be only one at
+/// a time, and only one thread may use the DLL meanwhile. Without a request, allocations work.
+class FailingAllocations {
+public:
+    FailingAllocations();
+    ~FailingAllocations();
+
+    /// Of the allocations from now on, the `first`-th (counted from 1) and the `count - 1` that
+    /// follow fail.
+    void Fail(int first, int count = 1);
+    /// Whether an allocation has failed since the last call of Fail.
+    bool Happened() const;
+    /// From now on allocations work.
+    void Stop();
+
+private:
+    ImportPatch malloc;
+    ImportPatch calloc;
+    ImportPatch realloc;
+};
+
+}  // namespace support

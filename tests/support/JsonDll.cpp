@@ -1,0 +1,20 @@
+#include "JsonDll.h"
+
+#include <gtest/gtest.h>
+
+namespace support {
+
+HMODULE JsonDll() {
+    static const HMODULE module = LoadLibraryW(L"Json_Dll.dll");
+    return module;
+}
+
+Parser NewParser() { return Parser(Export<QXJSON::IJsonParser*()>("CreateJsonParser")()); }
+
+Parser Loaded(const wchar_t* json) {
+    Parser parser = NewParser();
+    EXPECT_EQ(1, parser->LoadJsonString(json)) << "could not load the test's document";
+    return parser;
+}
+
+}  // namespace support

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "Json_Dll.h"
+
+namespace support {
+
+/// The module handle of Json_Dll.dll, loaded from the test program's folder, as the runtime does.
+HMODULE JsonDll();
+
+/// An export of the DLL, by its name and its type.
+template <class Function>
+Function* Export(const char* name) {
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(JsonDll(), name)));
+}
+
+/// Ends an object of the DLL through its interface.
+struct Releaser {
+    template <class Interface>
+    void operator()(Interface* object) const {
+        object->Release();
+    }
+};
+
+using Parser = std::unique_ptr<QXJSON::IJsonParser, Releaser>;
+
+/// A new parser from the DLL's factory.
+Parser NewParser();
+
+/// A new parser that has loaded `json`; the test fails when the load does.
+Parser Loaded(const wchar_t* json);
+
+}  // namespace support

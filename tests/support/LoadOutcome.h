@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <ostream>
+#include <string>
+
+#include "IJsonParser.h"
+
+namespace support {
+
+/// How many message codes there are.
+constexpr int kMessageTexts = 23;
+
+/// The English sentence of a message code.
+const wchar_t* EnglishMessage(int code);
+
+/// The message code of an English sentence; -1 when no code has it.
+int CodeOfMessage(const std::wstring& text);
+
+/// All that a caller can see of a load: its result, what the error queries say and what the
+/// document became.
+struct LoadOutcome {
+    int result;
+    int code;  ///< told by the message's text
+    uint64_t offset;
+    std::wstring tree;  ///< the JSON text of the root; empty when there is no document
+};
+
+bool operator==(const LoadOutcome& a, const LoadOutcome& b);
+std::ostream& operator<<(std::ostream& out, const LoadOutcome& outcome);
+
+LoadOutcome Success(const std::wstring& tree);
+LoadOutcome Failure(int code, uint64_t offset);
+/// A load that the guard ended: nothing was recorded and there is no document.
+LoadOutcome Escaped();
+
+/// What a load that returned `result` left in the parser. Fails the test when HasError disagrees
+/// with the message or when one of the queries does not answer.
+LoadOutcome OutcomeOf(QXJSON::IJsonParser& parser, int result);
+
+/// The JSON text of the parser's root object or array; empty when there is no document.
+std::wstring TreeOf(QXJSON::IJsonParser& parser);
+
+}  // namespace support
