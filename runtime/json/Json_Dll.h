@@ -1,5 +1,7 @@
 #pragma once
 
+#include "IJsonGenerator.h"
+#include "IJsonPackage.h"
 #include "IJsonParser.h"
 
 /// The exports of Json_Dll.dll. A host either links with the import library or looks the names up
@@ -12,4 +14,10 @@ extern "C" {
 
 /// A parser with no document.
 QXJSON::IJsonParser* CreateJsonParser();
+
+/// A generator with no document: its root is null until one is created or loaded.
+QXJSON::IJsonGenerator* CreateJsonGenerator();
+
+/// A package without keys and without a delegate.
+QXJSON::IJsonPackage* CreateJsonPackageInterface();
 }

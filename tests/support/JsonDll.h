@@ -4,7 +4,9 @@
 
 #include <memory>
 
-#include "Json_Dll.h"
+#include "IJsonGenerator.h"
+#include "IJsonPackage.h"
+#include "IJsonParser.h"
 
 namespace support {
 
@@ -27,8 +29,13 @@ struct Releaser {
 
 using Parser = std::unique_ptr<QXJSON::IJsonParser, Releaser>;
 
-/// A new parser from the DLL's factory.
+using Generator = std::unique_ptr<QXJSON::IJsonGenerator, Releaser>;
+using Package = std::unique_ptr<QXJSON::IJsonPackage, Releaser>;
+
+/// New objects from the DLL's factories.
 Parser NewParser();
+Generator NewGenerator();
+Package NewPackage();
 
 /// A new parser that has loaded `json`; the test fails when the load does.
 Parser Loaded(const wchar_t* json);

@@ -2,9 +2,8 @@
 
 #include <windows.h>
 
-#include <cwchar>
-
 #include "FaultGuard.h"
+#include "PointerWalk.h"
 #include "ResultCodes.h"
 
 namespace QXJSON {
@@ -45,7 +44,7 @@ private:
 /// Walks an item path, one segment after the other.
 class Translator {
 public:
-    Translator(const JsonValue& document, const wchar_t* path, wchar_t (&pointer)[kPathCapacity])
+    Translator(JsonValue& document, const wchar_t* path, wchar_t (&pointer)[kPathCapacity])
         : root(document), at(path), out(pointer) {}
 
     int Run() {
@@ -86,12 +85,9 @@ private:
     }
 
     Parent ExamineParent(size_t parentLength) const {
-        const JsonValue* parent = nullptr;
-        {
-            const JsonPointer pointer(out.Text(), parentLength);
-            if (!pointer.IsValid()) return Parent::kMalformed;
-            parent = pointer.Get(root);
-        }
+        const std::wstring_view pointer(out.Text(), parentLength);
+        if (!IsWellFormed(pointer)) return Parent::kMalformed;
+        const JsonValue* const parent = ResolvePointer(root, pointer);
         if (!parent) RaiseAccessViolation();
         return parent->IsArray() ? Parent::kArray : Parent::kOther;
     }
@@ -107,30 +103,24 @@ private:
         return out.Put(position) ? kSuccess : kBadPath;
     }
 
-    const JsonValue& root;
+    JsonValue& root;
     const wchar_t* at;
     PointerWriter out;
 };
 
 }  // namespace
 
-int TranslateItemPath(const JsonValue& root, const wchar_t* path,
-                      wchar_t (&pointer)[kPathCapacity]) {
+int TranslateItemPath(JsonValue& root, const wchar_t* path, wchar_t (&pointer)[kPathCapacity]) {
     pointer[0] = 0;
     if (!path || *path != L'/') return kBadPath;
     if (path[1] == 0) return kSuccess;
     return Translator(root, path, pointer).Run();
 }
 
-JsonValue* ResolvePointer(JsonValue& root, const wchar_t* pointer, size_t length) {
-    const JsonPointer parsed(pointer, length);
-    return parsed.IsValid() ? parsed.Get(root) : nullptr;
-}
-
 JsonValue* ResolveItemPath(JsonValue& root, const wchar_t* path) {
     wchar_t pointer[kPathCapacity];
     if (TranslateItemPath(root, path, pointer) != kSuccess) return nullptr;
-    return ResolvePointer(root, pointer, std::wcslen(pointer));
+    return ResolvePointer(root, pointer);
 }
 
 }  // namespace QXJSON

@@ -17,12 +17,7 @@ constexpr size_t kPathCapacity = 1024;
 ///
 /// Returns kSuccess, or kBadPath for a path that is null, does not begin with "/", has a digit
 /// below a parent whose own pointer is malformed, or is longer than the buffer once translated.
-int TranslateItemPath(const JsonValue& root, const wchar_t* path,
-                      wchar_t (&pointer)[kPathCapacity]);
-
-/// The value at a JSON Pointer, or null when the pointer is malformed or nothing is there. Names
-/// compare exactly.
-JsonValue* ResolvePointer(JsonValue& root, const wchar_t* pointer, size_t length);
+int TranslateItemPath(JsonValue& root, const wchar_t* path, wchar_t (&pointer)[kPathCapacity]);
 
 /// The value at an item path, or null; raises an access violation as TranslateItemPath does.
 JsonValue* ResolveItemPath(JsonValue& root, const wchar_t* path);

@@ -13,6 +13,7 @@ using JsonEncoding = rapidjson::UTF16<wchar_t>;
 /// Owns the values and strings of one document; frees them all at once, never one by one.
 using JsonAllocator = rapidjson::MemoryPoolAllocator<HeapAllocator>;
 using JsonValue = rapidjson::GenericValue<JsonEncoding, JsonAllocator>;
+using JsonMember = JsonValue::Member;
 using JsonDocument = rapidjson::GenericDocument<JsonEncoding, JsonAllocator, HeapAllocator>;
 using JsonPointer = rapidjson::GenericPointer<JsonValue, HeapAllocator>;
 using JsonTextBuffer = rapidjson::GenericStringBuffer<JsonEncoding, HeapAllocator>;

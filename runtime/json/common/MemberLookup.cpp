@@ -17,18 +17,18 @@ struct IgnoringCase {
 };
 
 template <class Equal>
-JsonValue* Scan(JsonValue& object, const wchar_t* key, size_t length, Equal equal) {
+JsonMember* Scan(JsonValue& object, const wchar_t* key, size_t length, Equal equal) {
     for (auto member = object.MemberBegin(); member != object.MemberEnd(); ++member) {
         if (member->name.GetStringLength() == length &&
             std::equal(key, key + length, member->name.GetString(), equal))
-            return &member->value;
+            return &*member;
     }
     return nullptr;
 }
 
 }  // namespace
 
-JsonValue* FindMember(JsonValue& object, const wchar_t* key, size_t keyLength, KeyMatch match) {
+JsonMember* FindMember(JsonValue& object, const wchar_t* key, size_t keyLength, KeyMatch match) {
     return match == KeyMatch::kExact ? Scan(object, key, keyLength, Exactly())
                                      : Scan(object, key, keyLength, IgnoringCase());
 }

@@ -14,9 +14,9 @@ enum class KeyMatch {
 
 /// The first member of an object, in document order, whose name matches the key; null when there is
 /// none. The one place where members are searched by key.
-JsonValue* FindMember(JsonValue& object, const wchar_t* key, size_t keyLength, KeyMatch match);
+JsonMember* FindMember(JsonValue& object, const wchar_t* key, size_t keyLength, KeyMatch match);
 
-inline JsonValue* FindMember(JsonValue& object, const wchar_t* key, KeyMatch match) {
+inline JsonMember* FindMember(JsonValue& object, const wchar_t* key, KeyMatch match) {
     return FindMember(object, key, std::wcslen(key), match);
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <cwchar>
 
 #include "MessageCatalogue.h"
 
@@ -30,6 +31,14 @@ bool MessageBuffer::FetchMessage(int code, const wchar_t** text) {
     Clear();
     *text = LookUpMessage(code);
     return true;
+}
+
+const wchar_t* MessageBuffer::CopyMessage(int code) {
+    const wchar_t* const text = LookUpMessage(code);
+    const size_t bytes = (std::wcslen(text) + 1) * sizeof(wchar_t);
+    if (!*text || !Reserve(static_cast<uint32_t>(bytes))) return nullptr;
+    std::memcpy(area, text, bytes);
+    return reinterpret_cast<const wchar_t*>(area);
 }
 
 void MessageBuffer::Clear() {

@@ -22,6 +22,10 @@ public:
     /// False, with `text` untouched, when the buffer has no area.
     bool FetchMessage(int code, const wchar_t** text);
 
+    /// Copies the text of a message code into the area; null when there is no memory, or the code
+    /// is none.
+    const wchar_t* CopyMessage(int code);
+
     /// The area, or null.
     void* Area() const { return area; }
     /// The size that was last asked for, at least 512.

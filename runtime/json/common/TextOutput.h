@@ -1,12 +1,43 @@
 #pragma once
 
+#include <rapidjson/memorybuffer.h>
+
 #include "JsonTypes.h"
 
 namespace QXJSON {
 
-/// Writes a value as compact UTF-16 text into a buffer, in place of what the buffer held, and
-/// returns the zero-terminated text, which lives until the buffer's next use. Numbers that are not
-/// finite are written NaN, Infinity and -Infinity. Throws NestingTooDeep.
-const wchar_t* WriteText(const JsonValue& value, JsonTextBuffer& buffer);
+/// The encodings of bytes and files, by the number that the runtime selects them with.
+enum OutputEncoding : int32_t {
+    kNoOutput = -1,  ///< stands for every number that selects nothing
+    kAscii = 0,      ///< everything beyond ASCII as \uXXXX; no byte-order mark
+    kUtf16Le = 1,
+    kUtf8 = 2,
+    kUtf16Be = 3,
+};
+
+/// How a document is laid out.
+enum class Layout {
+    kCompact,        ///< no white space
+    kCompactFinite,  ///< the same, but a number that is not finite ends the output
+    kIndented,       ///< four spaces a level; a number that is not finite ends the output
+};
+
+using ByteBuffer = rapidjson::GenericMemoryBuffer<HeapAllocator>;
+
+// All three throw NestingTooDeep. A text that ends early (a number that is not finite, a lone
+// surrogate where the encoding has none) is the text written up to there.
+
+/// Writes a value as UTF-16 text into a buffer, in place of what the buffer held; whether the text
+/// is whole. The text ends with a zero that is not counted.
+bool WriteText(const JsonValue& value, Layout layout, JsonTextBuffer& buffer);
+
+/// Writes a value as bytes into a buffer, in place of what the buffer held; no byte-order mark.
+/// False for a number that is no encoding.
+bool WriteBytes(const JsonValue& value, Layout layout, int32_t encoding, ByteBuffer& buffer);
+
+/// Writes a document to a file, in place of what the file held, behind the byte-order mark of the
+/// encoding; the whole operation of that name of the interfaces. False when the file cannot be
+/// used. A root that is no object or array, or a number that is no encoding, leaves the file empty.
+bool SaveFile(const JsonValue& root, Layout layout, const wchar_t* name, int32_t encoding);
 
 }  // namespace QXJSON

@@ -7,7 +7,8 @@ Place FindMember(const Place& object, const MemberRequest& request) {
     if (!request.key) return {nullptr, kNoMember};
     if (!request.outputs) return {nullptr, kPlainFailure};
     if (!object.value->IsObject()) return {nullptr, request.wrongKind};
-    return {FindMember(*object.value, request.key, request.match), request.missing};
+    JsonMember* const member = FindMember(*object.value, request.key, request.match);
+    return {member ? &member->value : nullptr, request.missing};
 }
 
 Place FindChild(const Place& container, uint32_t index, bool outputs) {

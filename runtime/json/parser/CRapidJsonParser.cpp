@@ -73,7 +73,8 @@ Place CRapidJsonParser::AtPath(const wchar_t* path) {
 int CRapidJsonParser::Write(const Place& place, KindTest kind, const wchar_t** text) {
     if (!place.value) return place.absence;
     if (!text || !kind(*place.value)) return kPlainFailure;
-    *text = WriteText(*place.value, textBuffer);
+    WriteText(*place.value, Layout::kCompact, textBuffer);
+    *text = textBuffer.GetString();
     return kSuccess;
 }
 

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <stdint.h>
+
+namespace QXJSON {
+
+/// What a package calls to turn the runtime's own objects into JSON text and back. The runtime
+/// implements it and hands it to IJsonPackage::SetDelegate.
+///
+/// The object is an opaque pointer that the package only passes on, and so are the small arguments,
+/// whose meaning is between the caller of the package and the delegate. A text that an export
+/// returns is zero-terminated UTF-16 JSON with an object or array as its root; the delegate owns
+/// it, and it must live until the calling operation of the package returns. Every operation returns
+/// 1 for success; any other number becomes the result of the package's operation.
+///
+/// The package calls a delegate outside of its guard: a C++ exception or processor fault inside the
+/// delegate reaches the caller of the package.
+class IJsonPackageDelegate {
+public:
+    virtual int DelegateExport0(void* object, uint16_t a, uint32_t b, uint32_t c, uint32_t d,
+                                uint32_t e, uint8_t f, const wchar_t** text) = 0;
+    virtual int DelegateExport1(void* object, uint8_t a, uint8_t b, uint8_t c, uint8_t d, uint8_t e,
+                                const wchar_t** text) = 0;
+    virtual int DelegateExport2(void* object, uint16_t a, uint8_t b, uint8_t c,
+                                const wchar_t** text) = 0;
+    virtual int DelegateExport3(void* object, uint8_t a, uint8_t b, const wchar_t** text) = 0;
+    virtual int DelegateExport4(void* object, uint8_t a, const wchar_t** text) = 0;
+    virtual int DelegateExport5(void* object, uint32_t a, const wchar_t** text) = 0;
+
+    /// Fills the object from a text: the characters of a string, or the JSON of an object or array.
+    virtual int DelegateImport(void* object, const wchar_t* text, uint8_t a, uint64_t b, uint16_t c,
+                               uint32_t d, uint32_t e) = 0;
+
+protected:
+    ~IJsonPackageDelegate() = default;
+};
+
+}  // namespace QXJSON

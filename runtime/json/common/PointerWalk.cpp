@@ -1,0 +1,72 @@
+#include "PointerWalk.h"
+
+#include <string>
+
+#include "MemberLookup.h"
+
+namespace QXJSON {
+namespace {
+
+constexpr auto kNone = std::wstring_view::npos;
+
+/// The name that a well-formed segment stands for, which is not the segment itself.
+std::wstring Unescape(std::wstring_view segment) {
+    std::wstring name;
+    for (size_t i = 0; i < segment.size(); ++i) {
+        if (segment[i] != L'~')
+            name += segment[i];
+        else
+            name += segment[++i] == L'0' ? L'~' : L'/';
+    }
+    return name;
+}
+
+JsonValue* FindElement(JsonValue& array, std::wstring_view segment) {
+    // An index has no leading zero, and neither escapes nor signs.
+    if (segment.empty() || (segment.size() > 1 && segment[0] == L'0')) return nullptr;
+    uint32_t index = 0;
+    for (const wchar_t c : segment) {
+        if (c < L'0' || c > L'9') return nullptr;
+        const uint32_t next = index * 10 + static_cast<uint32_t>(c - L'0');
+        // RapidJSON's test for an overflow, which lets some large numbers wrap.
+        if (next < index) return nullptr;
+        index = next;
+    }
+    return index < array.Size() ? &array[index] : nullptr;
+}
+
+JsonValue* FindNamed(JsonValue& object, std::wstring_view name) {
+    JsonMember* const member = FindMember(object, name.data(), name.size(), KeyMatch::kExact);
+    return member ? &member->value : nullptr;
+}
+
+}  // namespace
+
+bool IsWellFormed(std::wstring_view pointer) {
+    for (size_t i = pointer.find(L'~'); i != kNone; i = pointer.find(L'~', i + 2)) {
+        const bool escape =
+            i + 1 < pointer.size() && (pointer[i + 1] == L'0' || pointer[i + 1] == L'1');
+        if (!escape) return false;
+    }
+    return true;
+}
+
+JsonValue* FindChild(JsonValue& value, std::wstring_view segment) {
+    if (value.IsArray()) return FindElement(value, segment);
+    if (!value.IsObject()) return nullptr;
+    if (segment.find(L'~') == kNone) return FindNamed(value, segment);
+    return IsWellFormed(segment) ? FindNamed(value, Unescape(segment)) : nullptr;
+}
+
+JsonValue* ResolvePointer(JsonValue& root, std::wstring_view pointer) {
+    JsonValue* value = &root;
+    while (value && !pointer.empty()) {
+        pointer.remove_prefix(1);
+        const std::wstring_view segment = pointer.substr(0, pointer.find(L'/'));
+        value = FindChild(*value, segment);
+        pointer.remove_prefix(segment.size());
+    }
+    return value;
+}
+
+}  // namespace QXJSON

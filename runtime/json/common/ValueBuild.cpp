@@ -1,0 +1,40 @@
+#include "ValueBuild.h"
+
+#include <cstring>
+
+#include "NestingGuard.h"
+
+namespace QXJSON {
+
+JsonValue& PutMember(JsonValue& object, JsonValue&& name, JsonValue&& value,
+                     JsonAllocator& allocator) {
+    // RapidJSON records the capacity of the grown object before it takes the memory for it. Where
+    // that fails the object must not believe in it.
+    unsigned char before[sizeof(JsonValue)];
+    std::memcpy(before, &object, sizeof before);
+    try {
+        object.AddMember(name, value, allocator);
+    } catch (...) {
+        std::memcpy(static_cast<void*>(&object), before, sizeof before);
+        throw;
+    }
+    return (object.MemberEnd() - 1)->value;
+}
+
+JsonValue& PutElement(JsonValue& array, JsonValue&& value, JsonAllocator& allocator) {
+    array.PushBack(value, allocator);
+    return array[array.Size() - 1];
+}
+
+JsonValue DeepCopy(const JsonValue& source, JsonAllocator& allocator) {
+    JsonDocument copy(&allocator);
+    auto fill = [&](JsonDocument& handler) { return Walk(source, handler); };
+    copy.Populate(fill);
+    JsonValue result;
+    result.Swap(copy);
+    return result;
+}
+
+JsonValue DocumentItem::Make(JsonAllocator& allocator) const { return DeepCopy(source, allocator); }
+
+}  // namespace QXJSON

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cwchar>
+
+#include "ItemKinds.h"
+#include "ResultCodes.h"
+
+// Adding values. The order of checks is that of ValueAccess.h, with the text to be stored behind
+// the key: the place, the key, the text, the output pointer, the kind of the parent.
+
+namespace QXJSON {
+
+/// Appends a member without looking for one of the same name. An object that cannot grow is left as
+/// it was (std::bad_alloc).
+JsonValue& PutMember(JsonValue& object, JsonValue&& name, JsonValue&& value,
+                     JsonAllocator& allocator);
+
+/// Appends an element.
+JsonValue& PutElement(JsonValue& array, JsonValue&& value, JsonAllocator& allocator);
+
+/// A copy of a key as the name of a member.
+inline JsonValue MakeName(const wchar_t* key, JsonAllocator& allocator) {
+    return JsonValue(key, allocator);
+}
+
+/// A copy of a whole value, at any depth: throws NestingTooDeep where the stack ends.
+JsonValue DeepCopy(const JsonValue& source, JsonAllocator& allocator);
+
+/// Adds a member to an object; `reference` receives the address of its value.
+template <class Item>
+int AddMember(JsonValue* object, const wchar_t* key, const Item& item, JsonAllocator& allocator,
+              uint64_t* reference) {
+    if (!object) return kNoValue;
+    if (!key) return kNoMember;
+    if (!item.HasText()) return kNoText;
+    if (!reference) return kPlainFailure;
+    if (!object->IsObject()) return kWrongKind;
+    JsonValue name = MakeName(key, allocator);
+    *reference = reinterpret_cast<uintptr_t>(
+        &PutMember(*object, std::move(name), item.Make(allocator), allocator));
+    return kSuccess;
+}
+
+/// Appends an element to an array. `reference` receives the address of the element; for booleans
+/// and numbers, by contract, that of the array itself plus 16 for each element before the new one.
+template <class Item>
+int Append(JsonValue* array, const Item& item, JsonAllocator& allocator, uint64_t* reference) {
+    if (!array) return kNoValue;
+    if (!item.HasText()) return kNoText;
+    if (!reference) return kPlainFailure;
+    if (!array->IsArray()) return kWrongKind;
+    const JsonValue& element = PutElement(*array, item.Make(allocator), allocator);
+    *reference = Item::kOddReference
+                     ? reinterpret_cast<uintptr_t>(array) + 16 * (uint64_t{array->Size()} - 1)
+                     : reinterpret_cast<uintptr_t>(&element);
+    return kSuccess;
+}
+
+}  // namespace QXJSON

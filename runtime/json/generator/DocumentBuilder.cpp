@@ -1,0 +1,138 @@
+#include "DocumentBuilder.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+#include "../common/PointerWalk.h"
+
+namespace QXJSON {
+
+JsonValue& DocumentBuilder::ReplaceRoot(JsonValue&& value) {
+    ++epoch;
+    return root = value;
+}
+
+uint32_t DocumentBuilder::StartAnew(JsonValue&& value) {
+    const uint32_t handle = paths.Restart();
+    locations.clear();
+    ReplaceRoot(std::move(value));
+    return handle;
+}
+
+DocumentBuilder::Parent DocumentBuilder::ByHandle(int32_t handle) {
+    const std::optional<Node> node = paths.NodeOf(handle);
+    return {node, node ? Resolve(*node) : nullptr, kNoValue};
+}
+
+DocumentBuilder::Parent DocumentBuilder::ByPath(const wchar_t* path) {
+    const Parent none = {std::nullopt, nullptr, kBadPath};
+    wchar_t pointer[kPathCapacity];
+    if (TranslateItemPath(root, path, pointer) != kSuccess) return none;
+    const Node node = paths.AtPointer(pointer);
+    JsonValue* const value = Resolve(node);
+    return value ? Parent{node, value, kBadPath} : none;
+}
+
+// ---- From paths to values ----------------------------------------------------------------------
+
+/// The value at a path, or null. Starts from the nearest path above whose value is known.
+JsonValue* DocumentBuilder::Resolve(Node node) {
+    trail.clear();
+    JsonValue* value = KnownLocation(node);
+    for (; !value; value = KnownLocation(node)) {
+        trail.push_back(node);
+        node = paths.ParentOf(node);
+    }
+    for (; value && !trail.empty(); trail.pop_back()) {
+        value = FindChild(*value, paths.SegmentOf(trail.back()));
+        if (value) Remember(trail.back(), value);
+    }
+    return value;
+}
+
+JsonValue* DocumentBuilder::KnownLocation(Node node) const {
+    if (node == PathTable::kRoot) return const_cast<JsonValue*>(&root);
+    return node < locations.size() && locations[node].epoch == epoch ? locations[node].value
+                                                                     : nullptr;
+}
+
+void DocumentBuilder::Remember(Node node, JsonValue* value) {
+    if (node >= locations.size()) locations.resize(std::max<size_t>(node + 1, node * 3 / 2));
+    locations[node] = {value, epoch};
+}
+
+uint32_t DocumentBuilder::HandleOf(Node node) {
+    const uint32_t known = paths.HandleOf(node);
+    return known != 0 ? known : paths.Issue(node);
+}
+
+// ---- Item paths --------------------------------------------------------------------------------
+
+int DocumentBuilder::GetHandleByPath(const wchar_t* path, uint32_t* handle) {
+    const Parent item = ByPath(path);
+    if (!item.node) return item.absence;
+    if (!handle) return kPlainFailure;
+    paths.PrepareIssue();
+    *handle = HandleOf(*item.node);
+    return kSuccess;
+}
+
+int DocumentBuilder::GetItemPath(int32_t handle, wchar_t* path) {
+    const std::optional<Node> node = paths.NodeOf(handle);
+    if (!node) return kNoValue;
+    wchar_t text[kPathCapacity];
+    if (!path || !TranslateBack(*node, text)) return kPlainFailure;
+    std::copy_n(text, std::wcslen(text) + 1, path);
+    return kSuccess;
+}
+
+/// The nodes of a path from the one below the root down to the node itself.
+std::vector<DocumentBuilder::Node> DocumentBuilder::TrailTo(Node node) const {
+    std::vector<Node> nodes;
+    for (; node != PathTable::kRoot; node = paths.ParentOf(node)) nodes.push_back(node);
+    std::reverse(nodes.begin(), nodes.end());
+    return nodes;
+}
+
+namespace {
+
+bool HasDigit(std::wstring_view segment) {
+    return std::any_of(segment.begin(), segment.end(),
+                       [](wchar_t c) { return c >= L'0' && c <= L'9'; });
+}
+
+/// The segment of an item path that stands for one of an internal path: below an array, where it
+/// has a digit, a position that counts from 1; everywhere a slash inside a key in the runtime's own
+/// way.
+std::wstring ToItemSegment(std::wstring_view segment, const JsonValue* parent) {
+    std::wstring text(segment);
+    if (parent && parent->IsArray() && HasDigit(segment)) {
+        wchar_t position[16];
+        // Unsigned, for the highest integer has no successor.
+        wsprintfW(position, L"%d",
+                  static_cast<int>(static_cast<unsigned>(_wtoi(text.c_str())) + 1));
+        text = position;
+    }
+    for (size_t at = text.find(L"~1"); at != std::wstring::npos; at = text.find(L"~1", at + 2))
+        text.replace(at, 2, L"~/");
+    return text;
+}
+
+}  // namespace
+
+/// False when the path does not fit.
+bool DocumentBuilder::TranslateBack(Node node, wchar_t (&path)[kPathCapacity]) {
+    std::wstring text = node == PathTable::kRoot ? L"/" : L"";
+    JsonValue* parent = &root;
+    for (const Node step : TrailTo(node)) {
+        const std::wstring_view segment = paths.SegmentOf(step);
+        text += L'/' + ToItemSegment(segment, parent);
+        if (text.size() >= kPathCapacity) return false;
+        if (parent) parent = FindChild(*parent, segment);
+    }
+    std::copy_n(text.c_str(), text.size() + 1, path);
+    return true;
+}
+
+}  // namespace QXJSON
