@@ -5,10 +5,29 @@
 #include "CJsonParser.h"
 #include "Json_Dll.h"
 
-QXJSON::IJsonParser* CreateJsonParser() { return new (std::nothrow) QXJSON::CJsonParser; }
+namespace {
 
-QXJSON::IJsonGenerator* CreateJsonGenerator() { return new (std::nothrow) QXJSON::CJsonGenerator; }
-
-QXJSON::IJsonPackage* CreateJsonPackageInterface() {
-    return new (std::nothrow) QXJSON::CJsonPackage;
+/// Has the compiler's runtime set up what it needs for exceptions on this thread, while there is
+/// memory for it. GCC's takes some for the first exception of a process and of a thread, and ends
+/// the process when it gets none: the first failure of an object may well be a lack of memory.
+void PrepareExceptions() {
+    try {
+        throw 0;
+    } catch (int) {
+    }
 }
+
+template <class Facade>
+Facade* Create() {
+    auto* const facade = new (std::nothrow) Facade;
+    if (facade) PrepareExceptions();
+    return facade;
+}
+
+}  // namespace
+
+QXJSON::IJsonParser* CreateJsonParser() { return Create<QXJSON::CJsonParser>(); }
+
+QXJSON::IJsonGenerator* CreateJsonGenerator() { return Create<QXJSON::CJsonGenerator>(); }
+
+QXJSON::IJsonPackage* CreateJsonPackageInterface() { return Create<QXJSON::CJsonPackage>(); }

@@ -4,6 +4,8 @@
 // shlwapi.h needs the types of windows.h in front of it.
 #include <shlwapi.h>
 
+#include <cwchar>
+
 namespace QXJSON {
 namespace {
 
@@ -20,8 +22,10 @@ bool Opens(const wchar_t* name, DWORD access, DWORD disposition) {
 
 File OpenFile(const wchar_t* name, const wchar_t* mode) {
     std::FILE* file = nullptr;
-    // The C runtime takes a null name for a programming error and may end the process.
-    if (!name || _wfopen_s(&file, name, mode) != 0) return nullptr;
+    // The C runtime takes a null name for a programming error and may end the process. A name that
+    // cannot be read is to fault here and not inside, where a lock of the runtime would stay taken.
+    if (!name || std::wcslen(name) == 0) return nullptr;
+    if (_wfopen_s(&file, name, mode) != 0) return nullptr;
     return File(file);
 }
 

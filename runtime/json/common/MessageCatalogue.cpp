@@ -1,5 +1,7 @@
 #include "MessageCatalogue.h"
 
+#include <atomic>
+
 namespace QXJSON {
 namespace {
 
@@ -7,23 +9,16 @@ namespace {
 /// with that language's number.
 int languageNumber = kEnglish;
 
-class Catalogue {
-public:
-    Catalogue() : table(MessagesOf(languageNumber)) {}
-
-    const wchar_t* Text(int code) const {
-        return code >= 0 && code < kMessageCount ? table[code] : L"";
-    }
-
-private:
-    const MessageTable& table;
-};
+/// The table in use; null until the first request. Two threads that ask first at the same time store
+/// the same pointer.
+std::atomic<const MessageTable*> messages{nullptr};
 
 }  // namespace
 
 const wchar_t* LookUpMessage(int code) {
-    static const Catalogue catalogue;
-    return catalogue.Text(code);
+    const MessageTable* table = messages.load(std::memory_order_relaxed);
+    if (!table) messages.store(table = &MessagesOf(languageNumber), std::memory_order_relaxed);
+    return code >= 0 && code < kMessageCount ? (*table)[code] : L"";
 }
 
 }  // namespace QXJSON
