@@ -44,8 +44,9 @@ private:
 /// Walks an item path, one segment after the other.
 class Translator {
 public:
-    Translator(JsonValue& document, const wchar_t* path, wchar_t (&pointer)[kPathCapacity])
-        : root(document), at(path), out(pointer) {}
+    Translator(MemberLookup& lookup, JsonValue& document, const wchar_t* path,
+               wchar_t (&pointer)[kPathCapacity])
+        : members(lookup), root(document), at(path), out(pointer) {}
 
     int Run() {
         while (*at) {
@@ -87,7 +88,7 @@ private:
     Parent ExamineParent(size_t parentLength) const {
         const std::wstring_view pointer(out.Text(), parentLength);
         if (!IsWellFormed(pointer)) return Parent::kMalformed;
-        const JsonValue* const parent = ResolvePointer(root, pointer);
+        const JsonValue* const parent = ResolvePointer(members, root, pointer);
         if (!parent) RaiseAccessViolation();
         return parent->IsArray() ? Parent::kArray : Parent::kOther;
     }
@@ -103,6 +104,7 @@ private:
         return out.Put(position) ? kSuccess : kBadPath;
     }
 
+    MemberLookup& members;
     JsonValue& root;
     const wchar_t* at;
     PointerWriter out;
@@ -110,17 +112,18 @@ private:
 
 }  // namespace
 
-int TranslateItemPath(JsonValue& root, const wchar_t* path, wchar_t (&pointer)[kPathCapacity]) {
+int TranslateItemPath(MemberLookup& members, JsonValue& root, const wchar_t* path,
+                      wchar_t (&pointer)[kPathCapacity]) {
     pointer[0] = 0;
     if (!path || *path != L'/') return kBadPath;
     if (path[1] == 0) return kSuccess;
-    return Translator(root, path, pointer).Run();
+    return Translator(members, root, path, pointer).Run();
 }
 
-JsonValue* ResolveItemPath(JsonValue& root, const wchar_t* path) {
+JsonValue* ResolveItemPath(MemberLookup& members, JsonValue& root, const wchar_t* path) {
     wchar_t pointer[kPathCapacity];
-    if (TranslateItemPath(root, path, pointer) != kSuccess) return nullptr;
-    return ResolvePointer(root, pointer);
+    if (TranslateItemPath(members, root, path, pointer) != kSuccess) return nullptr;
+    return ResolvePointer(members, root, pointer);
 }
 
 }  // namespace QXJSON

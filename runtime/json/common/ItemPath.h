@@ -1,6 +1,6 @@
 #pragma once
 
-#include "JsonTypes.h"
+#include "MemberLookup.h"
 
 namespace QXJSON {
 
@@ -17,9 +17,10 @@ constexpr size_t kPathCapacity = 1024;
 ///
 /// Returns kSuccess, or kBadPath for a path that is null, does not begin with "/", has a digit
 /// below a parent whose own pointer is malformed, or is longer than the buffer once translated.
-int TranslateItemPath(JsonValue& root, const wchar_t* path, wchar_t (&pointer)[kPathCapacity]);
+int TranslateItemPath(MemberLookup& members, JsonValue& root, const wchar_t* path,
+                      wchar_t (&pointer)[kPathCapacity]);
 
 /// The value at an item path, or null; raises an access violation as TranslateItemPath does.
-JsonValue* ResolveItemPath(JsonValue& root, const wchar_t* path);
+JsonValue* ResolveItemPath(MemberLookup& members, JsonValue& root, const wchar_t* path);
 
 }  // namespace QXJSON

@@ -1,36 +1,156 @@
 #include "MemberLookup.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace QXJSON {
 namespace {
+
+/// Up to this many members a scan is as fast as anything.
+constexpr uint32_t kScanned = 16;
+/// An index costs about as much as this many scans of the whole object.
+constexpr uint64_t kScansBeforeIndex = 4;
+/// A slot whose member was removed: passed over, never matched.
+constexpr uint32_t kRemoved = UINT32_MAX;
 
 wchar_t LowerAscii(wchar_t c) {
     return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + (L'a' - L'A')) : c;
 }
 
-struct Exactly {
-    bool operator()(wchar_t a, wchar_t b) const { return a == b; }
-};
-struct IgnoringCase {
-    bool operator()(wchar_t a, wchar_t b) const { return LowerAscii(a) == LowerAscii(b); }
-};
-
-template <class Equal>
-JsonMember* Scan(JsonValue& object, const wchar_t* key, size_t length, Equal equal) {
-    for (auto member = object.MemberBegin(); member != object.MemberEnd(); ++member) {
-        if (member->name.GetStringLength() == length &&
-            std::equal(key, key + length, member->name.GetString(), equal))
-            return &*member;
-    }
-    return nullptr;
+bool Matches(const JsonValue& name, std::wstring_view key, KeyMatch match) {
+    if (name.GetStringLength() != key.size()) return false;
+    const wchar_t* const text = name.GetString();
+    if (match == KeyMatch::kExact)
+        return std::memcmp(text, key.data(), key.size() * sizeof(wchar_t)) == 0;
+    return std::equal(key.begin(), key.end(), text, [](wchar_t a, wchar_t b) {
+        return a == b || LowerAscii(a) == LowerAscii(b);
+    });
 }
+
+/// The same for names that match in any way: the bit in which the cases of a letter differ is set
+/// in every unit. (Units that are no letters lose it too, which only makes some more hashes equal.)
+uint32_t HashOf(const wchar_t* text, size_t length) {
+    constexpr uint64_t kCaseBits = 0x0020'0020'0020'0020;
+    constexpr uint64_t kFactor = 0x9E37'79B9'7F4A'7C15;
+    uint64_t hash = length * kFactor;
+    const auto mix = [&](uint64_t units) {
+        hash = (hash ^ (units | kCaseBits)) * kFactor;
+        hash ^= hash >> 32;
+    };
+    constexpr size_t kStep = sizeof(uint64_t) / sizeof(wchar_t);
+    uint64_t units = 0;
+    for (; length >= kStep; text += kStep, length -= kStep) {
+        std::memcpy(&units, text, sizeof units);
+        mix(units);
+    }
+    units = 0;
+    std::memcpy(&units, text, length * sizeof(wchar_t));
+    mix(units);
+    return static_cast<uint32_t>(hash ^ hash >> 29);
+}
+
+const JsonMember* MembersOf(const JsonValue& object) { return object.MemberBegin().operator->(); }
 
 }  // namespace
 
-JsonMember* FindMember(JsonValue& object, const wchar_t* key, size_t keyLength, KeyMatch match) {
-    return match == KeyMatch::kExact ? Scan(object, key, keyLength, Exactly())
-                                     : Scan(object, key, keyLength, IgnoringCase());
+JsonMember* MemberLookup::Find(JsonValue& object, std::wstring_view key, KeyMatch match) {
+    const uint32_t count = object.MemberCount();
+    JsonMember* const members = object.MemberBegin().operator->();
+    Index* const index = count > kScanned ? &IndexOf(members) : nullptr;
+    if (index && (!index->slots.empty() || index->scanned >= kScansBeforeIndex * count)) {
+        index->CatchUp(object);
+        const uint32_t hash = HashOf(key.data(), key.size());
+        const size_t mask = index->slots.size() - 1;
+        for (size_t at = hash & mask; index->slots[at].member != 0; at = (at + 1) & mask) {
+            const Index::Slot& slot = index->slots[at];
+            if (slot.hash == hash && slot.member != kRemoved &&
+                Matches(members[slot.member - 1].name, key, match))
+                return &members[slot.member - 1];
+        }
+        return nullptr;
+    }
+    JsonMember* const end = members + count;
+    JsonMember* const found = std::find_if(
+        members, end, [&](const JsonMember& member) { return Matches(member.name, key, match); });
+    if (index) index->scanned += static_cast<uint64_t>(found - members) + 1;
+    return found != end ? found : nullptr;
+}
+
+void MemberLookup::Moved(const JsonMember* from, const JsonMember* to) {
+    lastMembers = nullptr;
+    auto node = indexes.extract(from);
+    if (!node) return;
+    node.key() = to;
+    indexes.insert(std::move(node));
+}
+
+void MemberLookup::Removed(const JsonValue& object, size_t position) {
+    const auto found = indexes.find(MembersOf(object));
+    if (found == indexes.end()) return;
+    Index& index = found->second;
+    const auto removed = static_cast<uint32_t>(position) + 1;
+    if (removed > index.entered) return;
+    for (Index::Slot& slot : index.slots) {
+        if (slot.member == removed)
+            slot.member = kRemoved;
+        else if (slot.member > removed && slot.member != kRemoved)
+            --slot.member;
+    }
+    --index.entered;
+}
+
+void MemberLookup::Clear() {
+    indexes.clear();
+    lastMembers = nullptr;
+}
+
+MemberLookup::Index& MemberLookup::IndexOf(const JsonMember* members) {
+    if (members != lastMembers) {
+        lastIndex = &indexes[members];
+        lastMembers = members;
+    }
+    return *lastIndex;
+}
+
+// ---- One object's index ------------------------------------------------------------------------
+
+/// Enters the members that came since the last search.
+void MemberLookup::Index::CatchUp(const JsonValue& object) {
+    const uint32_t count = object.MemberCount();
+    if (entered == count) return;
+    const size_t needed = size_t{used} + (count - entered);
+    if (needed > slots.size() / 4 * 3) Grow(needed);
+    const JsonMember* const members = MembersOf(object);
+    for (; entered < count; ++entered) {
+        const JsonValue& name = members[entered].name;
+        Enter(HashOf(name.GetString(), name.GetStringLength()), entered + 1);
+    }
+}
+
+/// Makes room for so many entries, and gives back the slots of removed members.
+void MemberLookup::Index::Grow(size_t size) {
+    size_t wanted = 64;
+    while (wanted / 4 * 3 < size) wanted *= 2;
+    std::vector<Slot> old(wanted);
+    old.swap(slots);
+    used = 0;
+    // In the order of the members: the first of several with one hash must stay the first. A run of
+    // occupied slots may wrap around the end of the table, so the walk starts behind a free one.
+    const size_t mask = old.size() - 1;
+    size_t start = 0;
+    while (!old.empty() && old[start].member != 0) ++start;
+    for (size_t i = 0; i < old.size(); ++i) {
+        const Slot& slot = old[(start + i) & mask];
+        if (slot.member != 0 && slot.member != kRemoved) Enter(slot.hash, slot.member);
+    }
+}
+
+void MemberLookup::Index::Enter(uint32_t hash, uint32_t member) {
+    const size_t mask = slots.size() - 1;
+    size_t at = hash & mask;
+    while (slots[at].member != 0) at = (at + 1) & mask;
+    slots[at] = {hash, member};
+    ++used;
 }
 
 }  // namespace QXJSON

@@ -9,8 +9,8 @@ namespace {
 /// with that language's number.
 int languageNumber = kEnglish;
 
-/// The table in use; null until the first request. Two threads that ask first at the same time store
-/// the same pointer.
+/// The table in use; null until the first request. Two threads that ask first at the same time
+/// store the same pointer.
 std::atomic<const MessageTable*> messages{nullptr};
 
 }  // namespace

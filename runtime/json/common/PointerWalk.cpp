@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "MemberLookup.h"
-
 namespace QXJSON {
 namespace {
 
@@ -35,8 +33,8 @@ JsonValue* FindElement(JsonValue& array, std::wstring_view segment) {
     return index < array.Size() ? &array[index] : nullptr;
 }
 
-JsonValue* FindNamed(JsonValue& object, std::wstring_view name) {
-    JsonMember* const member = FindMember(object, name.data(), name.size(), KeyMatch::kExact);
+JsonValue* FindNamed(MemberLookup& members, JsonValue& object, std::wstring_view name) {
+    JsonMember* const member = members.Find(object, name, KeyMatch::kExact);
     return member ? &member->value : nullptr;
 }
 
@@ -51,19 +49,19 @@ bool IsWellFormed(std::wstring_view pointer) {
     return true;
 }
 
-JsonValue* FindChild(JsonValue& value, std::wstring_view segment) {
+JsonValue* FindChild(MemberLookup& members, JsonValue& value, std::wstring_view segment) {
     if (value.IsArray()) return FindElement(value, segment);
     if (!value.IsObject()) return nullptr;
-    if (segment.find(L'~') == kNone) return FindNamed(value, segment);
-    return IsWellFormed(segment) ? FindNamed(value, Unescape(segment)) : nullptr;
+    if (segment.find(L'~') == kNone) return FindNamed(members, value, segment);
+    return IsWellFormed(segment) ? FindNamed(members, value, Unescape(segment)) : nullptr;
 }
 
-JsonValue* ResolvePointer(JsonValue& root, std::wstring_view pointer) {
+JsonValue* ResolvePointer(MemberLookup& members, JsonValue& root, std::wstring_view pointer) {
     JsonValue* value = &root;
     while (value && !pointer.empty()) {
         pointer.remove_prefix(1);
         const std::wstring_view segment = pointer.substr(0, pointer.find(L'/'));
-        value = FindChild(*value, segment);
+        value = FindChild(members, *value, segment);
         pointer.remove_prefix(segment.size());
     }
     return value;

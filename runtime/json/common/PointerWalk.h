@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "JsonTypes.h"
+#include "MemberLookup.h"
 
 // JSON Pointers (RFC 6901) resolved in place. The results are those of RapidJSON's GenericPointer,
 // which would take memory for each pointer and could not stop at one segment.
@@ -18,9 +18,9 @@ bool IsWellFormed(std::wstring_view pointer);
 /// The child of a value that one segment names: a member by its exact name, or an element by its
 /// index from 0. `segment` stands without its "/" and may contain escapes. Null when there is no
 /// such child or the segment is malformed.
-JsonValue* FindChild(JsonValue& value, std::wstring_view segment);
+JsonValue* FindChild(MemberLookup& members, JsonValue& value, std::wstring_view segment);
 
 /// The value at a pointer, or null when the pointer is malformed or nothing is there.
-JsonValue* ResolvePointer(JsonValue& root, std::wstring_view pointer);
+JsonValue* ResolvePointer(MemberLookup& members, JsonValue& root, std::wstring_view pointer);
 
 }  // namespace QXJSON

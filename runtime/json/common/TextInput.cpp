@@ -6,12 +6,16 @@
 #include <windows.h>
 
 #include <climits>
+#include <memory>
+#include <new>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "FaultGuard.h"
 #include "File.h"
 #include "NestingGuard.h"
+#include "PlainText.h"
 
 namespace QXJSON {
 namespace {
@@ -57,9 +61,16 @@ FirstAttempt ParseAnyUtf(JsonDocument& document, ByteStream& bytes, const TextRu
     return {status, status.code == kInvalidEncoding && stream.GetType() == rapidjson::kUTF8};
 }
 
-FirstAttempt ParseBytes(JsonDocument& document, const char* bytes, size_t size,
-                        const TextRules& rules) {
-    rapidjson::MemoryStream stream(bytes, size);
+/// Memory for so many things, not cleared; null when there is none.
+template <class T>
+std::unique_ptr<T[]> Buffer(size_t count) {
+    return std::unique_ptr<T[]>(new (std::nothrow) T[count]);
+}
+
+// ---- The literal way: through RapidJSON's detecting stream -------------------------------------
+
+FirstAttempt ParseBytes(JsonDocument& document, std::string_view bytes, const TextRules& rules) {
+    rapidjson::MemoryStream stream(bytes.data(), bytes.size());
     return ParseAnyUtf(document, stream, rules);
 }
 
@@ -69,34 +80,81 @@ FirstAttempt ParseFile(JsonDocument& document, std::FILE* file, const TextRules&
     return ParseAnyUtf(document, stream, rules);
 }
 
+// ---- The fast way: for text that proves to be well-formed --------------------------------------
+// It only ever says yes. Whatever it does not load, for any reason, is for the literal way to
+// judge.
+
+bool LoadsPlainText(JsonDocument& document, std::wstring_view text, const TextRules& rules) {
+    if (!IsWellFormedUtf16(text)) return false;
+    PlainTextStream stream(text.data());
+    return Parse<PlainUtf16>(document, stream, rules.acceptNan).code == kNoError;
+}
+
+/// What RapidJSON's stream finds out about bytes before it reads them.
+struct Detected {
+    rapidjson::UTFType type;
+    size_t markSize;
+};
+
+Detected Detect(std::string_view bytes) {
+    rapidjson::MemoryStream memory(bytes.data(), bytes.size());
+    const AnyUtfStream<rapidjson::MemoryStream> stream(memory, rapidjson::kUTF8);
+    const size_t markSize = stream.GetType() == rapidjson::kUTF8 ? 3 : 2;
+    return {stream.GetType(), stream.HasBOM() ? markSize : 0};
+}
+
+bool LoadsPlainBytes(JsonDocument& document, std::string_view bytes, const TextRules& rules) {
+    const Detected detected = Detect(bytes);
+    const bool isUtf16 = detected.type == rapidjson::kUTF16LE && bytes.size() % 2 == 0;
+    if (!isUtf16 && detected.type != rapidjson::kUTF8) return false;
+    bytes.remove_prefix(detected.markSize);
+    const auto units = Buffer<wchar_t>(bytes.size() + 1);
+    if (!units) return false;
+    std::optional<size_t> length;
+    RethrowFaults([&] {
+        length = isUtf16 ? DecodeUtf16Le(bytes, units.get()) : DecodeUtf8(bytes, units.get());
+    });
+    return length && LoadsPlainText(document, {units.get(), *length}, rules);
+}
+
+// ---- The second attempt: the ANSI code page ----------------------------------------------------
+
 /// Bytes in the system's ANSI code page as zero-terminated UTF-16; nothing when they are no text.
-std::optional<std::vector<wchar_t>> FromAnsi(const char* bytes, size_t size) {
-    if (size > INT_MAX) return std::nullopt;
-    const int length = static_cast<int>(size);
-    const int count = MultiByteToWideChar(CP_ACP, 0, bytes, length, nullptr, 0);
+std::optional<std::vector<wchar_t>> FromAnsi(std::string_view bytes) {
+    if (bytes.size() > INT_MAX) return std::nullopt;
+    const int length = static_cast<int>(bytes.size());
+    const int count = MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0);
     if (count < 1) return std::nullopt;
     std::vector<wchar_t> text(static_cast<size_t>(count) + 1);
-    MultiByteToWideChar(CP_ACP, 0, bytes, length, text.data(), count);
+    MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, text.data(), count);
     return text;
 }
 
 /// The second attempt. Nothing when the bytes are no ANSI text: the first attempt's error stands.
-std::optional<LoadStatus> ParseAnsi(JsonDocument& document, const char* bytes, size_t size,
+std::optional<LoadStatus> ParseAnsi(JsonDocument& document, std::string_view bytes,
                                     const TextRules& rules) {
-    const auto text = FromAnsi(bytes, size);
+    const auto text = FromAnsi(bytes);
     if (!text) return std::nullopt;
     rapidjson::GenericStringStream<JsonEncoding> stream(text->data());
     return Parse<JsonEncoding>(document, stream, rules.acceptNanInAnsi);
 }
 
-/// The whole of a file; nothing when it cannot be read, or is empty.
-std::optional<std::vector<char>> ReadWhole(const wchar_t* name) {
-    const File file = OpenFile(name, L"rb");
-    if (!file || std::fseek(file.get(), 0, SEEK_END) != 0) return std::nullopt;
-    const long size = std::ftell(file.get());
-    if (size < 1 || std::fseek(file.get(), 0, SEEK_SET) != 0) return std::nullopt;
-    std::vector<char> bytes(static_cast<size_t>(size));
-    if (std::fread(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) return std::nullopt;
+/// Bytes in memory of their own.
+struct Bytes {
+    std::unique_ptr<char[]> data;
+    size_t size = 0;
+
+    std::string_view View() const { return {data.get(), size}; }
+};
+
+/// The whole of an open file; nothing when it is empty, or cannot be measured or read.
+std::optional<Bytes> ReadWhole(std::FILE* file) {
+    if (!file || std::fseek(file, 0, SEEK_END) != 0) return std::nullopt;
+    const long end = std::ftell(file);
+    if (end < 1 || std::fseek(file, 0, SEEK_SET) != 0) return std::nullopt;
+    const auto size = static_cast<size_t>(end);
+    Bytes bytes{Buffer<char>(size), size};
+    if (!bytes.data || std::fread(bytes.data.get(), 1, size, file) != size) return std::nullopt;
     return bytes;
 }
 
@@ -114,27 +172,40 @@ LoadStatus WithFallback(const FirstAttempt& first, Retry&& retry) {
 
 }  // namespace
 
-LoadStatus LoadBytes(JsonDocument& document, const char* bytes, uint32_t length,
+LoadStatus LoadBytes(JsonDocument& document, const char* data, uint32_t length,
                      const TextRules& rules) {
-    if (!bytes) return {kNullText};
-    return WithFallback(ParseBytes(document, bytes, length, rules),
-                        [&] { return ParseAnsi(document, bytes, length, rules); });
+    if (!data) return {kNullText};
+    const std::string_view bytes(data, length);
+    if (LoadsPlainBytes(document, bytes, rules)) return {};
+    return WithFallback(ParseBytes(document, bytes, rules),
+                        [&] { return ParseAnsi(document, bytes, rules); });
 }
 
 LoadStatus LoadText(JsonDocument& document, const wchar_t* text, const TextRules& rules) {
     if (!text) return {kNullText};
-    const size_t size = sizeof(wchar_t) * static_cast<size_t>(lstrlenW(text));
-    return ParseBytes(document, reinterpret_cast<const char*>(text), size, rules).status;
+    const std::wstring_view units(text, LengthOf(text));
+    const std::string_view bytes(reinterpret_cast<const char*>(text),
+                                 units.size() * sizeof(wchar_t));
+    const Detected detected = Detect(bytes);
+    const bool even = reinterpret_cast<uintptr_t>(text) % alignof(wchar_t) == 0;
+    if (even && detected.type == rapidjson::kUTF16LE &&
+        LoadsPlainText(document, units.substr(detected.markSize / sizeof(wchar_t)), rules))
+        return {};
+    return ParseBytes(document, bytes, rules).status;
 }
 
 LoadStatus LoadFile(JsonDocument& document, const wchar_t* name, const TextRules& rules) {
     File file = OpenFile(name, L"rb");
     if (!file) return {name ? kNoSuchFile : kNullFileName};
+    if (const auto bytes = ReadWhole(file.get());
+        bytes && LoadsPlainBytes(document, bytes->View(), rules))
+        return {};
+    std::rewind(file.get());
     const FirstAttempt first = ParseFile(document, file.get(), rules);
     file.reset();
     return WithFallback(first, [&]() -> std::optional<LoadStatus> {
-        const auto bytes = ReadWhole(name);
-        return bytes ? ParseAnsi(document, bytes->data(), bytes->size(), rules) : std::nullopt;
+        const auto bytes = ReadWhole(OpenFile(name, L"rb").get());
+        return bytes ? ParseAnsi(document, bytes->View(), rules) : std::nullopt;
     });
 }
 

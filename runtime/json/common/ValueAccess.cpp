@@ -2,12 +2,12 @@
 
 namespace QXJSON {
 
-Place FindMember(const Place& object, const MemberRequest& request) {
+Place FindMember(MemberLookup& members, const Place& object, const MemberRequest& request) {
     if (!object.value) return object;
     if (!request.key) return {nullptr, kNoMember};
     if (!request.outputs) return {nullptr, kPlainFailure};
     if (!object.value->IsObject()) return {nullptr, request.wrongKind};
-    JsonMember* const member = FindMember(*object.value, request.key, request.match);
+    JsonMember* const member = members.Find(*object.value, request.key, request.match);
     return {member ? &member->value : nullptr, request.missing};
 }
 

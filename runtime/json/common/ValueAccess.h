@@ -37,14 +37,14 @@ struct MemberRequest {
 };
 
 /// The place of a member of the object at a place.
-Place FindMember(const Place& object, const MemberRequest& request);
+Place FindMember(MemberLookup& members, const Place& object, const MemberRequest& request);
 
 /// Reads what `Kind` stands for from a member. A missing member answers kNoMember.
 template <class Kind>
-int GetMember(const Place& object, const wchar_t* key, typename Kind::Out* out,
-              KeyMatch match = KeyMatch::kIgnoreCase) {
+int GetMember(MemberLookup& members, const Place& object, const wchar_t* key,
+              typename Kind::Out* out, KeyMatch match = KeyMatch::kIgnoreCase) {
     const MemberRequest request{key, out != nullptr, kNoMember, kWrongKind, match};
-    return Get<Kind>(FindMember(object, request), out);
+    return Get<Kind>(FindMember(members, object, request), out);
 }
 
 /// The place of the member or element at `index`, in document order, of a container; `outputs` as

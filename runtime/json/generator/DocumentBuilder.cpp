@@ -16,6 +16,7 @@ JsonValue& DocumentBuilder::ReplaceRoot(JsonValue&& value) {
 uint32_t DocumentBuilder::StartAnew(JsonValue&& value) {
     const uint32_t handle = paths.Restart();
     locations.clear();
+    lookup.Clear();
     ReplaceRoot(std::move(value));
     return handle;
 }
@@ -28,7 +29,7 @@ DocumentBuilder::Parent DocumentBuilder::ByHandle(int32_t handle) {
 DocumentBuilder::Parent DocumentBuilder::ByPath(const wchar_t* path) {
     const Parent none = {std::nullopt, nullptr, kBadPath};
     wchar_t pointer[kPathCapacity];
-    if (TranslateItemPath(root, path, pointer) != kSuccess) return none;
+    if (TranslateItemPath(lookup, root, path, pointer) != kSuccess) return none;
     const Node node = paths.AtPointer(pointer);
     JsonValue* const value = Resolve(node);
     return value ? Parent{node, value, kBadPath} : none;
@@ -45,7 +46,7 @@ JsonValue* DocumentBuilder::Resolve(Node node) {
         node = paths.ParentOf(node);
     }
     for (; value && !trail.empty(); trail.pop_back()) {
-        value = FindChild(*value, paths.SegmentOf(trail.back()));
+        value = FindChild(lookup, *value, paths.SegmentOf(trail.back()));
         if (value) Remember(trail.back(), value);
     }
     return value;
@@ -129,7 +130,7 @@ bool DocumentBuilder::TranslateBack(Node node, wchar_t (&path)[kPathCapacity]) {
         const std::wstring_view segment = paths.SegmentOf(step);
         text += L'/' + ToItemSegment(segment, parent);
         if (text.size() >= kPathCapacity) return false;
-        if (parent) parent = FindChild(*parent, segment);
+        if (parent) parent = FindChild(lookup, *parent, segment);
     }
     std::copy_n(text.c_str(), text.size() + 1, path);
     return true;

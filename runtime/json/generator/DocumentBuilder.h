@@ -85,6 +85,7 @@ private:
     JsonAllocator allocator;
     JsonValue root;
     PathTable paths;
+    MemberLookup lookup;
 
     // Values move when the container that they stand in grows into other memory, and end when
     // something above them is overwritten. Both are rare, and begin a new epoch; within one, a
@@ -94,18 +95,24 @@ private:
     uint64_t epoch = 1;
 };
 
-/// Calls `grow`, which may add to `container`, and begins a new epoch if that moved what was in it.
+/// Calls `grow`, which may add to `container`. If that moved what was in it, a new epoch begins and
+/// the search for members is told.
 template <class Grow>
 int DocumentBuilder::WatchingStorage(JsonValue* container, Grow&& grow) {
-    const auto firstChild = [&]() -> const void* {
-        if (container && container->IsObject() && container->MemberCount() != 0)
-            return &*container->MemberBegin();
-        if (container && container->IsArray() && !container->Empty()) return container->Begin();
-        return nullptr;
+    const auto members = [&] {
+        return container && container->IsObject() ? container->MemberBegin().operator->() : nullptr;
     };
-    const void* const before = firstChild();
+    const auto elements = [&] {
+        return container && container->IsArray() ? container->Begin() : nullptr;
+    };
+    const JsonMember* const membersBefore = members();
+    const JsonValue* const elementsBefore = elements();
     const int result = grow();
-    if (before && firstChild() != before) ++epoch;
+    if (membersBefore && members() != membersBefore) {
+        lookup.Moved(membersBefore, members());
+        ++epoch;
+    }
+    if (elementsBefore && elements() != elementsBefore) ++epoch;
     return result;
 }
 

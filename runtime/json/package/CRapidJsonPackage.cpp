@@ -29,6 +29,7 @@ int CRapidJsonPackage::LoadFile(const wchar_t* fileName) {
 /// Records how a load went. After an error the package is what it was before; a root that is no
 /// object leaves an empty one, although an array counts as loaded.
 int CRapidJsonPackage::FinishLoad(const LoadStatus& loaded) {
+    members.Clear();
     status = loaded.code == kDocumentEmpty ? LoadStatus{kEmptyText} : loaded;
     const bool container = status.code == kNoError && IsContainer(document);
     if (!document.IsObject()) {
@@ -63,6 +64,7 @@ int CRapidJsonPackage::ContainsKey(const wchar_t* key, bool* found) {
 
 int CRapidJsonPackage::RemoveAll() {
     document.RemoveAllMembers();
+    members.Clear();
     return kSuccess;
 }
 
@@ -71,7 +73,9 @@ int CRapidJsonPackage::RemoveKey(const wchar_t* key) {
     const JsonMember* const member = Find(key);
     if (!member) return kPlainFailure;
     const auto begin = document.MemberBegin();
-    document.EraseMember(begin + (member - &*begin));
+    const auto position = member - begin.operator->();
+    document.EraseMember(begin + position);
+    members.Removed(document, static_cast<size_t>(position));
     return kSuccess;
 }
 
@@ -94,10 +98,14 @@ int CRapidJsonPackage::Set(const wchar_t* key, const Item& item) {
     if (!key) return kNoMember;
     if (!item.HasText()) return kNoText;
     JsonValue value = item.Make(allocator);
-    if (JsonMember* const member = Find(key))
+    if (JsonMember* const member = Find(key)) {
         member->value = value;
-    else
-        PutMember(document, MakeName(key, allocator), std::move(value), allocator);
+        return kSuccess;
+    }
+    const JsonMember* const before = document.MemberBegin().operator->();
+    PutMember(document, MakeName(key, allocator), std::move(value), allocator);
+    const JsonMember* const after = document.MemberBegin().operator->();
+    if (after != before) members.Moved(before, after);
     return kSuccess;
 }
 
@@ -148,7 +156,7 @@ int CRapidJsonPackage::GetValue(const wchar_t* key, const wchar_t** text) {
     textBuffer.Clear();
     if (text) *text = textBuffer.GetString();
     const MemberRequest request{key, text != nullptr, kNoMember, kWrongKind, Match()};
-    const Place place = FindMember({&document}, request);
+    const Place place = FindMember(members, {&document}, request);
     if (!place.value) return place.absence;
     if (!IsContainer(*place.value)) {
         const wchar_t* characters = nullptr;

@@ -73,10 +73,10 @@ public:
 
 private:
     KeyMatch Match() const { return ignoreCase != 0 ? KeyMatch::kIgnoreCase : KeyMatch::kExact; }
-    JsonMember* Find(const wchar_t* key) { return FindMember(document, key, Match()); }
+    JsonMember* Find(const wchar_t* key) { return members.Find(document, key, Match()); }
     template <class Kind>
     int Read(const wchar_t* key, typename Kind::Out* out) {
-        return GetMember<Kind>({&document}, key, out, Match());
+        return GetMember<Kind>(members, {&document}, key, out, Match());
     }
     template <class Item>
     int Set(const wchar_t* key, const Item& item);
@@ -85,6 +85,7 @@ private:
     uint32_t ignoreCase = 1;
     JsonAllocator allocator;
     JsonDocument document;  // always an object
+    MemberLookup members;
     LoadStatus status;
     MessageBuffer scratchBuffer;
     JsonTextBuffer textBuffer;

@@ -15,18 +15,24 @@ CRapidJsonParser::CRapidJsonParser() : document(&allocator), textBuffer(nullptr,
 
 // ---- Loading -----------------------------------------------------------------------------------
 
-int CRapidJsonParser::LoadJsonBytes(const char* text, uint32_t length) {
+/// Ends the document before: what was remembered of it is gone.
+void CRapidJsonParser::Forget() {
     handles.Clear();
+    members.Clear();
+}
+
+int CRapidJsonParser::LoadJsonBytes(const char* text, uint32_t length) {
+    Forget();
     return FinishTextLoad(LoadBytes(document, text, length, kRules));
 }
 
 int CRapidJsonParser::LoadJsonString(const wchar_t* text) {
-    handles.Clear();
+    Forget();
     return FinishTextLoad(LoadText(document, text, kRules));
 }
 
 int CRapidJsonParser::LoadJsonFile(const wchar_t* fileName) {
-    handles.Clear();
+    Forget();
     return FinishLoad(LoadFile(document, fileName, kRules));
 }
 
@@ -65,7 +71,7 @@ Place CRapidJsonParser::UntestedItem(uint32_t handle) const {
 }
 
 Place CRapidJsonParser::AtPath(const wchar_t* path) {
-    return {ResolveItemPath(document, path), kBadPath};
+    return {ResolveItemPath(members, document, path), kBadPath};
 }
 
 // ---- Texts, blobs, variants --------------------------------------------------------------------
@@ -81,7 +87,7 @@ int CRapidJsonParser::Write(const Place& place, KindTest kind, const wchar_t** t
 int CRapidJsonParser::WriteMember(uint32_t handle, const wchar_t* key, KindTest kind,
                                   const wchar_t** text) {
     const MemberRequest request{key, text != nullptr, kPlainFailure, kPlainFailure};
-    return Write(FindMember(UntestedItem(handle), request), kind, text);
+    return Write(FindMember(members, UntestedItem(handle), request), kind, text);
 }
 
 /// Decodes a string that a string getter has just handed out with `textResult`.
@@ -92,7 +98,7 @@ int CRapidJsonParser::Decode(int textResult, const wchar_t* const& text, const u
 
 int CRapidJsonParser::ReadVariant(const Place& place, const wchar_t* key, JsonVariant* variant) {
     Place source = place;
-    if (key) source = FindMember(place, {key, variant != nullptr, kNoMember});
+    if (key) source = FindMember(members, place, {key, variant != nullptr, kNoMember});
     if (!source.value) return source.absence;
     if (!variant) return kPlainFailure;
     const wchar_t* text = nullptr;

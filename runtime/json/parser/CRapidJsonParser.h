@@ -30,7 +30,7 @@ public:
     }
     int GetMemberValue(uint64_t value, const wchar_t* key, uint64_t* member,
                        uint32_t* valueType) override {
-        return HandMember(Referenced(value), key, AsReference(member, valueType));
+        return HandMember(members, Referenced(value), key, AsReference(member, valueType));
     }
     int GetChildValue(uint64_t value, uint32_t index, uint64_t* child,
                       uint32_t* valueType) override {
@@ -38,7 +38,7 @@ public:
     }
     int GetMemberItemByPath(const wchar_t* path, const wchar_t* key, uint32_t* handle,
                             uint32_t* itemType) override {
-        return HandMember(AtPath(path), key, AsItem(handle, itemType));
+        return HandMember(members, AtPath(path), key, AsItem(handle, itemType));
     }
     int GetChildItemByPath(const wchar_t* path, uint32_t index, uint32_t* handle,
                            uint32_t* itemType) override {
@@ -46,7 +46,7 @@ public:
     }
     int GetMemberItem(uint32_t handle, const wchar_t* key, uint32_t* member,
                       uint32_t* itemType) override {
-        return HandMember(Item(handle), key, AsItem(member, itemType));
+        return HandMember(members, Item(handle), key, AsItem(member, itemType));
     }
     int GetChildItem(uint32_t handle, uint32_t index, uint32_t* child,
                      uint32_t* itemType) override {
@@ -86,7 +86,7 @@ public:
     }
 
     int GetMemberBooleanOfValue(uint64_t value, const wchar_t* key, uint32_t* flag) override {
-        return GetMember<Boolean>(Referenced(value), key, flag);
+        return ReadMember<Boolean>(Referenced(value), key, flag);
     }
     int GetValueBoolean(uint64_t value, uint32_t* flag) override {
         return Get<Boolean>(Referenced(value), flag);
@@ -95,44 +95,44 @@ public:
         return Get<Boolean>(AtPath(path), flag);
     }
     int GetMemberBoolean(uint32_t handle, const wchar_t* key, uint32_t* flag) override {
-        return GetMember<Boolean>(Item(handle), key, flag);
+        return ReadMember<Boolean>(Item(handle), key, flag);
     }
     int GetItemBoolean(uint32_t handle, uint32_t* flag) override {
         return Get<Boolean>(Item(handle), flag);
     }
 
     int GetMemberDoubleOfValue(uint64_t value, const wchar_t* key, double* number) override {
-        return GetMember<Double>(Referenced(value), key, number);
+        return ReadMember<Double>(Referenced(value), key, number);
     }
     int GetValueDouble(uint64_t value, double* number) override {
         return Get<Double>(Referenced(value), number);
     }
     int GetMemberFloatOfValue(uint64_t value, const wchar_t* key, float* number) override {
-        return GetMember<Float>(Referenced(value), key, number);
+        return ReadMember<Float>(Referenced(value), key, number);
     }
     int GetValueFloat(uint64_t value, float* number) override {
         return Get<Float>(Referenced(value), number);
     }
     int GetMemberUInt64OfValue(uint64_t value, const wchar_t* key, uint64_t* number) override {
-        return GetMember<Uint64>(Referenced(value), key, number);
+        return ReadMember<Uint64>(Referenced(value), key, number);
     }
     int GetValueUInt64(uint64_t value, uint64_t* number) override {
         return Get<Uint64>(Referenced(value), number);
     }
     int GetMemberInt64OfValue(uint64_t value, const wchar_t* key, int64_t* number) override {
-        return GetMember<Int64>(Referenced(value), key, number);
+        return ReadMember<Int64>(Referenced(value), key, number);
     }
     int GetValueInt64(uint64_t value, int64_t* number) override {
         return Get<Int64>(Referenced(value), number);
     }
     int GetMemberUIntOfValue(uint64_t value, const wchar_t* key, uint32_t* number) override {
-        return GetMember<Uint>(Referenced(value), key, number);
+        return ReadMember<Uint>(Referenced(value), key, number);
     }
     int GetValueUInt(uint64_t value, uint32_t* number) override {
         return Get<Uint>(Referenced(value), number);
     }
     int GetMemberIntOfValue(uint64_t value, const wchar_t* key, int32_t* number) override {
-        return GetMember<Int>(Referenced(value), key, number);
+        return ReadMember<Int>(Referenced(value), key, number);
     }
     int GetValueInt(uint64_t value, int32_t* number) override {
         return Get<Int>(Referenced(value), number);
@@ -156,37 +156,37 @@ public:
         return Get<Int>(AtPath(path), number);
     }
     int GetMemberDouble(uint32_t handle, const wchar_t* key, double* number) override {
-        return GetMember<Double>(Item(handle), key, number);
+        return ReadMember<Double>(Item(handle), key, number);
     }
     int GetItemDouble(uint32_t handle, double* number) override {
         return Get<Double>(Item(handle), number);
     }
     int GetMemberFloat(uint32_t handle, const wchar_t* key, float* number) override {
-        return GetMember<Float>(Item(handle), key, number);
+        return ReadMember<Float>(Item(handle), key, number);
     }
     int GetItemFloat(uint32_t handle, float* number) override {
         return Get<Float>(Item(handle), number);
     }
     int GetMemberUInt64(uint32_t handle, const wchar_t* key, uint64_t* number) override {
-        return GetMember<Uint64>(Item(handle), key, number);
+        return ReadMember<Uint64>(Item(handle), key, number);
     }
     int GetItemUInt64(uint32_t handle, uint64_t* number) override {
         return Get<Uint64>(Item(handle), number);
     }
     int GetMemberInt64(uint32_t handle, const wchar_t* key, int64_t* number) override {
-        return GetMember<Int64>(Item(handle), key, number);
+        return ReadMember<Int64>(Item(handle), key, number);
     }
     int GetItemInt64(uint32_t handle, int64_t* number) override {
         return Get<Int64>(Item(handle), number);
     }
     int GetMemberUInt(uint32_t handle, const wchar_t* key, uint32_t* number) override {
-        return GetMember<Uint>(Item(handle), key, number);
+        return ReadMember<Uint>(Item(handle), key, number);
     }
     int GetItemUInt(uint32_t handle, uint32_t* number) override {
         return Get<Uint>(Item(handle), number);
     }
     int GetMemberInt(uint32_t handle, const wchar_t* key, int32_t* number) override {
-        return GetMember<Int>(Item(handle), key, number);
+        return ReadMember<Int>(Item(handle), key, number);
     }
     int GetItemInt(uint32_t handle, int32_t* number) override {
         return Get<Int>(Item(handle), number);
@@ -216,7 +216,7 @@ public:
     }
 
     int GetMemberStringOfValue(uint64_t value, const wchar_t* key, const wchar_t** text) override {
-        return GetMember<String>(Referenced(value), key, text);
+        return ReadMember<String>(Referenced(value), key, text);
     }
     int GetValueString(uint64_t value, const wchar_t** text) override {
         return Get<String>(Referenced(value), text);
@@ -225,7 +225,7 @@ public:
         return Get<String>(AtPath(path), text);
     }
     int GetMemberString(uint32_t handle, const wchar_t* key, const wchar_t** text) override {
-        return GetMember<String>(Item(handle), key, text);
+        return ReadMember<String>(Item(handle), key, text);
     }
     int GetItemString(uint32_t handle, const wchar_t** text) override {
         return Get<String>(Item(handle), text);
@@ -233,25 +233,26 @@ public:
 
     int GetMemberObjectValue(uint64_t value, const wchar_t* key, uint64_t* member,
                              uint32_t* valueType) override {
-        return HandMember(Referenced(value), key, AsReference(member, valueType), IsObject);
+        return HandMember(members, Referenced(value), key, AsReference(member, valueType),
+                          IsObject);
     }
     int GetObjectItemByPath(const wchar_t* path, uint32_t* handle, uint32_t* itemType) override {
         return Hand(AtPath(path), AsItem(handle, itemType), IsObject);
     }
     int GetMemberObjectItem(uint32_t handle, const wchar_t* key, uint32_t* member,
                             uint32_t* itemType) override {
-        return HandMember(Item(handle), key, AsItem(member, itemType), IsObject);
+        return HandMember(members, Item(handle), key, AsItem(member, itemType), IsObject);
     }
     int GetMemberArrayValue(uint64_t value, const wchar_t* key, uint64_t* member,
                             uint32_t* valueType) override {
-        return HandMember(Referenced(value), key, AsReference(member, valueType), IsArray);
+        return HandMember(members, Referenced(value), key, AsReference(member, valueType), IsArray);
     }
     int GetArrayItemByPath(const wchar_t* path, uint32_t* handle, uint32_t* itemType) override {
         return Hand(AtPath(path), AsItem(handle, itemType), IsArray);
     }
     int GetMemberArrayItem(uint32_t handle, const wchar_t* key, uint32_t* member,
                            uint32_t* itemType) override {
-        return HandMember(Item(handle), key, AsItem(member, itemType), IsArray);
+        return HandMember(members, Item(handle), key, AsItem(member, itemType), IsArray);
     }
     int GetItemByPath(const wchar_t* path, uint32_t* handle) override {
         uint32_t itemType = 0;
@@ -282,7 +283,7 @@ public:
     }
     int GetMemberNumberClass(uint32_t handle, const wchar_t* key, uint32_t* numberClass) override {
         const MemberRequest request{key, numberClass != nullptr, kNoValue};
-        return Get<NumberClass>(FindMember(Item(handle), request), numberClass);
+        return Get<NumberClass>(FindMember(members, Item(handle), request), numberClass);
     }
     int GetNumberClass(uint32_t handle, uint32_t* numberClass) override {
         return Get<NumberClass>(Item(handle), numberClass);
@@ -295,7 +296,7 @@ public:
     }
     bool ExistsMemberByPath(const wchar_t* path, const wchar_t* key) override {
         const MemberRequest request{key, true, kPlainFailure, kWrongKind, KeyMatch::kExact};
-        return FindMember(AtPath(path), request).value != nullptr;
+        return FindMember(members, AtPath(path), request).value != nullptr;
     }
 
     int GetVariantOfValue(uint64_t value, const wchar_t* key, JsonVariant* variant) override {
@@ -323,11 +324,16 @@ private:
     Place UntestedItem(uint32_t handle) const;
     Place AtPath(const wchar_t* path);
 
+    template <class Kind>
+    int ReadMember(const Place& object, const wchar_t* key, typename Kind::Out* out) {
+        return QXJSON::GetMember<Kind>(members, object, key, out);
+    }
     int Write(const Place& place, KindTest kind, const wchar_t** text);
     int WriteMember(uint32_t handle, const wchar_t* key, KindTest kind, const wchar_t** text);
     int Decode(int textResult, const wchar_t* const& text, const uint8_t** data, uint32_t* size);
-    static int ReadVariant(const Place& place, const wchar_t* key, JsonVariant* variant);
+    int ReadVariant(const Place& place, const wchar_t* key, JsonVariant* variant);
 
+    void Forget();
     int FinishLoad(const LoadStatus& loaded);
     int FinishTextLoad(const LoadStatus& loaded);
 
@@ -337,6 +343,7 @@ private:
     JsonTextBuffer textBuffer;
     MessageBuffer messageBuffer;
     HandleTable handles;
+    MemberLookup members;
 };
 
 }  // namespace QXJSON

@@ -50,9 +50,9 @@ int Hand(const Place& place, const Output& output, KindTest kind = IsAny) {
 
 /// Hands out a member of the object at a place; a missing member answers kPlainFailure.
 template <class Output>
-int HandMember(const Place& object, const wchar_t* key, const Output& output,
+int HandMember(MemberLookup& members, const Place& object, const wchar_t* key, const Output& output,
                KindTest kind = IsAny) {
-    return Hand(FindMember(object, {key, output.Complete(), kPlainFailure}), output, kind);
+    return Hand(FindMember(members, object, {key, output.Complete(), kPlainFailure}), output, kind);
 }
 
 /// Hands out the child at `index` of the container at a place.

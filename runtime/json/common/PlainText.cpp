@@ -1,0 +1,182 @@
+#include "PlainText.h"
+
+#include <emmintrin.h>
+
+#include <cstdint>
+
+#include "FaultGuard.h"
+
+namespace QXJSON {
+namespace {
+
+// Eight units at a time. An aligned block never reaches into a page that the text does not, so that
+// it does no harm to look at units behind the text's end; only an address sanitizer would object.
+
+constexpr size_t kUnits = 8;
+constexpr uintptr_t kBlock = sizeof(__m128i);
+
+using Mask = unsigned;  // two bits for each unit of a block
+
+[[gnu::no_sanitize_address]] __m128i Load(const wchar_t* block) {
+    return _mm_load_si128(reinterpret_cast<const __m128i*>(block));
+}
+__m128i LoadUnaligned(const void* block) {
+    return _mm_loadu_si128(static_cast<const __m128i*>(block));
+}
+__m128i All(int unit) { return _mm_set1_epi16(static_cast<short>(unit)); }
+Mask Bits(__m128i units) { return static_cast<Mask>(_mm_movemask_epi8(units)); }
+unsigned FirstUnit(Mask mask) { return static_cast<unsigned>(__builtin_ctz(mask)) / 2; }
+
+/// Units that are zero.
+Mask Zeros(__m128i units) { return Bits(_mm_cmpeq_epi16(units, _mm_setzero_si128())); }
+
+/// Units from 0xD800 to 0xDFFF.
+Mask Surrogates(__m128i units) {
+    return Bits(_mm_cmpeq_epi16(_mm_and_si128(units, All(0xF800)), All(0xD800)));
+}
+
+/// Units that end a run.
+Mask RunEnds(__m128i units) {
+    const __m128i control = _mm_cmpeq_epi16(_mm_subs_epu16(units, All(0x1F)), _mm_setzero_si128());
+    const __m128i quote = _mm_cmpeq_epi16(units, All('"'));
+    const __m128i backslash = _mm_cmpeq_epi16(units, All('\\'));
+    return Bits(_mm_or_si128(control, _mm_or_si128(quote, backslash)));
+}
+
+/// Units other than the four kinds of white space.
+Mask NotBlanks(__m128i units) {
+    const __m128i blank = _mm_cmpeq_epi16(units, All(' '));
+    const __m128i feed = _mm_cmpeq_epi16(units, All('\n'));
+    const __m128i carriage = _mm_cmpeq_epi16(units, All('\r'));
+    const __m128i tab = _mm_cmpeq_epi16(units, All('\t'));
+    return 0xFFFF & ~Bits(_mm_or_si128(_mm_or_si128(blank, feed), _mm_or_si128(carriage, tab)));
+}
+
+/// The first unit that a test of blocks finds; there must be one.
+template <class Test>
+[[gnu::no_sanitize_address]] const wchar_t* FindFirst(const wchar_t* text, Test test) {
+    const uintptr_t ahead = reinterpret_cast<uintptr_t>(text) % kBlock;
+    const wchar_t* block = text - ahead / sizeof(wchar_t);
+    Mask found = test(Load(block)) >> ahead << ahead;
+    while (found == 0) found = test(Load(block += kUnits));
+    return block + FirstUnit(found);
+}
+
+bool IsHigh(wchar_t c) { return (c & 0xFC00) == 0xD800; }
+bool IsLow(wchar_t c) { return (c & 0xFC00) == 0xDC00; }
+
+/// The first surrogate in [at, end), or the end.
+const wchar_t* NextSurrogate(const wchar_t* at, const wchar_t* end) {
+    for (; static_cast<size_t>(end - at) >= kUnits; at += kUnits)
+        if (const Mask found = Surrogates(LoadUnaligned(at))) return at + FirstUnit(found);
+    while (at != end && !IsHigh(*at) && !IsLow(*at)) ++at;
+    return at;
+}
+
+/// Reads well-formed UTF-8.
+class Utf8Reader {
+public:
+    explicit Utf8Reader(std::string_view bytes)
+        : at(reinterpret_cast<const unsigned char*>(bytes.data())), end(at + bytes.size()) {}
+
+    /// Copies ASCII up to the first zero or other byte, widened; returns where the copy ends.
+    wchar_t* CopyAscii(wchar_t* out) {
+        while (end - at >= 16) {
+            const __m128i bytes = LoadUnaligned(at);
+            const __m128i zero = _mm_setzero_si128();
+            if (Bits(_mm_or_si128(bytes, _mm_cmpeq_epi8(bytes, zero))) != 0) break;
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_unpacklo_epi8(bytes, zero));
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(out + kUnits),
+                             _mm_unpackhi_epi8(bytes, zero));
+            at += 16;
+            out += 16;
+        }
+        while (at != end && *at != 0 && *at < 0x80) *out++ = *at++;
+        return out;
+    }
+
+    bool AtEnd() const { return at == end || *at == 0; }
+
+    /// Decodes one character beyond ASCII; false when it is malformed.
+    bool Character(wchar_t*& out) {
+        const unsigned lead = *at++;
+        if (lead < 0xC2 || lead > 0xF4) return false;
+        uint32_t c = lead < 0xE0 ? lead & 0x1F : lead < 0xF0 ? lead & 0x0F : lead & 0x07;
+        for (int more = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3; more > 0; --more) {
+            if (at == end || (*at & 0xC0) != 0x80) return false;
+            c = c << 6 | (*at++ & 0x3Fu);
+        }
+        return Put(out, c, lead);
+    }
+
+private:
+    static bool Put(wchar_t*& out, uint32_t c, unsigned lead) {
+        if (lead < 0xF0) {
+            const bool overlong = lead >= 0xE0 && c < 0x800;
+            *out++ = static_cast<wchar_t>(c);
+            return !overlong && (c < 0xD800 || c > 0xDFFF);
+        }
+        if (c < 0x10000 || c > 0x10FFFF) return false;
+        *out++ = static_cast<wchar_t>(0xD800 + ((c - 0x10000) >> 10));
+        *out++ = static_cast<wchar_t>(0xDC00 + (c & 0x3FF));
+        return true;
+    }
+
+    const unsigned char* at;
+    const unsigned char* end;
+};
+
+size_t CountUnits(const wchar_t* text) {
+    if (reinterpret_cast<uintptr_t>(text) % sizeof(wchar_t) != 0) {
+        size_t length = 0;
+        while (text[length] != 0) ++length;
+        return length;
+    }
+    return static_cast<size_t>(FindFirst(text, Zeros) - text);
+}
+
+}  // namespace
+
+size_t LengthOf(const wchar_t* text) {
+    size_t length = 0;
+    if (!text) return length;
+    RunsWithoutFault([&] { length = CountUnits(text); });
+    return length;
+}
+
+bool IsWellFormedUtf16(std::wstring_view text) {
+    const wchar_t* const end = text.data() + text.size();
+    const wchar_t* at = NextSurrogate(text.data(), end);
+    while (at != end) {
+        if (!IsHigh(at[0]) || end - at < 2 || !IsLow(at[1])) return false;
+        at = NextSurrogate(at + 2, end);
+    }
+    return true;
+}
+
+std::optional<size_t> DecodeUtf8(std::string_view bytes, wchar_t* text) {
+    Utf8Reader reader(bytes);
+    wchar_t* out = reader.CopyAscii(text);
+    while (!reader.AtEnd()) {
+        if (!reader.Character(out)) return std::nullopt;
+        out = reader.CopyAscii(out);
+    }
+    *out = 0;
+    return static_cast<size_t>(out - text);
+}
+
+size_t DecodeUtf16Le(std::string_view bytes, wchar_t* text) {
+    std::memcpy(text, bytes.data(), bytes.size());
+    text[bytes.size() / sizeof(wchar_t)] = 0;
+    return CountUnits(text);
+}
+
+const wchar_t* SkipBlanks(const wchar_t* text) {
+    // Most white space is one blank.
+    if (*text == L' ' && text[1] > L' ') return text + 1;
+    return FindFirst(text, NotBlanks);
+}
+
+const wchar_t* EndOfRun(const wchar_t* text) { return FindFirst(text, RunEnds); }
+
+}  // namespace QXJSON

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstddef>
+#include <cstring>
+#include <optional>
+#include <string_view>
+
+#include "JsonTypes.h"
+
+// Text that is known to be well-formed UTF-16 can be parsed without looking at each unit on its
+// own. Here is what makes sure of that, and what RapidJSON's reader needs to profit from it.
+
+namespace QXJSON {
+
+/// The length of a zero-terminated text in units, as lstrlenW tells it: 0 for null, and where
+/// memory ends before the text does.
+size_t LengthOf(const wchar_t* text);
+
+/// Whether every surrogate of a text is one of a pair.
+bool IsWellFormedUtf16(std::wstring_view text);
+
+// Each decodes bytes up to the first zero character into a buffer, puts a zero behind them and
+// returns the length in units. The buffer has room for a unit for each byte, and one more.
+
+/// UTF-8; nothing when the bytes are not well-formed.
+std::optional<size_t> DecodeUtf8(std::string_view bytes, wchar_t* text);
+
+/// UTF-16LE of an even number of bytes, surrogates as they are.
+size_t DecodeUtf16Le(std::string_view bytes, wchar_t* text);
+
+/// A stream over zero-terminated UTF-16 text at an even address, as RapidJSON's readers take it.
+struct PlainTextStream {
+    using Ch = wchar_t;
+
+    explicit PlainTextStream(const wchar_t* text) : at(text), begin(text) {}
+
+    Ch Peek() const { return *at; }
+    Ch Take() { return *at++; }
+    size_t Tell() const { return static_cast<size_t>(at - begin); }
+
+    // Asked for by the concept; a source is not written to.
+    Ch* PutBegin() { return nullptr; }
+    void Put(Ch) {}
+    void Flush() {}
+    size_t PutEnd(Ch*) { return 0; }
+
+    const Ch* at;
+    const Ch* begin;
+};
+
+/// The encoding of a PlainTextStream: UTF-16 whose characters are copied in runs.
+struct PlainUtf16 : rapidjson::UTF16<wchar_t> {};
+
+/// The first unit that is not white space of JSON.
+const wchar_t* SkipBlanks(const wchar_t* text);
+
+/// Found by RapidJSON's reader in place of its own, which goes unit by unit.
+inline void SkipWhitespace(PlainTextStream& stream) {
+    if (*stream.at <= L' ') stream.at = SkipBlanks(stream.at);
+}
+
+/// The end of the run of units that stand for themselves in a JSON string: the first quotation
+/// mark, backslash or control character.
+const wchar_t* EndOfRun(const wchar_t* text);
+
+}  // namespace QXJSON
+
+namespace rapidjson {
+
+template <>
+struct StreamTraits<QXJSON::PlainTextStream> {
+    enum { copyOptimization = 1 };
+};
+
+/// Copies the rest of a run where RapidJSON asks for one character.
+template <>
+struct Transcoder<QXJSON::PlainUtf16, UTF16<wchar_t>> {
+    template <class OutputStream>
+    static bool Transcode(QXJSON::PlainTextStream& is, OutputStream& os) {
+        const wchar_t* const end = QXJSON::EndOfRun(is.at);
+        const auto length = static_cast<SizeType>(end - is.at);
+        std::memcpy(os.Push(length), is.at, length * sizeof(wchar_t));
+        is.at = end;
+        return true;
+    }
+
+    // Needed to compile; the text is known to be valid.
+    template <class OutputStream>
+    static bool Validate(QXJSON::PlainTextStream& is, OutputStream& os) {
+        return Transcode(is, os);
+    }
+};
+
+}  // namespace rapidjson
