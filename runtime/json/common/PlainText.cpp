@@ -144,14 +144,12 @@ size_t LengthOf(const wchar_t* text) {
     return length;
 }
 
-bool IsWellFormedUtf16(std::wstring_view text) {
+size_t WellFormedLength(std::wstring_view text) {
     const wchar_t* const end = text.data() + text.size();
     const wchar_t* at = NextSurrogate(text.data(), end);
-    while (at != end) {
-        if (!IsHigh(at[0]) || end - at < 2 || !IsLow(at[1])) return false;
+    while (at != end && IsHigh(at[0]) && end - at >= 2 && IsLow(at[1]))
         at = NextSurrogate(at + 2, end);
-    }
-    return true;
+    return static_cast<size_t>(at - text.data());
 }
 
 std::optional<size_t> DecodeUtf8(std::string_view bytes, wchar_t* text) {

@@ -16,8 +16,9 @@ namespace QXJSON {
 /// memory ends before the text does.
 size_t LengthOf(const wchar_t* text);
 
-/// Whether every surrogate of a text is one of a pair.
-bool IsWellFormedUtf16(std::wstring_view text);
+/// How many units of a text stand before its first surrogate that is not one of a pair; all of them
+/// where there is none.
+size_t WellFormedLength(std::wstring_view text);
 
 // Each decodes bytes up to the first zero character into a buffer, puts a zero behind them and
 // returns the length in units. The buffer has room for a unit for each byte, and one more.

@@ -85,7 +85,7 @@ FirstAttempt ParseFile(JsonDocument& document, std::FILE* file, const TextRules&
 // judge.
 
 bool LoadsPlainText(JsonDocument& document, std::wstring_view text, const TextRules& rules) {
-    if (!IsWellFormedUtf16(text)) return false;
+    if (WellFormedLength(text) != text.size()) return false;
     PlainTextStream stream(text.data());
     return Parse<PlainUtf16>(document, stream, rules.acceptNan).code == kNoError;
 }

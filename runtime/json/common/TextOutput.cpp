@@ -1,91 +1,121 @@
 #include "TextOutput.h"
 
-#include <rapidjson/encodedstream.h>
-#include <rapidjson/filewritestream.h>
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/writer.h>
 
 #include "File.h"
 #include "NestingGuard.h"
+#include "OutputEncodings.h"
 
 namespace QXJSON {
 namespace {
 
-/// The bytes of a file go to the C runtime in blocks of this size. The size shows: a text that ends
-/// early keeps its whole blocks only.
-constexpr size_t kFileBlock = 260;
+constexpr size_t kCapacity = 256;
 
-template <class Stream, class Target, unsigned flags>
-using CompactWriter = rapidjson::Writer<Stream, JsonEncoding, Target, HeapAllocator, flags>;
-template <class Stream, class Target>
-using IndentingWriter = rapidjson::PrettyWriter<Stream, JsonEncoding, Target, HeapAllocator>;
+template <class Buffer, class Target, unsigned flags>
+using CompactWriter = rapidjson::Writer<Buffer, JsonEncoding, Target, HeapAllocator, flags>;
+template <class Buffer, class Target>
+using IndentingWriter = rapidjson::PrettyWriter<Buffer, JsonEncoding, Target, HeapAllocator>;
 
-/// Writes a value in the encoding `Target` to a stream of that encoding's units.
-template <class Target, class Stream>
-bool Write(const JsonValue& value, Layout layout, Stream& stream) {
+/// Writes a value in the encoding `Target` to a buffer of that encoding's units, in place of what
+/// the buffer held.
+template <class Target, class Buffer>
+bool WriteInto(Buffer& buffer, const JsonValue& value, Layout layout) {
+    buffer.Clear();
     const auto writeWith = [&](auto&& writer) { return Walk(value, writer); };
     switch (layout) {
         case Layout::kCompact:
-            return writeWith(CompactWriter<Stream, Target, rapidjson::kWriteNanAndInfFlag>(stream));
+            return writeWith(CompactWriter<Buffer, Target, rapidjson::kWriteNanAndInfFlag>(buffer));
         case Layout::kCompactFinite:
-            return writeWith(CompactWriter<Stream, Target, rapidjson::kWriteDefaultFlags>(stream));
+            return writeWith(CompactWriter<Buffer, Target, rapidjson::kWriteDefaultFlags>(buffer));
         default:
-            return writeWith(IndentingWriter<Stream, Target>(stream));
+            return writeWith(IndentingWriter<Buffer, Target>(buffer));
     }
 }
 
-/// Writes a value as bytes of the encoding `Target`, which is one of wchar_t units or of char.
-template <class Target, class ByteStream>
-void WriteEncoded(const JsonValue& value, Layout layout, ByteStream& bytes, bool mark) {
-    rapidjson::EncodedOutputStream<Target, ByteStream> stream(bytes, mark);
-    Write<Target>(value, layout, stream);
+template <class Buffer>
+std::string_view BytesOf(const Buffer& buffer) {
+    // The string that a buffer hands out ends with a zero, for which it makes room.
+    const auto* const begin = reinterpret_cast<const char*>(buffer.GetString());
+    return {begin, buffer.GetSize()};
 }
 
-/// Writes a value as bytes of a selected encoding; false for a number that is none.
-template <class ByteStream>
-bool WriteSelected(const JsonValue& value, Layout layout, int32_t encoding, ByteStream& bytes,
-                   bool mark) {
+void SwapBytes(JsonTextBuffer& buffer) {
+    const size_t count = buffer.GetSize() / sizeof(wchar_t);
+    wchar_t* const units = buffer.Push(0) - count;
+    for (size_t i = 0; i < count; ++i)
+        units[i] = static_cast<wchar_t>(units[i] << 8 | units[i] >> 8);
+}
+
+std::string_view MarkOf(int32_t encoding) {
     switch (encoding) {
-        case kAscii:
-            WriteEncoded<rapidjson::ASCII<>>(value, layout, bytes, mark);
-            return true;
         case kUtf16Le:
-            WriteEncoded<rapidjson::UTF16LE<>>(value, layout, bytes, mark);
-            return true;
+            return "\xFF\xFE";
         case kUtf8:
-            WriteEncoded<rapidjson::UTF8<>>(value, layout, bytes, mark);
-            return true;
+            return "\xEF\xBB\xBF";
         case kUtf16Be:
-            WriteEncoded<rapidjson::UTF16BE<>>(value, layout, bytes, mark);
-            return true;
+            return "\xFE\xFF";
         default:
-            return false;
+            return "";
     }
+}
+
+/// How many bytes of a file that ended early are kept: blocks are written when the next one begins,
+/// and the last one only with the end of the text.
+size_t WholeBlocks(size_t size) {
+    constexpr size_t kBlock = 260;
+    return size == 0 ? 0 : (size - 1) / kBlock * kBlock;
 }
 
 }  // namespace
 
 bool WriteText(const JsonValue& value, Layout layout, JsonTextBuffer& buffer) {
-    buffer.Clear();
-    const bool whole = Write<JsonEncoding>(value, layout, buffer);
+    const bool whole = WriteInto<CopiedUtf16>(buffer, value, layout);
     buffer.GetString();  // puts the zero behind the text
     return whole;
 }
 
-bool WriteBytes(const JsonValue& value, Layout layout, int32_t encoding, ByteBuffer& buffer) {
-    buffer.Clear();
-    return WriteSelected(value, layout, encoding, buffer, /*mark=*/false);
+EncodedText::EncodedText() : wide(nullptr, kCapacity), narrow(nullptr, kCapacity) {}
+
+bool EncodedText::Write(const JsonValue& value, Layout layout, int32_t encoding) {
+    bytes = {};
+    bool whole = true;
+    switch (encoding) {
+        case kAscii:
+            whole = WriteInto<rapidjson::ASCII<>>(narrow, value, layout);
+            break;
+        case kUtf8:
+            whole = WriteInto<rapidjson::UTF8<>>(narrow, value, layout);
+            break;
+        case kUtf16Le:
+            whole = WriteInto<CheckedUtf16>(wide, value, layout);
+            break;
+        case kUtf16Be:
+            whole = WriteInto<CheckedUtf16>(wide, value, layout);
+            SwapBytes(wide);
+            break;
+        default:
+            return whole;
+    }
+    const bool isNarrow = encoding == kAscii || encoding == kUtf8;
+    bytes = isNarrow ? BytesOf(narrow) : BytesOf(wide);
+    return whole;
 }
 
 bool SaveFile(const JsonValue& root, Layout layout, const wchar_t* name, int32_t encoding) {
     if (!CanWriteFile(name)) return false;
     const File file = OpenFile(name, L"wb");
     if (!file) return false;
-    if (IsContainer(root)) {
-        char block[kFileBlock] = {};
-        rapidjson::FileWriteStream stream(file.get(), block, sizeof block);
-        WriteSelected(root, layout, encoding, stream, /*mark=*/true);
-    }
+    if (!IsContainer(root)) return true;
+    EncodedText text;
+    const bool whole = text.Write(root, layout, encoding);
+    if (!text.Bytes().data()) return true;
+    const std::string_view mark = MarkOf(encoding);
+    const size_t size = mark.size() + text.Bytes().size();
+    const size_t kept = whole ? size : WholeBlocks(size);
+    if (kept < mark.size()) return true;
+    std::fwrite(mark.data(), 1, mark.size(), file.get());
+    std::fwrite(text.Bytes().data(), 1, kept - mark.size(), file.get());
     return true;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <rapidjson/memorybuffer.h>
+#include <string_view>
 
 #include "JsonTypes.h"
 
@@ -22,18 +22,30 @@ enum class Layout {
     kIndented,       ///< four spaces a level; a number that is not finite ends the output
 };
 
-using ByteBuffer = rapidjson::GenericMemoryBuffer<HeapAllocator>;
-
-// All three throw NestingTooDeep. A text that ends early (a number that is not finite, a lone
-// surrogate where the encoding has none) is the text written up to there.
+// All throw NestingTooDeep. A text that ends early (a number that is not finite, a lone surrogate
+// where the encoding has none) is the text written up to there.
 
 /// Writes a value as UTF-16 text into a buffer, in place of what the buffer held; whether the text
 /// is whole. The text ends with a zero that is not counted.
 bool WriteText(const JsonValue& value, Layout layout, JsonTextBuffer& buffer);
 
-/// Writes a value as bytes into a buffer, in place of what the buffer held; no byte-order mark.
-/// False for a number that is no encoding.
-bool WriteBytes(const JsonValue& value, Layout layout, int32_t encoding, ByteBuffer& buffer);
+/// A document as bytes of one of the encodings; the memory is used again and again.
+class EncodedText {
+public:
+    EncodedText();
+
+    /// Writes a value in place of what was held; whether the text is whole. No byte-order mark. For
+    /// a number that is no encoding the bytes are null.
+    bool Write(const JsonValue& value, Layout layout, int32_t encoding);
+
+    /// What was written last.
+    std::string_view Bytes() const { return bytes; }
+
+private:
+    JsonTextBuffer wide;  // the encodings of two-byte units
+    rapidjson::GenericStringBuffer<rapidjson::UTF8<>, HeapAllocator> narrow;  // those of one
+    std::string_view bytes;
+};
 
 /// Writes a document to a file, in place of what the file held, behind the byte-order mark of the
 /// encoding; the whole operation of that name of the interfaces. False when the file cannot be

@@ -26,6 +26,18 @@ JsonValue& PutElement(JsonValue& array, JsonValue&& value, JsonAllocator& alloca
     return array[array.Size() - 1];
 }
 
+void SettleString(JsonValue& value, JsonAllocator& allocator) {
+    if (!value.IsString()) return;
+    const wchar_t* const text = value.GetString();
+    const auto* const inside = reinterpret_cast<const char*>(&value);
+    const auto* const characters = reinterpret_cast<const char*>(text);
+    if (characters < inside || characters >= inside + sizeof value) return;
+    const rapidjson::SizeType length = value.GetStringLength();
+    auto* const copy = static_cast<wchar_t*>(allocator.Malloc((length + 1) * sizeof(wchar_t)));
+    std::memcpy(copy, text, (length + 1) * sizeof(wchar_t));
+    value.SetString(rapidjson::StringRef(static_cast<const wchar_t*>(copy), length));
+}
+
 JsonValue DeepCopy(const JsonValue& source, JsonAllocator& allocator) {
     JsonDocument copy(&allocator);
     auto fill = [&](JsonDocument& handler) { return Walk(source, handler); };

@@ -23,6 +23,10 @@ inline JsonValue MakeName(const wchar_t* key, JsonAllocator& allocator) {
     return JsonValue(key, allocator);
 }
 
+/// Puts the characters of a string where they stay when the value itself is moved: RapidJSON keeps a
+/// few characters inside the value. Other kinds are left as they are.
+void SettleString(JsonValue& value, JsonAllocator& allocator);
+
 /// A copy of a whole value, at any depth: throws NestingTooDeep where the stack ends.
 JsonValue DeepCopy(const JsonValue& source, JsonAllocator& allocator);
 

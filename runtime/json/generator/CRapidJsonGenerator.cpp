@@ -6,10 +6,9 @@ namespace QXJSON {
 
 constexpr TextRules kRules = {/*acceptNan=*/true, /*acceptNanInAnsi=*/true,
                               /*fileBufferSize=*/2048};
-constexpr size_t kOutputCapacity = 256;
+constexpr size_t kTextCapacity = 256;
 
-CRapidJsonGenerator::CRapidJsonGenerator()
-    : textBuffer(nullptr, kOutputCapacity), byteBuffer(nullptr, kOutputCapacity) {}
+CRapidJsonGenerator::CRapidJsonGenerator() : textBuffer(nullptr, kTextCapacity) {}
 
 // ---- Roots -------------------------------------------------------------------------------------
 
@@ -52,10 +51,9 @@ int CRapidJsonGenerator::GetJsonBytes(const uint8_t** data, uint64_t* length, in
     if (!data || !length) return kPlainFailure;
     *data = nullptr;
     if (!IsContainer(builder.Root())) return kPlainFailure;
-    if (WriteBytes(builder.Root(), Layout::kCompact, encoding, byteBuffer)) {
-        *data = reinterpret_cast<const uint8_t*>(byteBuffer.GetBuffer());
-        *length = byteBuffer.GetSize();
-    }
+    encodedText.Write(builder.Root(), Layout::kCompact, encoding);
+    *data = reinterpret_cast<const uint8_t*>(encodedText.Bytes().data());
+    if (*data) *length = encodedText.Bytes().size();
     return kSuccess;
 }
 

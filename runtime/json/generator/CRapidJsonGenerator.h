@@ -406,7 +406,7 @@ private:
     DocumentBuilder builder;
     MessageBuffer conversionBuffer;
     JsonTextBuffer textBuffer;
-    ByteBuffer byteBuffer;
+    EncodedText encodedText;
 };
 
 template <class AddText>

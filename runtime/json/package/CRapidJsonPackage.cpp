@@ -7,12 +7,9 @@ namespace QXJSON {
 
 constexpr TextRules kRules = {/*acceptNan=*/false, /*acceptNanInAnsi=*/false,
                               /*fileBufferSize=*/1024};
-constexpr size_t kOutputCapacity = 256;
+constexpr size_t kTextCapacity = 256;
 
-CRapidJsonPackage::CRapidJsonPackage()
-    : document(&allocator),
-      textBuffer(nullptr, kOutputCapacity),
-      byteBuffer(nullptr, kOutputCapacity) {
+CRapidJsonPackage::CRapidJsonPackage() : document(&allocator), textBuffer(nullptr, kTextCapacity) {
     document.SetObject();
 }
 
@@ -26,6 +23,15 @@ int CRapidJsonPackage::LoadFile(const wchar_t* fileName) {
     return FinishLoad(QXJSON::LoadFile(document, fileName, kRules));
 }
 
+/// Names and texts are handed out for as long as their key stays, while members move when others come
+/// and go.
+void CRapidJsonPackage::SettleStrings() {
+    for (auto& member : document.GetObject()) {
+        SettleString(member.name, allocator);
+        SettleString(member.value, allocator);
+    }
+}
+
 /// Records how a load went. After an error the package is what it was before; a root that is no
 /// object leaves an empty one, although an array counts as loaded.
 int CRapidJsonPackage::FinishLoad(const LoadStatus& loaded) {
@@ -36,6 +42,7 @@ int CRapidJsonPackage::FinishLoad(const LoadStatus& loaded) {
         document.SetObject();
         status = {kRootNotObject};
     }
+    SettleStrings();
     return container ? kSuccess : kPlainFailure;
 }
 
@@ -98,12 +105,15 @@ int CRapidJsonPackage::Set(const wchar_t* key, const Item& item) {
     if (!key) return kNoMember;
     if (!item.HasText()) return kNoText;
     JsonValue value = item.Make(allocator);
+    SettleString(value, allocator);
     if (JsonMember* const member = Find(key)) {
         member->value = value;
         return kSuccess;
     }
     const JsonMember* const before = document.MemberBegin().operator->();
-    PutMember(document, MakeName(key, allocator), std::move(value), allocator);
+    JsonValue name = MakeName(key, allocator);
+    SettleString(name, allocator);
+    PutMember(document, std::move(name), std::move(value), allocator);
     const JsonMember* const after = document.MemberBegin().operator->();
     if (after != before) members.Moved(before, after);
     return kSuccess;
@@ -216,10 +226,9 @@ int CRapidJsonPackage::GetText(const wchar_t** text) {
 int CRapidJsonPackage::GetBytes(const void** data, size_t* length, int32_t encoding) {
     if (!data || !length) return kPlainFailure;
     *data = nullptr;
-    if (WriteBytes(document, Layout::kCompactFinite, encoding, byteBuffer)) {
-        *data = byteBuffer.GetBuffer();
-        *length = byteBuffer.GetSize();
-    }
+    encodedText.Write(document, Layout::kCompactFinite, encoding);
+    *data = encodedText.Bytes().data();
+    if (*data) *length = encodedText.Bytes().size();
     return kSuccess;
 }
 

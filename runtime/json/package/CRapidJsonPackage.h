@@ -80,6 +80,7 @@ private:
     }
     template <class Item>
     int Set(const wchar_t* key, const Item& item);
+    void SettleStrings();
     int FinishLoad(const LoadStatus& loaded);
 
     uint32_t ignoreCase = 1;
@@ -89,7 +90,7 @@ private:
     LoadStatus status;
     MessageBuffer scratchBuffer;
     JsonTextBuffer textBuffer;
-    ByteBuffer byteBuffer;
+    EncodedText encodedText;
 };
 
 }  // namespace QXJSON
