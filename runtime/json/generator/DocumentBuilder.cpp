@@ -15,7 +15,6 @@ JsonValue& DocumentBuilder::ReplaceRoot(JsonValue&& value) {
 
 uint32_t DocumentBuilder::StartAnew(JsonValue&& value) {
     const uint32_t handle = paths.Restart();
-    locations.clear();
     lookup.Clear();
     ReplaceRoot(std::move(value));
     return handle;
@@ -37,30 +36,38 @@ DocumentBuilder::Parent DocumentBuilder::ByPath(const wchar_t* path) {
 
 // ---- From paths to values ----------------------------------------------------------------------
 
-/// The value at a path, or null. Starts from the nearest path above whose value is known.
+/// The value at a path, or null.
 JsonValue* DocumentBuilder::Resolve(Node node) {
+    JsonValue* const known = KnownLocation(node);
+    return known ? known : ResolveFromAbove(node);
+}
+
+JsonValue* DocumentBuilder::KnownLocation(Node node) {
+    if (node == PathTable::kRoot) return &root;
+    const Location& location = LocationOf(node);
+    return location.node == node && location.epoch == epoch ? location.value : nullptr;
+}
+
+/// Starts from the nearest path above whose value is known.
+JsonValue* DocumentBuilder::ResolveFromAbove(Node node) {
     trail.clear();
-    JsonValue* value = KnownLocation(node);
+    JsonValue* value = nullptr;
     for (; !value; value = KnownLocation(node)) {
         trail.push_back(node);
         node = paths.ParentOf(node);
     }
     for (; value && !trail.empty(); trail.pop_back()) {
-        value = FindChild(lookup, *value, paths.SegmentOf(trail.back()));
+        value = ChildOf(*value, trail.back());
         if (value) Remember(trail.back(), value);
     }
     return value;
 }
 
-JsonValue* DocumentBuilder::KnownLocation(Node node) const {
-    if (node == PathTable::kRoot) return const_cast<JsonValue*>(&root);
-    return node < locations.size() && locations[node].epoch == epoch ? locations[node].value
-                                                                     : nullptr;
-}
-
-void DocumentBuilder::Remember(Node node, JsonValue* value) {
-    if (node >= locations.size()) locations.resize(std::max<size_t>(node + 1, node * 3 / 2));
-    locations[node] = {value, epoch};
+JsonValue* DocumentBuilder::ChildOf(JsonValue& value, Node child) {
+    const PathTable::Segment segment = paths.SegmentOf(child);
+    if (!segment.IsNumber()) return FindChild(lookup, value, segment.Text());
+    if (!value.IsArray()) return FindChild(lookup, value, paths.TextOf(child));
+    return segment.length < value.Size() ? &value[segment.length] : nullptr;
 }
 
 uint32_t DocumentBuilder::HandleOf(Node node) {
@@ -106,9 +113,8 @@ bool HasDigit(std::wstring_view segment) {
 /// The segment of an item path that stands for one of an internal path: below an array, where it
 /// has a digit, a position that counts from 1; everywhere a slash inside a key in the runtime's own
 /// way.
-std::wstring ToItemSegment(std::wstring_view segment, const JsonValue* parent) {
-    std::wstring text(segment);
-    if (parent && parent->IsArray() && HasDigit(segment)) {
+std::wstring ToItemSegment(std::wstring text, const JsonValue* parent) {
+    if (parent && parent->IsArray() && HasDigit(text)) {
         wchar_t position[16];
         // Unsigned, for the highest integer has no successor.
         wsprintfW(position, L"%d",
@@ -127,10 +133,9 @@ bool DocumentBuilder::TranslateBack(Node node, wchar_t (&path)[kPathCapacity]) {
     std::wstring text = node == PathTable::kRoot ? L"/" : L"";
     JsonValue* parent = &root;
     for (const Node step : TrailTo(node)) {
-        const std::wstring_view segment = paths.SegmentOf(step);
-        text += L'/' + ToItemSegment(segment, parent);
+        text += L'/' + ToItemSegment(paths.TextOf(step), parent);
         if (text.size() >= kPathCapacity) return false;
-        if (parent) parent = FindChild(lookup, *parent, segment);
+        if (parent) parent = ChildOf(*parent, step);
     }
     std::copy_n(text.c_str(), text.size() + 1, path);
     return true;

@@ -66,13 +66,17 @@ public:
 private:
     /// Where the value of a path was found, and when.
     struct Location {
+        Node node = 0;
         JsonValue* value = nullptr;
         uint64_t epoch = 0;
     };
 
     JsonValue* Resolve(Node node);
-    JsonValue* KnownLocation(Node node) const;
-    void Remember(Node node, JsonValue* value);
+    JsonValue* ResolveFromAbove(Node node);
+    JsonValue* ChildOf(JsonValue& value, Node child);
+    JsonValue* KnownLocation(Node node);
+    void Remember(Node node, JsonValue* value) { LocationOf(node) = {node, value, epoch}; }
+    Location& LocationOf(Node node) { return locations[node % kLocations]; }
     uint32_t HandleOf(Node node);
     template <class Item>
     int Overwrite(Node child, const Item& item, uint32_t* handle);
@@ -84,14 +88,15 @@ private:
 
     JsonAllocator allocator;
     JsonValue root;
-    PathTable paths;
+    PathTable paths{allocator};
     MemberLookup lookup;
 
     // Values move when the container that they stand in grows into other memory, and end when
     // something above them is overwritten. Both are rare, and begin a new epoch; within one, a
-    // location that was found stays true.
-    std::vector<Location> locations;  // by node
-    std::vector<Node> trail;          // Resolve's own, kept for its memory
+    // location that was found stays true. Scripts add to few parents at a time.
+    static constexpr Node kLocations = 64;
+    Location locations[kLocations];
+    std::vector<Node> trail;  // Resolve's own, kept for its memory
     uint64_t epoch = 1;
 };
 
@@ -153,16 +158,18 @@ template <class Item>
 int DocumentBuilder::Append(const Parent& parent, const Item& item, uint32_t* handle) {
     if (!parent.node) return parent.absence;
     if (!item.Known()) return kPlainFailure;
-    return WatchingStorage(parent.value, [&]() -> int {
-        const bool isArray = parent.value && parent.value->IsArray();
-        const Node child = isArray ? paths.Element(*parent.node, parent.value->Size()) : 0;
-        paths.PrepareIssue();
+    JsonValue* const array = parent.value;
+    const Node child =
+        array && array->IsArray() ? paths.Element(*parent.node, array->Size()) : PathTable::kRoot;
+    paths.PrepareIssue();
+    const int result = WatchingStorage(array, [&] {
         uint64_t reference = 0;
-        const int result =
-            QXJSON::Append(parent.value, item, allocator, handle ? &reference : nullptr);
-        if (result == kSuccess) *handle = HandleOf(child);
-        return result;
+        return QXJSON::Append(array, item, allocator, handle ? &reference : nullptr);
     });
+    if (result != kSuccess) return result;
+    *handle = HandleOf(child);
+    Remember(child, array->End() - 1);
+    return kSuccess;
 }
 
 /// Replaces the value at a path that has a handle. Where the path leads nowhere, because something

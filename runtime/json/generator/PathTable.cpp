@@ -1,51 +1,95 @@
 #include "PathTable.h"
 
 #include <algorithm>
-#include <cwchar>
+#include <cstring>
 
 namespace QXJSON {
 namespace {
 
-uint32_t HashOf(PathTable::Node parent, std::wstring_view segment) {
-    uint64_t hash = parent * 0x9E37'79B9'7F4A'7C15;
-    for (const wchar_t c : segment) hash = (hash ^ c) * 0x0000'0100'0000'01B3;
-    return static_cast<uint32_t>(hash ^ hash >> 32);
+using Segment = PathTable::Segment;
+
+/// So many children of a node are found by following a chain from it; objects with few members, of
+/// which there may be many, then stay close together in memory.
+constexpr uint32_t kLongestChain = 8;
+
+constexpr uint64_t kFactor = 0x9E37'79B9'7F4A'7C15;
+
+uint32_t HashOf(PathTable::Node parent, const Segment& segment) {
+    uint64_t hash = parent * kFactor >> 32;
+    if (segment.IsNumber()) return static_cast<uint32_t>(hash + segment.length);
+    hash ^= segment.length;
+    const wchar_t* text = segment.text;
+    constexpr size_t kStep = sizeof(uint64_t) / sizeof(wchar_t);
+    for (size_t left = segment.length; left > 0;) {
+        const size_t step = std::min(left, kStep);
+        uint64_t units = 0;
+        std::memcpy(&units, text, step * sizeof(wchar_t));
+        hash = (hash ^ units) * kFactor;
+        hash ^= hash >> 32;
+        text += step;
+        left -= step;
+    }
+    return static_cast<uint32_t>(hash);
+}
+
+/// A segment whose text is not copied yet.
+Segment SegmentFrom(std::wstring_view text) {
+    const Segment asText = {text.empty() ? L"" : text.data(), static_cast<uint32_t>(text.size())};
+    // A number is one that is written back as it was.
+    constexpr size_t kMostDigits = 10;
+    if (text.empty() || text.size() > kMostDigits || (text[0] == L'0' && text.size() > 1))
+        return asText;
+    uint64_t number = 0;
+    for (const wchar_t c : text) {
+        if (c < L'0' || c > L'9') return asText;
+        number = number * 10 + static_cast<uint64_t>(c - L'0');
+    }
+    return number <= UINT32_MAX ? Segment{nullptr, static_cast<uint32_t>(number)} : asText;
+}
+
+/// The length of the first segment of a key. (Keys are short: a loop beats a call.)
+size_t FirstSegment(std::wstring_view key) {
+    size_t length = 0;
+    while (length < key.size() && key[length] != L'/') ++length;
+    return length;
 }
 
 }  // namespace
 
+bool PathTable::Segment::operator==(const Segment& other) const {
+    if (IsNumber() != other.IsNumber() || length != other.length) return false;
+    return IsNumber() || std::memcmp(text, other.text, length * sizeof(wchar_t)) == 0;
+}
+
 uint32_t PathTable::Restart() {
     PrepareIssue();  // from here on there is room
-    nodes.assign(1, NodeData{});
+    At(kRoot) = {};
+    count = 1;
     handleToNode.clear();
-    children.clear();
-    segments.Clear();
+    slots.clear();
+    slotsUsed = 0;
     return Issue(kRoot);
 }
 
-PathTable::Node PathTable::Child(Node parent, std::wstring_view path) {
+PathTable::Node PathTable::Child(Node parent, std::wstring_view key) {
     for (;;) {
-        const size_t slash = path.find(L'/');
-        parent = ChildBySegment(parent, path.substr(0, slash));
-        if (slash == std::wstring_view::npos) return parent;
-        path.remove_prefix(slash + 1);
+        const size_t length = FirstSegment(key);
+        parent = Child(parent, SegmentFrom(key.substr(0, length)));
+        if (length == key.size()) return parent;
+        key.remove_prefix(length + 1);
     }
-}
-
-PathTable::Node PathTable::Element(Node parent, uint32_t index) {
-    wchar_t digits[10];
-    wchar_t* const end = digits + std::size(digits);
-    wchar_t* begin = end;
-    do {
-        *--begin = static_cast<wchar_t>(L'0' + index % 10);
-        index /= 10;
-    } while (index != 0);
-    return ChildBySegment(parent, {begin, static_cast<size_t>(end - begin)});
 }
 
 PathTable::Node PathTable::AtPointer(std::wstring_view pointer) {
     return pointer.empty() ? kRoot : Child(kRoot, pointer.substr(1));
 }
+
+std::wstring PathTable::TextOf(Node node) const {
+    const Segment segment = SegmentOf(node);
+    return segment.IsNumber() ? std::to_wstring(segment.length) : std::wstring(segment.Text());
+}
+
+// ---- Handles -----------------------------------------------------------------------------------
 
 std::optional<PathTable::Node> PathTable::NodeOf(int32_t handle) const {
     if (handle < 1 || static_cast<size_t>(handle) > handleToNode.size()) return std::nullopt;
@@ -53,50 +97,78 @@ std::optional<PathTable::Node> PathTable::NodeOf(int32_t handle) const {
 }
 
 void PathTable::PrepareIssue() {
-    if (nodes.empty()) nodes.emplace_back();
+    if (count == 0) Add(kRoot, {});
     if (handleToNode.size() == handleToNode.capacity())
         handleToNode.reserve(std::max<size_t>(16, handleToNode.size() * 2));
 }
 
 uint32_t PathTable::Issue(Node node) {
     handleToNode.push_back(node);
-    return nodes[node].handle = static_cast<uint32_t>(handleToNode.size());
+    return At(node).handle = static_cast<uint32_t>(handleToNode.size());
 }
 
-PathTable::Node PathTable::ChildBySegment(Node parent, std::wstring_view segment) {
-    if (nodes.empty()) nodes.emplace_back();
-    if (nodes.size() > children.size() / 4 * 3) Grow();
-    const uint32_t hash = HashOf(parent, segment);
-    const size_t slot = SlotOf(parent, segment, hash);
-    if (children[slot] != kRoot) return children[slot];
+// ---- The tree ----------------------------------------------------------------------------------
 
-    auto* const text = static_cast<wchar_t*>(segments.Malloc(segment.size() * sizeof(wchar_t)));
-    std::copy(segment.begin(), segment.end(), text);
-    nodes.push_back({text, static_cast<uint32_t>(segment.size()), parent, 0, hash});
-    return children[slot] = static_cast<Node>(nodes.size() - 1);
+PathTable::Node PathTable::Child(Node parent, const Segment& segment) {
+    if (count == 0) Add(kRoot, {});
+    Node* chain = &At(parent).firstChild;
+    for (; *chain != kRoot; chain = &At(*chain).nextInChain)
+        if (At(*chain).segment == segment) return *chain;
+    if (At(parent).chained < kLongestChain) {
+        *chain = Add(parent, segment);
+        ++At(parent).chained;
+        return *chain;
+    }
+    if (slotsUsed >= slots.size() / 4 * 3) Grow();
+    const uint32_t hash = HashOf(parent, segment);
+    Slot& slot = SlotOf(parent, segment, hash);
+    if (slot.node == kRoot) {
+        slot = {hash, Add(parent, segment)};
+        ++slotsUsed;
+    }
+    return slot.node;
+}
+
+/// A new node, with a copy of its segment's text.
+PathTable::Node PathTable::Add(Node parent, const Segment& segment) {
+    if (count >> kBlockBits == blocks.size()) {
+        std::unique_ptr<NodeData[]> block(new NodeData[kBlockSize]);
+        blocks.push_back(std::move(block));
+    }
+    Segment kept = segment;
+    if (!segment.IsNumber()) {
+        const size_t size = segment.length * sizeof(wchar_t);
+        auto* const text = static_cast<wchar_t*>(allocator.Malloc(size + sizeof(wchar_t)));
+        std::memcpy(text, segment.text, size);
+        text[segment.length] = 0;
+        kept.text = text;
+    }
+    At(count) = {kept, parent, 0, kRoot, kRoot, 0};
+    return count++;
 }
 
 /// The slot that holds the child, or else the free one where it belongs.
-size_t PathTable::SlotOf(Node parent, std::wstring_view segment, uint32_t hash) const {
-    const size_t mask = children.size() - 1;
-    for (size_t slot = hash & mask;; slot = (slot + 1) & mask) {
-        const Node node = children[slot];
-        if (node == kRoot) return slot;
-        if (nodes[node].hash == hash && nodes[node].parent == parent && SegmentOf(node) == segment)
+PathTable::Slot& PathTable::SlotOf(Node parent, const Segment& segment, uint32_t hash) {
+    const size_t mask = slots.size() - 1;
+    for (size_t at = hash & mask;; at = (at + 1) & mask) {
+        Slot& slot = slots[at];
+        if (slot.node == kRoot) return slot;
+        if (slot.hash == hash && At(slot.node).parent == parent && At(slot.node).segment == segment)
             return slot;
     }
 }
 
 void PathTable::Grow() {
-    constexpr size_t kFirstSize = 16;
-    std::vector<Node> bigger(children.empty() ? kFirstSize : children.size() * 2, kRoot);
+    constexpr size_t kFirstSize = 64;
+    std::vector<Slot> bigger(slots.empty() ? kFirstSize : slots.size() * 2);
     const size_t mask = bigger.size() - 1;
-    for (Node node = 1; node < nodes.size(); ++node) {
-        size_t slot = nodes[node].hash & mask;
-        while (bigger[slot] != kRoot) slot = (slot + 1) & mask;
-        bigger[slot] = node;
+    for (const Slot& slot : slots) {
+        if (slot.node == kRoot) continue;
+        size_t at = slot.hash & mask;
+        while (bigger[at].node != kRoot) at = (at + 1) & mask;
+        bigger[at] = slot;
     }
-    children.swap(bigger);
+    slots.swap(bigger);
 }
 
 }  // namespace QXJSON

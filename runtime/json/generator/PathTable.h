@@ -2,7 +2,9 @@
 
 #include <stdint.h>
 
+#include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -25,18 +27,31 @@ public:
     using Node = uint32_t;
     static constexpr Node kRoot = 0;
 
+    /// The last segment of a path. A decimal number as an array's positions are written is kept as
+    /// a number, whether it was one or a key that reads like one.
+    struct Segment {
+        const wchar_t* text;  ///< null: a number
+        uint32_t length;      ///< of the text, or the number
+
+        bool IsNumber() const { return !text; }
+        std::wstring_view Text() const { return {text, length}; }
+        bool operator==(const Segment& other) const;
+    };
+
+    explicit PathTable(JsonAllocator& pool) : allocator(pool) {}
+
     /// Forgets all handles and paths and issues the first handle, which is 1, for the root.
     uint32_t Restart();
 
-    /// The path `parent`/`segments`; segments are separated by "/".
-    Node Child(Node parent, std::wstring_view segments);
+    /// The path `parent`/`key`. A key that contains "/" is several segments.
+    Node Child(Node parent, std::wstring_view key);
     /// The path of the element at an index from 0.
-    Node Element(Node parent, uint32_t index);
+    Node Element(Node parent, uint32_t index) { return Child(parent, Segment{nullptr, index}); }
     /// The path of a pointer as the item paths translate to.
     Node AtPointer(std::wstring_view pointer);
 
     /// The handle of a path, or 0.
-    uint32_t HandleOf(Node node) const { return node < nodes.size() ? nodes[node].handle : 0; }
+    uint32_t HandleOf(Node node) const { return node < count ? At(node).handle : 0; }
     /// The path of a handle; nothing for a number that was never issued.
     std::optional<Node> NodeOf(int32_t handle) const;
 
@@ -45,32 +60,43 @@ public:
     /// The next handle, for a path that has none.
     uint32_t Issue(Node node);
 
-    Node ParentOf(Node node) const { return nodes[node].parent; }
-    /// The last segment of a path other than the root's.
-    std::wstring_view SegmentOf(Node node) const {
-        return {nodes[node].segment, nodes[node].length};
-    }
+    Node ParentOf(Node node) const { return At(node).parent; }
+    /// The last segment of a path other than the root's. Its text lives as long as the pool.
+    Segment SegmentOf(Node node) const { return At(node).segment; }
+    std::wstring TextOf(Node node) const;
 
 private:
     struct NodeData {
-        const wchar_t* segment;
-        uint32_t length;
+        Segment segment;
         Node parent;
         uint32_t handle;
+        Node firstChild;  // the chain of the first children
+        Node nextInChain;
+        uint32_t chained;  // how many children are in the chain
+    };
+    /// A child beyond those in its parent's chain; node kRoot marks a free slot.
+    struct Slot {
         uint32_t hash;
+        Node node;
     };
 
-    Node ChildBySegment(Node parent, std::wstring_view segment);
-    size_t SlotOf(Node parent, std::wstring_view segment, uint32_t hash) const;
+    // Nodes never move: they are kept in blocks.
+    static constexpr uint32_t kBlockBits = 10, kBlockSize = 1u << kBlockBits;
+    NodeData& At(Node node) const { return blocks[node >> kBlockBits][node & (kBlockSize - 1)]; }
+
+    Node Child(Node parent, const Segment& segment);
+    Node Add(Node parent, const Segment& segment);
+    Slot& SlotOf(Node parent, const Segment& segment, uint32_t hash);
     void Grow();
 
-    std::vector<NodeData> nodes;     // the root first; empty before the first use
+    JsonAllocator& allocator;  // owns the texts of the segments
+    std::vector<std::unique_ptr<NodeData[]>> blocks;
+    uint32_t count = 0;              // of nodes; the root is the first
     std::vector<Node> handleToNode;  // by handle - 1
     // A hash table with open addressing, of a size that is a power of two and at most three
-    // quarters full: nodes by their parent and segment. The root is in none, so that kRoot marks a
-    // free slot.
-    std::vector<Node> children;
-    JsonAllocator segments;  // owns the texts
+    // quarters full. The numbers below one parent lie side by side, as they are used.
+    std::vector<Slot> slots;
+    uint32_t slotsUsed = 0;
 };
 
 }  // namespace QXJSON

@@ -23,8 +23,8 @@ int CRapidJsonPackage::LoadFile(const wchar_t* fileName) {
     return FinishLoad(QXJSON::LoadFile(document, fileName, kRules));
 }
 
-/// Names and texts are handed out for as long as their key stays, while members move when others come
-/// and go.
+/// Names and texts are handed out for as long as their key stays, while members move when others
+/// come and go.
 void CRapidJsonPackage::SettleStrings() {
     for (auto& member : document.GetObject()) {
         SettleString(member.name, allocator);
@@ -163,8 +163,8 @@ int CRapidJsonPackage::SetValueBlob(const wchar_t* key, const uint8_t* data, uin
 // ---- Getting values ----------------------------------------------------------------------------
 
 int CRapidJsonPackage::GetValue(const wchar_t* key, const wchar_t** text) {
-    textBuffer.Clear();
-    if (text) *text = textBuffer.GetString();
+    // What every failure leaves, one in the middle of the writing included.
+    if (text) *text = L"";
     const MemberRequest request{key, text != nullptr, kNoMember, kWrongKind, Match()};
     const Place place = FindMember(members, {&document}, request);
     if (!place.value) return place.absence;
