@@ -114,7 +114,7 @@ bool SaveFile(const JsonValue& root, Layout layout, const wchar_t* name, int32_t
     const size_t size = mark.size() + text.Bytes().size();
     const size_t kept = whole ? size : WholeBlocks(size);
     if (kept < mark.size()) return true;
-    std::fwrite(mark.data(), 1, mark.size(), file.get());
+    if (!mark.empty()) std::fwrite(mark.data(), 1, mark.size(), file.get());
     std::fwrite(text.Bytes().data(), 1, kept - mark.size(), file.get());
     return true;
 }

@@ -23,22 +23,31 @@ inline JsonValue MakeName(const wchar_t* key, JsonAllocator& allocator) {
     return JsonValue(key, allocator);
 }
 
-/// Puts the characters of a string where they stay when the value itself is moved: RapidJSON keeps a
-/// few characters inside the value. Other kinds are left as they are.
+/// Puts the characters of a string where they stay when the value itself is moved: RapidJSON keeps
+/// a few characters inside the value. Other kinds are left as they are.
 void SettleString(JsonValue& value, JsonAllocator& allocator);
 
 /// A copy of a whole value, at any depth: throws NestingTooDeep where the stack ends.
 JsonValue DeepCopy(const JsonValue& source, JsonAllocator& allocator);
 
+/// The checks of every operation that adds something: kSuccess, or the result of the first that
+/// fails.
+template <class Item>
+int CheckAdd(const JsonValue* parent, rapidjson::Type kind, bool hasKey, const Item& item,
+             bool hasOutput) {
+    if (!parent) return kNoValue;
+    if (!hasKey) return kNoMember;
+    if (!item.HasText()) return kNoText;
+    if (!hasOutput) return kPlainFailure;
+    return parent->GetType() == kind ? kSuccess : static_cast<int>(kWrongKind);
+}
+
 /// Adds a member to an object; `reference` receives the address of its value.
 template <class Item>
 int AddMember(JsonValue* object, const wchar_t* key, const Item& item, JsonAllocator& allocator,
               uint64_t* reference) {
-    if (!object) return kNoValue;
-    if (!key) return kNoMember;
-    if (!item.HasText()) return kNoText;
-    if (!reference) return kPlainFailure;
-    if (!object->IsObject()) return kWrongKind;
+    const int result = CheckAdd(object, rapidjson::kObjectType, key, item, reference);
+    if (result != kSuccess) return result;
     JsonValue name = MakeName(key, allocator);
     *reference = reinterpret_cast<uintptr_t>(
         &PutMember(*object, std::move(name), item.Make(allocator), allocator));
@@ -49,10 +58,8 @@ int AddMember(JsonValue* object, const wchar_t* key, const Item& item, JsonAlloc
 /// and numbers, by contract, that of the array itself plus 16 for each element before the new one.
 template <class Item>
 int Append(JsonValue* array, const Item& item, JsonAllocator& allocator, uint64_t* reference) {
-    if (!array) return kNoValue;
-    if (!item.HasText()) return kNoText;
-    if (!reference) return kPlainFailure;
-    if (!array->IsArray()) return kWrongKind;
+    const int result = CheckAdd(array, rapidjson::kArrayType, true, item, reference);
+    if (result != kSuccess) return result;
     const JsonValue& element = PutElement(*array, item.Make(allocator), allocator);
     *reference = Item::kOddReference
                      ? reinterpret_cast<uintptr_t>(array) + 16 * (uint64_t{array->Size()} - 1)

@@ -70,6 +70,16 @@ JsonValue* DocumentBuilder::ChildOf(JsonValue& value, Node child) {
     return segment.length < value.Size() ? &value[segment.length] : nullptr;
 }
 
+/// The name of a new member: the text that its path keeps anyway, or a copy where the path is not
+/// the key as it stands.
+JsonValue DocumentBuilder::NameOf(Node child, std::wstring_view key) {
+    const PathTable::Segment segment = paths.SegmentOf(child);
+    const auto length = static_cast<rapidjson::SizeType>(key.size());
+    if (segment.IsNumber() || segment.length != length)
+        return JsonValue(key.data(), length, allocator);
+    return JsonValue(rapidjson::StringRef(segment.text, length));
+}
+
 uint32_t DocumentBuilder::HandleOf(Node node) {
     const uint32_t known = paths.HandleOf(node);
     return known != 0 ? known : paths.Issue(node);

@@ -83,8 +83,9 @@ private:
     bool TranslateBack(Node node, wchar_t (&path)[kPathCapacity]);
     std::vector<Node> TrailTo(Node node) const;
 
+    JsonValue NameOf(Node child, std::wstring_view key);
     template <class Grow>
-    int WatchingStorage(JsonValue* container, Grow&& grow);
+    auto WatchingStorage(JsonValue& container, Grow&& grow);
 
     JsonAllocator allocator;
     JsonValue root;
@@ -100,39 +101,41 @@ private:
     uint64_t epoch = 1;
 };
 
-/// Calls `grow`, which may add to `container`. If that moved what was in it, a new epoch begins and
+/// Calls `grow`, which adds to `container`. If that moved what was in it, a new epoch begins and
 /// the search for members is told.
 template <class Grow>
-int DocumentBuilder::WatchingStorage(JsonValue* container, Grow&& grow) {
-    const auto members = [&] {
-        return container && container->IsObject() ? container->MemberBegin().operator->() : nullptr;
+auto DocumentBuilder::WatchingStorage(JsonValue& container, Grow&& grow) {
+    const bool isObject = container.IsObject();
+    const auto storage = [&]() -> const void* {
+        if (isObject) return container.MemberBegin().operator->();
+        return container.IsArray() ? container.Begin() : nullptr;
     };
-    const auto elements = [&] {
-        return container && container->IsArray() ? container->Begin() : nullptr;
-    };
-    const JsonMember* const membersBefore = members();
-    const JsonValue* const elementsBefore = elements();
-    const int result = grow();
-    if (membersBefore && members() != membersBefore) {
-        lookup.Moved(membersBefore, members());
+    const void* const before = storage();
+    auto result = grow();
+    const void* const after = storage();
+    if (before && after != before) {
         ++epoch;
+        if (isObject)
+            lookup.Moved(static_cast<const JsonMember*>(before),
+                         static_cast<const JsonMember*>(after));
     }
-    if (elementsBefore && elements() != elementsBefore) ++epoch;
     return result;
 }
 
 template <class Item>
 int DocumentBuilder::AddMember(uint64_t parent, const wchar_t* key, const Item& item,
                                uint64_t* reference) {
+    if (parent == 0) return kNoValue;
     auto* const object = reinterpret_cast<JsonValue*>(parent);
     return WatchingStorage(
-        object, [&] { return QXJSON::AddMember(object, key, item, allocator, reference); });
+        *object, [&] { return QXJSON::AddMember(object, key, item, allocator, reference); });
 }
 
 template <class Item>
 int DocumentBuilder::Append(uint64_t parent, const Item& item, uint64_t* reference) {
+    if (parent == 0) return kNoValue;
     auto* const array = reinterpret_cast<JsonValue*>(parent);
-    return WatchingStorage(array,
+    return WatchingStorage(*array,
                            [&] { return QXJSON::Append(array, item, allocator, reference); });
 }
 
@@ -142,16 +145,17 @@ int DocumentBuilder::AddMember(const Parent& parent, const wchar_t* key, const I
     if (!parent.node) return parent.absence;
     if (!item.Known()) return kPlainFailure;
     if (!key) throw ProcessorFault();  // by contract the key is used without a test
-    const Node child = paths.Child(*parent.node, key);
+    const std::wstring_view name = key;
+    const Node child = paths.Child(*parent.node, name);
     if (paths.HandleOf(child) != 0) return Overwrite(child, item, handle);
-    return WatchingStorage(parent.value, [&]() -> int {
-        paths.PrepareIssue();
-        uint64_t reference = 0;
-        const int result =
-            QXJSON::AddMember(parent.value, key, item, allocator, handle ? &reference : nullptr);
-        if (result == kSuccess) *handle = paths.Issue(child);
-        return result;
+    const int result = CheckAdd(parent.value, rapidjson::kObjectType, true, item, handle);
+    if (result != kSuccess) return result;
+    paths.PrepareIssue();
+    WatchingStorage(*parent.value, [&] {
+        return &PutMember(*parent.value, NameOf(child, name), item.Make(allocator), allocator);
     });
+    *handle = paths.Issue(child);
+    return kSuccess;
 }
 
 template <class Item>
@@ -159,16 +163,14 @@ int DocumentBuilder::Append(const Parent& parent, const Item& item, uint32_t* ha
     if (!parent.node) return parent.absence;
     if (!item.Known()) return kPlainFailure;
     JsonValue* const array = parent.value;
-    const Node child =
-        array && array->IsArray() ? paths.Element(*parent.node, array->Size()) : PathTable::kRoot;
-    paths.PrepareIssue();
-    const int result = WatchingStorage(array, [&] {
-        uint64_t reference = 0;
-        return QXJSON::Append(array, item, allocator, handle ? &reference : nullptr);
-    });
+    const int result = CheckAdd(array, rapidjson::kArrayType, true, item, handle);
     if (result != kSuccess) return result;
+    const Node child = paths.Element(*parent.node, array->Size());
+    paths.PrepareIssue();
+    JsonValue* const element = WatchingStorage(
+        *array, [&] { return &PutElement(*array, item.Make(allocator), allocator); });
+    Remember(child, element);
     *handle = HandleOf(child);
-    Remember(child, array->End() - 1);
     return kSuccess;
 }
 

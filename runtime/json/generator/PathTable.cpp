@@ -11,25 +11,29 @@ using Segment = PathTable::Segment;
 /// So many children of a node are found by following a chain from it; objects with few members, of
 /// which there may be many, then stay close together in memory.
 constexpr uint32_t kLongestChain = 8;
+/// A number of children that no chain has.
+constexpr uint32_t kInTable = UINT32_MAX;
 
 constexpr uint64_t kFactor = 0x9E37'79B9'7F4A'7C15;
 
-uint32_t HashOf(PathTable::Node parent, const Segment& segment) {
-    uint64_t hash = parent * kFactor >> 32;
-    if (segment.IsNumber()) return static_cast<uint32_t>(hash + segment.length);
-    hash ^= segment.length;
-    const wchar_t* text = segment.text;
+uint64_t Mix(uint64_t hash, std::wstring_view text) {
     constexpr size_t kStep = sizeof(uint64_t) / sizeof(wchar_t);
-    for (size_t left = segment.length; left > 0;) {
-        const size_t step = std::min(left, kStep);
+    hash ^= text.size();
+    while (!text.empty()) {
+        const size_t step = std::min(text.size(), kStep);
         uint64_t units = 0;
-        std::memcpy(&units, text, step * sizeof(wchar_t));
+        std::memcpy(&units, text.data(), step * sizeof(wchar_t));
         hash = (hash ^ units) * kFactor;
         hash ^= hash >> 32;
-        text += step;
-        left -= step;
+        text.remove_prefix(step);
     }
-    return static_cast<uint32_t>(hash);
+    return hash;
+}
+
+uint32_t HashOf(PathTable::Node parent, const Segment& segment) {
+    const uint64_t hash = parent * kFactor >> 32;
+    return static_cast<uint32_t>(segment.IsNumber() ? hash + segment.length
+                                                    : Mix(hash, segment.Text()));
 }
 
 /// A segment whose text is not copied yet.
@@ -111,15 +115,18 @@ uint32_t PathTable::Issue(Node node) {
 
 PathTable::Node PathTable::Child(Node parent, const Segment& segment) {
     if (count == 0) Add(kRoot, {});
-    Node* chain = &At(parent).firstChild;
-    for (; *chain != kRoot; chain = &At(*chain).nextInChain)
-        if (At(*chain).segment == segment) return *chain;
-    if (At(parent).chained < kLongestChain) {
-        *chain = Add(parent, segment);
-        ++At(parent).chained;
-        return *chain;
+    if (At(parent).children <= kLongestChain) {
+        Node* chain = &At(parent).firstChild;
+        for (; *chain != kRoot; chain = &At(*chain).nextInChain)
+            if (At(*chain).segment == segment) return *chain;
+        if (At(parent).children < kLongestChain) {
+            *chain = Add(parent, segment);
+            ++At(parent).children;
+            return *chain;
+        }
+        MoveChainIntoTable(parent);
     }
-    if (slotsUsed >= slots.size() / 4 * 3) Grow();
+    MakeRoom(1);
     const uint32_t hash = HashOf(parent, segment);
     Slot& slot = SlotOf(parent, segment, hash);
     if (slot.node == kRoot) {
@@ -129,22 +136,38 @@ PathTable::Node PathTable::Child(Node parent, const Segment& segment) {
     return slot.node;
 }
 
+/// From now on the children of a node are found in the table alone.
+void PathTable::MoveChainIntoTable(Node parent) {
+    MakeRoom(kLongestChain);
+    for (Node child = At(parent).firstChild; child != kRoot; child = At(child).nextInChain) {
+        const uint32_t hash = HashOf(parent, At(child).segment);
+        SlotOf(parent, At(child).segment, hash) = {hash, child};
+        ++slotsUsed;
+    }
+    At(parent).children = kInTable;
+}
+
 /// A new node, with a copy of its segment's text.
 PathTable::Node PathTable::Add(Node parent, const Segment& segment) {
     if (count >> kBlockBits == blocks.size()) {
         std::unique_ptr<NodeData[]> block(new NodeData[kBlockSize]);
         blocks.push_back(std::move(block));
     }
-    Segment kept = segment;
-    if (!segment.IsNumber()) {
-        const size_t size = segment.length * sizeof(wchar_t);
-        auto* const text = static_cast<wchar_t*>(allocator.Malloc(size + sizeof(wchar_t)));
-        std::memcpy(text, segment.text, size);
-        text[segment.length] = 0;
-        kept.text = text;
-    }
-    At(count) = {kept, parent, 0, kRoot, kRoot, 0};
+    const wchar_t* const text = segment.IsNumber() ? nullptr : Keep(segment.Text());
+    At(count) = {{text, segment.length}, parent, 0, kRoot, kRoot, 0};
     return count++;
+}
+
+/// A zero-terminated copy of a text in the pool, which may be one that was made before.
+const wchar_t* PathTable::Keep(std::wstring_view text) {
+    std::wstring_view& known = recent[Mix(0, text) % kRecent];
+    if (known.data() && known == text) return known.data();
+    const size_t size = text.size() * sizeof(wchar_t);
+    auto* const copy = static_cast<wchar_t*>(allocator.Malloc(size + sizeof(wchar_t)));
+    std::memcpy(copy, text.data(), size);
+    copy[text.size()] = 0;
+    known = {copy, text.size()};
+    return copy;
 }
 
 /// The slot that holds the child, or else the free one where it belongs.
@@ -158,7 +181,8 @@ PathTable::Slot& PathTable::SlotOf(Node parent, const Segment& segment, uint32_t
     }
 }
 
-void PathTable::Grow() {
+void PathTable::MakeRoom(uint32_t more) {
+    if (slotsUsed + more <= slots.size() / 4 * 3) return;
     constexpr size_t kFirstSize = 64;
     std::vector<Slot> bigger(slots.empty() ? kFirstSize : slots.size() * 2);
     const size_t mask = bigger.size() - 1;

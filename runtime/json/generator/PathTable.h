@@ -72,9 +72,9 @@ private:
         uint32_t handle;
         Node firstChild;  // the chain of the first children
         Node nextInChain;
-        uint32_t chained;  // how many children are in the chain
+        uint32_t children;  // how many there are in the chain
     };
-    /// A child beyond those in its parent's chain; node kRoot marks a free slot.
+    /// A child of a node that has many; node kRoot marks a free slot.
     struct Slot {
         uint32_t hash;
         Node node;
@@ -86,8 +86,10 @@ private:
 
     Node Child(Node parent, const Segment& segment);
     Node Add(Node parent, const Segment& segment);
+    const wchar_t* Keep(std::wstring_view text);
     Slot& SlotOf(Node parent, const Segment& segment, uint32_t hash);
-    void Grow();
+    void MoveChainIntoTable(Node parent);
+    void MakeRoom(uint32_t more);
 
     JsonAllocator& allocator;  // owns the texts of the segments
     std::vector<std::unique_ptr<NodeData[]>> blocks;
@@ -97,6 +99,9 @@ private:
     // quarters full. The numbers below one parent lie side by side, as they are used.
     std::vector<Slot> slots;
     uint32_t slotsUsed = 0;
+    // The texts that were kept last, by their hash: the same few keys come again and again.
+    static constexpr size_t kRecent = 256;
+    std::wstring_view recent[kRecent];
 };
 
 }  // namespace QXJSON
