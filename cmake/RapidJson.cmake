@@ -19,4 +19,6 @@ add_library(RapidJson INTERFACE)
 target_include_directories(RapidJson SYSTEM INTERFACE ${exposed})
 # The library's contract is RapidJSON's behaviour without assertions, in debug builds too.
 # (An option, for CMake drops definitions of macros with parameters.)
-target_compile_options(RapidJson INTERFACE "-DRAPIDJSON_ASSERT(x)=((void)0)")
+if(NOT JSON_RAPIDJSON_ASSERTS)
+  target_compile_options(RapidJson INTERFACE "-DRAPIDJSON_ASSERT(x)=((void)0)")
+endif()

@@ -99,7 +99,8 @@ TEST(LoadingAnsi, OnlyAnInvalidStringLeadsToTheSecondAttempt) {
     ExpectBytesAndFile(Failure(3, 2), "[\xE9]");
     ExpectBytesAndFile(Failure(2, 4), "[] \xE9");
     ExpectBytesAndFile(Failure(3, 4), "[1,]\"\xE9\"");
-    ExpectBytesAndFile(Failure(12, 6), support::Encode(L"[\"\xDC00\"]", support::Encoding::kUtf16Le));
+    ExpectBytesAndFile(Failure(12, 6),
+                       support::Encode(L"[\"\xDC00\"]", support::Encoding::kUtf16Le));
 }
 
 TEST(LoadingAnsi, WideTextHasNoSecondAttempt) {

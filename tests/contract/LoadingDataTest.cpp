@@ -1,6 +1,6 @@
 // Documents of the data folder, where there is one: the environment variable JSON_TEST_DATA names
-// it. Its folder "jsonchecker" holds documents that say in their names whether they are good. Without
-// the folder, documents of the test's own stand in.
+// it. Its folder "jsonchecker" holds documents that say in their names whether they are good.
+// Without the folder, documents of the test's own stand in.
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -81,8 +81,8 @@ Documents OwnRoundTrips() {
 Documents OwnLarge() {
     std::string rows = "[";
     for (int i = 0; i < 3000; ++i)
-        rows += (i == 0 ? "{\"id\":" : ",{\"id\":") + std::to_string(i) +
-                ",\"at\":[-65.61361" + std::to_string(i) + ",43.4200],\"t\":\"\xE2\x82\xAC\\n\"}";
+        rows += (i == 0 ? "{\"id\":" : ",{\"id\":") + std::to_string(i) + ",\"at\":[-65.61361" +
+                std::to_string(i) + ",43.4200],\"t\":\"\xE2\x82\xAC\\n\"}";
     return {{L"rows", rows + "]"}};
 }
 
@@ -108,9 +108,8 @@ TEST(LoadingData, NamesTellWhichDocumentsAreGood) {
     for (const Document& document : Either(DocumentsIn(L"jsonchecker"), OwnChecks())) {
         SCOPED_TRACE(testing::PrintToString(document.name));
         const int result = ExpectAsReference(document).result;
-        if (Contains(document.name, L"pass")) EXPECT_EQ(1, result);
-        if (Contains(document.name, L"fail") && !Contains(document.name, L"EXCLUDE"))
-            EXPECT_EQ(0, result);
+        if (Contains(document.name, L"EXCLUDE")) continue;
+        EXPECT_EQ(Contains(document.name, L"pass") ? 1 : 0, result);
     }
 }
 
@@ -118,8 +117,7 @@ TEST(LoadingData, DocumentsComeBackAsTheyWere) {
     for (const Document& document : Either(DocumentsIn(L"roundtrip"), OwnRoundTrips())) {
         SCOPED_TRACE(testing::PrintToString(document.name));
         const auto outcome = ExpectAsReference(document);
-        if (outcome.result == 1)
-            EXPECT_EQ(document.bytes, support::Encode(outcome.tree, support::Encoding::kUtf8));
+        EXPECT_EQ(document.bytes, support::Encode(outcome.tree, support::Encoding::kUtf8));
     }
 }
 

@@ -31,10 +31,10 @@ TEST(LoadingFile, NamesThatDoNotOpen) {
     const TempFile missing;
     wchar_t folder[MAX_PATH + 1] = {};
     GetTempPathW(MAX_PATH, folder);
-    for (const std::wstring name :
-         {std::wstring(missing.Name()), std::wstring(), std::wstring(folder),
-          missing.Name() + std::wstring(L"\\below.json"), std::wstring(L"no?such*name"),
-          std::wstring(40000, L'n')})
+    const std::wstring names[] = {missing.Name(),  L"",
+                                  folder,          missing.Name() + std::wstring(L"\\below.json"),
+                                  L"no?such*name", std::wstring(40000, L'n')};
+    for (const std::wstring& name : names)
         EXPECT_EQ(Failure(20, 0), LoadNamed(*parser, name)) << testing::PrintToString(name);
     EXPECT_FALSE(missing.Exists());
 }
@@ -101,9 +101,9 @@ TEST(LoadingFile, AnOpenFileIsNotClosed) {
     EXPECT_TRUE(file.IsClosed());
 }
 
-int g_left = 0;     ///< calls that still work
-int g_calls = 0;    ///< calls made
-int g_closes = 0;   ///< files closed
+int g_left = 0;    ///< calls that still work
+int g_calls = 0;   ///< calls made
+int g_closes = 0;  ///< files closed
 
 errno_t OpenSomeTimes(std::FILE** file, const wchar_t* name, const wchar_t* mode) {
     ++g_calls;

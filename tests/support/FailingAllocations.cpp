@@ -5,8 +5,6 @@
 #include <cstdlib>
 #include <limits>
 
-#include "JsonDll.h"
-
 namespace support {
 namespace {
 
@@ -16,6 +14,7 @@ int g_next = 0;
 int g_first = kNever;
 int g_count = 0;
 bool g_happened = false;
+long g_blocks = 0;
 
 bool FailsNow() {
     if (g_first == kNever) return false;
@@ -25,19 +24,40 @@ bool FailsNow() {
     return fails;
 }
 
-void* Malloc(size_t size) { return FailsNow() ? nullptr : std::malloc(size); }
+void* Counted(void* block) {
+    if (block != nullptr) ++g_blocks;
+    return block;
+}
 
-void* Calloc(size_t count, size_t size) { return FailsNow() ? nullptr : std::calloc(count, size); }
+void* Malloc(size_t size) { return FailsNow() ? nullptr : Counted(std::malloc(size)); }
 
-void* Realloc(void* block, size_t size) { return FailsNow() ? nullptr : std::realloc(block, size); }
+void* Calloc(size_t count, size_t size) {
+    return FailsNow() ? nullptr : Counted(std::calloc(count, size));
+}
+
+void* Realloc(void* block, size_t size) {
+    if (size != 0 && FailsNow()) return nullptr;
+    if (block != nullptr) --g_blocks;
+    void* moved = std::realloc(block, size);
+    if (moved == nullptr && size != 0 && block != nullptr) ++g_blocks;
+    return Counted(moved);
+}
+
+void Free(void* block) {
+    if (block != nullptr) --g_blocks;
+    std::free(block);
+}
 
 }  // namespace
 
-FailingAllocations::FailingAllocations()
-    : malloc(JsonDll(), "malloc", &Malloc),
-      calloc(JsonDll(), "calloc", &Calloc),
-      realloc(JsonDll(), "realloc", &Realloc) {
+FailingAllocations::FailingAllocations(HMODULE module)
+    : malloc(module, "malloc", &Malloc),
+      calloc(module, "calloc", &Calloc),
+      realloc(module, "realloc", &Realloc),
+      free(module, "free", &Free) {
     EXPECT_TRUE(malloc.Found()) << "the DLL does not allocate through an imported malloc";
+    EXPECT_TRUE(free.Found()) << "the DLL does not free through an imported free";
+    g_blocks = 0;
     Stop();
 }
 
@@ -51,6 +71,8 @@ void FailingAllocations::Fail(int first, int count) {
 }
 
 bool FailingAllocations::Happened() const { return g_happened; }
+
+long FailingAllocations::LiveBlocks() const { return g_blocks; }
 
 void FailingAllocations::Stop() { g_first = kNever; }
 

@@ -1,14 +1,16 @@
 #pragma once
 
 #include "ImportPatch.h"
+#include "JsonDll.h"
 
 namespace support {
 
-/// Lets allocations of the DLL fail on demand, for the life of the object. There may be only one at
-/// a time, and only one thread may use the DLL meanwhile. Without a request, allocations work.
+/// Lets allocations of the DLL fail on demand, and counts its blocks, for the life of the object.
+/// There may be only one at a time, and only one thread may use the DLL meanwhile. Without a
+/// request, allocations work.
 class FailingAllocations {
 public:
-    FailingAllocations();
+    explicit FailingAllocations(HMODULE module = JsonDll());
     ~FailingAllocations();
 
     /// Of the allocations from now on, the `first`-th (counted from 1) and the `count - 1` that
@@ -18,11 +20,14 @@ public:
     bool Happened() const;
     /// From now on allocations work.
     void Stop();
+    /// How many more blocks the DLL has than when this object's life began.
+    long LiveBlocks() const;
 
 private:
     ImportPatch malloc;
     ImportPatch calloc;
     ImportPatch realloc;
+    ImportPatch free;
 };
 
 }  // namespace support

@@ -9,7 +9,7 @@
 namespace support {
 
 /// A document with a value of every kind, and a member `spare` that no call of this header asks
-/// for: the handle of a path below it tells how many were issued before.
+/// for: the handle that it gets tells how many were issued before.
 extern const wchar_t kEveryKind[];
 inline constexpr const wchar_t* kSparePath = L"/spare";
 
@@ -21,13 +21,13 @@ enum class Mistake {
     kNullOutput,  ///< no variable for an output
     kNoObject,    ///< a key, but the value is not an object
     kNoMember,    ///< a key that no member has
-    kBadIndex,    ///< an index that is not below the count
     kWrongType,   ///< a value that the operation is not made for
+    kBadIndex,    ///< an index that is not below the count
 };
 
 inline constexpr Mistake kAllMistakes[] = {
-    Mistake::kBadPlace, Mistake::kNullKey,  Mistake::kNullOutput, Mistake::kNoObject,
-    Mistake::kNoMember, Mistake::kBadIndex, Mistake::kWrongType};
+    Mistake::kBadPlace, Mistake::kNullKey,   Mistake::kNullOutput, Mistake::kNoObject,
+    Mistake::kNoMember, Mistake::kWrongType, Mistake::kBadIndex};
 
 const char* NameOf(Mistake mistake);
 

@@ -39,25 +39,23 @@ Parameter Input(const Arguments& arguments) {
     }
 }
 
-/// What an output variable holds before the call.
-template <class Value>
-Value Unwritten() {
-    Value value;
-    std::memset(static_cast<void*>(&value), 0xCD, sizeof value);
-    return value;
-}
+/// What each byte of an output variable holds before the call, those of its padding too.
+constexpr int kUnwrittenByte = 0xCD;
 
 template <class Value>
 bool IsUnwritten(const Value& value) {
-    const Value unwritten = Unwritten<Value>();
-    return std::memcmp(&value, &unwritten, sizeof value) == 0;
+    char unwritten[sizeof value];
+    std::memset(unwritten, kUnwrittenByte, sizeof unwritten);
+    return std::memcmp(&value, unwritten, sizeof value) == 0;
 }
 
 /// The variable of an output; of an input nothing.
 template <class Parameter, bool isInput = kIsInput<Parameter>>
 struct Variable {
     using Value = std::remove_pointer_t<Parameter>;
-    Value value = Unwritten<Value>();
+    Value value;
+
+    Variable() { std::memset(static_cast<void*>(&value), kUnwrittenByte, sizeof value); }
 
     Value* Pass(Output output) {
         if (output == Output::kWild) return reinterpret_cast<Value*>(uintptr_t{16});

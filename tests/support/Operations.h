@@ -73,8 +73,8 @@ struct Answer {
 bool operator==(const Answer& a, const Answer& b);
 std::ostream& operator<<(std::ostream& out, const Answer& answer);
 
-/// Outputs as an Answer writes them out: numbers so that different ones never look the same, bytes
-/// as characters of the same code.
+/// Outputs as an Answer writes them out: numbers with all their digits, bytes as characters of the
+/// same code.
 std::wstring Show(uint32_t number);
 std::wstring Show(int32_t number);
 std::wstring Show(uint64_t number);

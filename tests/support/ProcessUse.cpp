@@ -1,12 +1,14 @@
 #include "ProcessUse.h"
 
 #include <gtest/gtest.h>
-#include <psapi.h>
+
+#include <cstdint>
 
 namespace support {
 namespace {
 
 constexpr SIZE_T kSmallStack = 256 * 1024;
+constexpr uintptr_t kHandleLimit = 0x4000;
 
 DWORD WINAPI Run(void* work) {
     (*static_cast<const std::function<void()>*>(work))();
@@ -16,16 +18,22 @@ DWORD WINAPI Run(void* work) {
 }  // namespace
 
 size_t PrivateBytes() {
-    PROCESS_MEMORY_COUNTERS_EX counters = {};
-    EXPECT_TRUE(GetProcessMemoryInfo(GetCurrentProcess(),
-                                     reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
-                                     sizeof counters));
-    return counters.PrivateUsage;
+    size_t bytes = 0;
+    MEMORY_BASIC_INFORMATION region = {};
+    const char* at = nullptr;
+    while (VirtualQuery(at, &region, sizeof region) != 0) {
+        if (region.State == MEM_COMMIT && region.Type == MEM_PRIVATE) bytes += region.RegionSize;
+        at = static_cast<const char*>(region.BaseAddress) + region.RegionSize;
+    }
+    return bytes;
 }
 
-DWORD HandleCount() {
-    DWORD count = 0;
-    EXPECT_TRUE(GetProcessHandleCount(GetCurrentProcess(), &count));
+int HandleCount() {
+    int count = 0;
+    for (uintptr_t handle = 4; handle < kHandleLimit; handle += 4) {
+        DWORD flags = 0;
+        if (GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags)) ++count;
+    }
     return count;
 }
 

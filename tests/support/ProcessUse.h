@@ -7,11 +7,10 @@
 
 namespace support {
 
-/// The memory that the process has committed for itself.
+/// The memory that the process has committed for itself, and its open handles, counted one by one:
+/// Wine answers nothing of use to GetProcessMemoryInfo and GetProcessHandleCount.
 size_t PrivateBytes();
-
-/// The open handles of the process.
-DWORD HandleCount();
+int HandleCount();
 
 /// Runs `work` on a new thread with a stack of 256 KiB and waits for its end.
 void OnSmallStack(const std::function<void()>& work);

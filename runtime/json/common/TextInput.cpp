@@ -5,6 +5,7 @@
 #include <rapidjson/memorystream.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <climits>
 #include <memory>
 #include <new>
@@ -147,14 +148,19 @@ struct Bytes {
     std::string_view View() const { return {data.get(), size}; }
 };
 
-/// The whole of an open file; nothing when it is empty, or cannot be measured or read.
-std::optional<Bytes> ReadWhole(std::FILE* file) {
+/// The whole of an open file, read so many bytes at a time; nothing when it is empty, or cannot be
+/// measured or read.
+std::optional<Bytes> ReadWhole(std::FILE* file, size_t blockSize) {
     if (!file || std::fseek(file, 0, SEEK_END) != 0) return std::nullopt;
     const long end = std::ftell(file);
     if (end < 1 || std::fseek(file, 0, SEEK_SET) != 0) return std::nullopt;
     const auto size = static_cast<size_t>(end);
     Bytes bytes{Buffer<char>(size), size};
-    if (!bytes.data || std::fread(bytes.data.get(), 1, size, file) != size) return std::nullopt;
+    for (size_t at = 0, count = 0; bytes.data && at < size; at += count) {
+        count = std::min(blockSize, size - at);
+        if (std::fread(bytes.data.get() + at, 1, count, file) != count) return std::nullopt;
+    }
+    if (!bytes.data) return std::nullopt;
     return bytes;
 }
 
@@ -197,14 +203,15 @@ LoadStatus LoadText(JsonDocument& document, const wchar_t* text, const TextRules
 LoadStatus LoadFile(JsonDocument& document, const wchar_t* name, const TextRules& rules) {
     File file = OpenFile(name, L"rb");
     if (!file) return {name ? kNoSuchFile : kNullFileName};
-    if (const auto bytes = ReadWhole(file.get());
+    if (const auto bytes = ReadWhole(file.get(), rules.fileBufferSize);
         bytes && LoadsPlainBytes(document, bytes->View(), rules))
         return {};
     std::rewind(file.get());
     const FirstAttempt first = ParseFile(document, file.get(), rules);
     file.reset();
     return WithFallback(first, [&]() -> std::optional<LoadStatus> {
-        const auto bytes = ReadWhole(OpenFile(name, L"rb").get());
+        // In one piece, unlike the first attempt.
+        const auto bytes = ReadWhole(OpenFile(name, L"rb").get(), SIZE_MAX);
         return bytes ? ParseAnsi(document, bytes->View(), rules) : std::nullopt;
     });
 }

@@ -3,6 +3,9 @@
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/writer.h>
 
+#include <algorithm>
+#include <cstring>
+
 #include "File.h"
 #include "NestingGuard.h"
 #include "OutputEncodings.h"
@@ -60,12 +63,32 @@ std::string_view MarkOf(int32_t encoding) {
     }
 }
 
-/// How many bytes of a file that ended early are kept: blocks are written when the next one begins,
-/// and the last one only with the end of the text.
-size_t WholeBlocks(size_t size) {
-    constexpr size_t kBlock = 260;
-    return size == 0 ? 0 : (size - 1) / kBlock * kBlock;
-}
+/// Writes a text to a file in blocks of 260 bytes. A block is written when the next one begins, the
+/// last one only with the end of the text: one that ended early keeps its whole blocks.
+class BlockWriter {
+public:
+    explicit BlockWriter(std::FILE* target) : file(target) {}
+
+    void Put(std::string_view bytes) {
+        while (!bytes.empty()) {
+            if (used == sizeof block) Flush();
+            const size_t count = std::min(bytes.size(), sizeof block - used);
+            std::memcpy(block + used, bytes.data(), count);
+            used += count;
+            bytes.remove_prefix(count);
+        }
+    }
+
+    void Flush() {
+        std::fwrite(block, 1, used, file);
+        used = 0;
+    }
+
+private:
+    std::FILE* file;
+    size_t used = 0;
+    char block[260];
+};
 
 }  // namespace
 
@@ -110,12 +133,10 @@ bool SaveFile(const JsonValue& root, Layout layout, const wchar_t* name, int32_t
     EncodedText text;
     const bool whole = text.Write(root, layout, encoding);
     if (!text.Bytes().data()) return true;
-    const std::string_view mark = MarkOf(encoding);
-    const size_t size = mark.size() + text.Bytes().size();
-    const size_t kept = whole ? size : WholeBlocks(size);
-    if (kept < mark.size()) return true;
-    if (!mark.empty()) std::fwrite(mark.data(), 1, mark.size(), file.get());
-    std::fwrite(text.Bytes().data(), 1, kept - mark.size(), file.get());
+    BlockWriter blocks(file.get());
+    blocks.Put(MarkOf(encoding));
+    blocks.Put(text.Bytes());
+    if (whole) blocks.Flush();
     return true;
 }
 

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Harness.h"
+
+namespace bench {
+
+// The groups of jobs, each in a file of its own.
+
+void RunLoadJobs(Bench& bench);
+void RunReadJobs(Bench& bench);
+void RunFindJobs(Bench& bench);
+void RunBuildJobs(Bench& bench);
+void RunOutputJobs(Bench& bench);
+void RunPackageJobs(Bench& bench);
+void RunMemoryJobs(Bench& bench);
+
+}  // namespace bench

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <boost/json.hpp>
+#include <string>
+
+#include "Checksum.h"
+#include "Form.h"
+#include "Text.h"
+#include "peers/WholeFile.h"
+
+namespace bench {
+
+/// Boost.JSON. Documents that are loaded to be read lie in a monotonic resource, as its manual
+/// advises; those that are built or changed lie on the heap.
+template <bool onlyRead>
+class BoostJsonOver {
+public:
+    static constexpr const char* kName = "Boost.JSON";
+
+    // ---- Loading
+    void LoadText(const std::wstring& text) { Parse(convert.Utf8(text)); }
+    void LoadBytes(const std::string& bytes) { Parse(bytes); }
+    void LoadFile(const std::wstring& file) { LoadBytes(ReadWhole(file)); }
+
+    // ---- Reading
+    uint64_t Walk() { return Sum(*document); }
+
+    int64_t Find(const std::wstring& key) {
+        const auto* found = document->get_object().if_contains(convert.Utf8(key));
+        return found ? found->get_int64() : kAbsent;
+    }
+
+    // ---- Building
+    void BeginArray() { document.emplace(boost::json::array()); }
+    void BeginObject() { document.emplace(boost::json::object()); }
+    void AddRecord(const std::wstring& name, int32_t count, double price) {
+        boost::json::object record;
+        record.emplace(convert.Utf8(L"name"), values.Utf8(name));
+        record.emplace(convert.Utf8(L"count"), count);
+        record.emplace(convert.Utf8(L"price"), price);
+        document->get_array().push_back(std::move(record));
+    }
+    void AddMember(const std::wstring& key, int32_t number) {
+        document->get_object().emplace(convert.Utf8(key), number);
+    }
+
+    // ---- A keyed store
+    void Clear() { BeginObject(); }
+    void Set(const std::wstring& key, double number) {
+        document->get_object()[convert.Utf8(key)] = number;
+    }
+    double Get(const std::wstring& key) {
+        return document->get_object().if_contains(convert.Utf8(key))->get_double();
+    }
+    bool Contains(const std::wstring& key) {
+        return document->get_object().contains(convert.Utf8(key));
+    }
+    void Remove(const std::wstring& key) {
+        // Puts the last member in the place of the removed one: the order is not kept.
+        document->get_object().erase(convert.Utf8(key));
+    }
+    size_t Count() const { return document->get_object().size(); }
+
+    // ---- Writing
+    static constexpr bool Writes(Form form) {
+        return form != Form::kAscii && form != Form::kUtf16Be;
+    }
+    Written Write(Form form) {
+        written = boost::json::serialize(*document);
+        if (form == Form::kUtf8) return {written.data(), written.size()};
+        const std::wstring_view wide = convert.Wide(written);
+        return {wide.data(), wide.size() * sizeof(wchar_t)};
+    }
+
+private:
+    void Parse(std::string_view utf8) {
+        document.reset();
+        boost::json::storage_ptr storage;
+        if constexpr (onlyRead)
+            storage = boost::json::make_shared_resource<boost::json::monotonic_resource>();
+        document.emplace(boost::json::parse(utf8, storage));
+    }
+
+    uint64_t Sum(const boost::json::value& value) {
+        switch (value.kind()) {
+            case boost::json::kind::object: {
+                const auto& object = value.get_object();
+                uint64_t sum = ContainerSum(object.size());
+                for (const auto& member : object)
+                    sum += NameSum(convert.Wide(member.key())) + Sum(member.value());
+                return sum;
+            }
+            case boost::json::kind::array: {
+                const auto& array = value.get_array();
+                uint64_t sum = ContainerSum(array.size());
+                for (const auto& element : array) sum += Sum(element);
+                return sum;
+            }
+            case boost::json::kind::string:
+                return StringSum(convert.Wide(value.get_string()));
+            case boost::json::kind::bool_:
+                return BooleanSum(value.get_bool());
+            case boost::json::kind::null:
+                return kNullSum;
+            default:
+                return NumberSum(value.to_number<double>());
+        }
+    }
+
+    std::optional<boost::json::value> document;
+    Converter convert, values;
+    std::string written;
+};
+
+using BoostJson = BoostJsonOver<true>;
+using BoostStore = BoostJsonOver<false>;
+
+}  // namespace bench

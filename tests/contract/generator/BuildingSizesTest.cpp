@@ -1,0 +1,175 @@
+// Large documents and deep ones.
+
+#include <gtest/gtest.h>
+
+#include "BuildScene.h"
+
+namespace {
+
+using namespace building;
+using support::Generator;
+using support::NewGenerator;
+
+constexpr int kElements = 1000000;
+constexpr int kMembers = 100000;
+
+/// A generator and its root in all three families, with the handle 1.
+struct Rooted {
+    explicit Rooted(bool isObject) {
+        EXPECT_EQ(1, isObject ? generator->ResetRootObjectValue(&root.reference)
+                              : generator->ResetRootArrayValue(&root.reference));
+        uint32_t handle = 0;
+        EXPECT_EQ(1, generator->GetItemHandleByPath(L"/", &handle));
+        EXPECT_EQ(1u, handle);
+        root.handle = 1;
+        root.path = L"/";
+    }
+
+    Generator generator = NewGenerator();
+    Arguments root;
+};
+
+/// Adds the integers from 0 to the root; how many of the calls did as they should.
+int AddIntegers(Rooted& rooted, Family family, bool keyed, int count) {
+    const Operation& add = OperationFor(Kind::kInt, family, keyed);
+    Arguments arguments = rooted.root;
+    int good = 0;
+    for (int i = 0; i < count; ++i) {
+        const std::wstring key = L"k" + std::to_wstring(i);
+        arguments.key = key.c_str();
+        arguments.payload.int32 = i;
+        const Answer answer = add.call(*rooted.generator, arguments);
+        const bool isNext = family == Family::kReference || answer.output == i + 2u;
+        if (answer.result == 1 && answer.output && isNext) ++good;
+    }
+    return good;
+}
+
+std::wstring ExpectedElements() {
+    Document expected(rapidjson::kArrayType);
+    for (int i = 0; i < kElements; ++i) expected.PushBack(i, expected.GetAllocator());
+    return TextOf(expected);
+}
+
+std::wstring ExpectedMembers() {
+    Document expected(rapidjson::kObjectType);
+    Allocator& allocator = expected.GetAllocator();
+    for (int i = 0; i < kMembers; ++i)
+        expected.AddMember(NewString(L"k" + std::to_wstring(i), allocator), Value(i), allocator);
+    return TextOf(expected);
+}
+
+class BuildingSizes : public testing::TestWithParam<Family> {};
+
+TEST_P(BuildingSizes, AMillionElements) {
+    Rooted rooted(false);
+    EXPECT_EQ(kElements, AddIntegers(rooted, GetParam(), false, kElements));
+    EXPECT_TRUE(ExpectedElements() == TextOf(*rooted.generator));
+    uint32_t handle = 0;
+    const uint32_t last = GetParam() == Family::kReference ? 2 : kElements + 1;
+    EXPECT_EQ(1, rooted.generator->GetItemHandleByPath(L"/1000000", &handle));
+    EXPECT_EQ(last, handle);
+    EXPECT_EQ(-10, rooted.generator->GetItemHandleByPath(L"/1000001", &handle));
+    wchar_t path[1024] = L"";
+    EXPECT_EQ(1, rooted.generator->GetItemPath(static_cast<int32_t>(last), path));
+    EXPECT_STREQ(L"/1000000", path);
+}
+
+TEST_P(BuildingSizes, AHundredThousandMembers) {
+    Rooted rooted(true);
+    EXPECT_EQ(kMembers, AddIntegers(rooted, GetParam(), true, kMembers));
+    EXPECT_TRUE(ExpectedMembers() == TextOf(*rooted.generator));
+    if (GetParam() == Family::kReference) return;
+    // Each of these finds its member again.
+    EXPECT_EQ(1000, AddIntegers(rooted, GetParam(), true, 1000));
+    EXPECT_TRUE(ExpectedMembers() == TextOf(*rooted.generator));
+}
+
+INSTANTIATE_TEST_SUITE_P(Families, BuildingSizes, testing::ValuesIn(kAllFamilies));
+
+constexpr int kTooDeep = 200000;
+
+/// Nests containers below one, an array and an object in turn; the innermost, an array.
+uint64_t Nest(QXJSON::IJsonGenerator& generator, uint64_t array, int levels) {
+    int good = 0;
+    uint64_t place = array;
+    for (int i = 0; i < levels; i += 2) {
+        uint64_t object = 0;
+        good += generator.AddArrayValueObject(place, &object);
+        good += generator.AddObjectValueArray(object, L"k", &place);
+    }
+    EXPECT_EQ(levels, good);
+    return place;
+}
+
+int WriteResult(QXJSON::IJsonGenerator& generator) {
+    const wchar_t* text = nullptr;
+    return generator.GetJsonString(&text);
+}
+
+TEST(BuildingDepth, ADocumentTooDeepToBeWrittenCanBeBuiltOn) {
+    Rooted rooted(false);
+    auto& generator = *rooted.generator;
+    const uint64_t innermost = Nest(generator, rooted.root.reference, kTooDeep);
+    EXPECT_EQ(-5, WriteResult(generator));
+    uint64_t reference = 0;
+    EXPECT_EQ(1, generator.AddArrayValueString(innermost, L"at the bottom", &reference));
+    uint32_t handle = 0;
+    EXPECT_EQ(1, generator.AddArrayItemObject(1, &handle));
+    EXPECT_EQ(2u, handle);
+    EXPECT_EQ(1, generator.AddObjectItemNull(2, L"at the top", &handle));
+    EXPECT_EQ(1, generator.GetItemHandleByPath(L"/1/k/1/k", &handle));
+    EXPECT_EQ(4u, handle);
+    EXPECT_EQ(1, generator.AddArrayItemInt(4, 1, &handle));
+    EXPECT_EQ(-5, WriteResult(generator));
+    EXPECT_EQ(1, generator.CreateRootObject(&handle));
+    EXPECT_EQ(L"{}", TextOf(generator));
+}
+
+TEST(BuildingDepth, OnceTheDeepPartIsGoneTheRestIsWritten) {
+    Rooted rooted(true);
+    auto& generator = *rooted.generator;
+    uint64_t deep = 0;
+    EXPECT_EQ(1, generator.AddObjectValueArray(rooted.root.reference, L"deep", &deep));
+    uint32_t handle = 0;
+    EXPECT_EQ(1, generator.GetItemHandleByPath(L"/deep", &handle));
+    Nest(generator, deep, kTooDeep);
+    EXPECT_EQ(-5, WriteResult(generator));
+    EXPECT_EQ(1, generator.AddObjectItemString(1, L"deep", L"no more", &handle));
+    EXPECT_EQ(LR"({"deep":"no more"})", TextOf(generator));
+}
+
+TEST(BuildingDepth, ADeepDocumentIsReleased) {
+    for (const bool write : {false, true}) {
+        QXJSON::IJsonGenerator* generator = NewGenerator().release();
+        uint64_t root = 0;
+        EXPECT_EQ(1, generator->ResetRootArrayValue(&root));
+        Nest(*generator, root, kTooDeep);
+        if (write) {
+            EXPECT_EQ(-5, WriteResult(*generator));
+        }
+        EXPECT_EQ(1, generator->Release());
+    }
+}
+
+TEST(BuildingDepth, ManyLevelsByHandle) {
+    constexpr int kLevels = 3000;
+    Rooted rooted(false);
+    auto& generator = *rooted.generator;
+    uint32_t handle = 1;
+    int good = 0;
+    for (int i = 0; i < kLevels; ++i)
+        good += generator.AddArrayItemArray(static_cast<int32_t>(handle), &handle);
+    EXPECT_EQ(kLevels, good);
+    EXPECT_EQ(kLevels + 1u, handle);
+    const std::wstring expected = std::wstring(kLevels + 1, L'[') + std::wstring(kLevels + 1, L']');
+    EXPECT_TRUE(expected == TextOf(generator));
+    Nest(generator, rooted.root.reference, kTooDeep);
+    EXPECT_EQ(-5, WriteResult(generator));
+    EXPECT_EQ(1, generator.AddArrayItemNull(static_cast<int32_t>(handle), &handle));
+    EXPECT_EQ(kLevels + 2u, handle);
+    EXPECT_EQ(1, generator.ResetRootObjectValue(&rooted.root.reference));
+    EXPECT_EQ(L"{}", TextOf(generator));
+}
+
+}  // namespace

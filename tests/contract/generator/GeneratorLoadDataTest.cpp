@@ -1,0 +1,155 @@
+// Documents of the data folder, where there is one: the environment variable JSON_TEST_DATA names
+// it. Documents of the test's own are always there.
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstdlib>
+#include <vector>
+
+#include "Encode.h"
+#include "GraftReference.h"
+#include "JsonDll.h"
+#include "LoadOutcome.h"
+#include "OutputForm.h"
+#include "OutputReference.h"
+#include "TempFile.h"
+
+namespace {
+
+using support::Generator;
+using support::GeneratorOf;
+using support::JsonOf;
+using support::NewGenerator;
+using support::OutputForm;
+using support::TempFile;
+using support::Written;
+
+struct Named {
+    std::wstring name;
+    std::string bytes;
+};
+
+/// The documents in a folder of the data folder; none where there is no such folder.
+std::vector<Named> DocumentsIn(const std::wstring& subfolder) {
+    const wchar_t* folder = _wgetenv(L"JSON_TEST_DATA");
+    if (folder == nullptr) return {};
+    const std::wstring path = std::wstring(folder) + L"\\" + subfolder + L"\\";
+    WIN32_FIND_DATAW found = {};
+    HANDLE search = FindFirstFileW((path + L"*.json").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return {};
+    std::vector<Named> documents;
+    do {
+        const std::wstring name = found.cFileName;
+        documents.push_back({name, support::ReadFileBytes(path + name)});
+    } while (FindNextFileW(search, &found));
+    FindClose(search);
+    return documents;
+}
+
+/// Texts that must come back as they are.
+const Named kRoundTrips[] = {
+    {L"literals", "[null,true,false]"},
+    {L"empty containers", "[[],{},[[]],{\"a\":{}}]"},
+    {L"integers", "[0,-1,2147483647,-2147483648,4294967295,18446744073709551615]"},
+    {L"wide integers", "[-9223372036854775808,9223372036854775807]"},
+    {L"doubles", "[0.0,-0.0,1.5,-0.25,3.141592653589793,1e300,5e-324]"},
+    {L"texts", "[\"\",\"a\\nb\\t\\\"\\\\/\",\"\xC3\xA9\",\"\xF0\x9D\x84\x9E\",\"\\u0000\\u001F\"]"},
+    {L"nested", "{\"a\":{\"b\":[{\"c\":{}}]},\"\":[],\"a\":1}"},
+};
+
+TEST(GeneratorLoadData, TextsComeBackUnchanged) {
+    std::vector<Named> documents = DocumentsIn(L"roundtrip");
+    documents.insert(documents.end(), std::begin(kRoundTrips), std::end(kRoundTrips));
+    for (const Named& document : documents) {
+        SCOPED_TRACE(testing::PrintToString(document.name));
+        const support::ReferenceDocument reference = [&] {
+            rapidjson::GenericDocument<rapidjson::UTF16<>> parsed;
+            parsed.Parse<rapidjson::kParseDefaultFlags, rapidjson::UTF8<>>(document.bytes.c_str());
+            return parsed;
+        }();
+        const Generator generator = GeneratorOf(support::ReferenceText(reference));
+        EXPECT_EQ(document.bytes, support::Encode(JsonOf(*generator), support::Encoding::kUtf8));
+
+        const TempFile file(document.bytes);
+        uint32_t root = 0;
+        EXPECT_EQ(1, generator->LoadJsonFile(file.Name(), &root));
+        EXPECT_EQ((Written{1, document.bytes}),
+                  support::WriteIn({OutputForm::kBytes, 2}, *generator));
+    }
+}
+
+/// A document with something of everything, of about a megabyte.
+std::string LargeDocument() {
+    std::string rows = "{\"rows\":[";
+    for (int i = 0; i < 8000; ++i)
+        rows += (i == 0 ? "{\"id\":" : ",{\"id\":") + std::to_string(i) + ",\"at\":[-65.61361" +
+                std::to_string(i) + "999977,43.4200],\"text\":\"\xE2\x82\xAC \xF0\x9D\x84\x9E\\n" +
+                std::string(static_cast<size_t>(i % 50), 'x') + "\",\"on\":[true,null,{}]}";
+    return rows + "]}";
+}
+
+/// Reads a file with the parser: what became of it as compact text.
+std::wstring ReadBack(const wchar_t* fileName) {
+    const support::Parser parser = support::NewParser();
+    EXPECT_EQ(1, parser->LoadJsonFile(fileName));
+    return support::TreeOf(*parser);
+}
+
+void ExpectToComeBack(const std::string& bytes) {
+    const TempFile source(bytes);
+    const Generator generator = NewGenerator();
+    uint32_t root = 0;
+    ASSERT_EQ(1, generator->LoadJsonFile(source.Name(), &root));
+    const std::wstring text = JsonOf(*generator);
+    EXPECT_TRUE(ReadBack(source.Name()) == text) << "loaded differently from the parser";
+
+    // Reading a double is not exact to the last bit, so that a second reading may differ.
+    const std::wstring expected = support::ReferenceText(support::ReferenceParse(text));
+    for (const OutputForm& form : support::FileForms()) {
+        if (form.style == 1) continue;
+        const TempFile copy;
+        ASSERT_EQ(1, support::SaveIn(form, *generator, copy.Name()));
+        EXPECT_TRUE(copy.IsClosed());
+        EXPECT_TRUE(ReadBack(copy.Name()) == expected) << form;
+    }
+    for (const int32_t selector : support::kAllSelectors) {
+        const uint8_t* data = nullptr;
+        uint64_t length = 0;
+        ASSERT_EQ(1, generator->GetJsonBytes(&data, &length, selector));
+        const support::Parser parser = support::NewParser();
+        EXPECT_EQ(1, parser->LoadJsonBytes(reinterpret_cast<const char*>(data),
+                                           static_cast<uint32_t>(length)));
+        EXPECT_TRUE(support::TreeOf(*parser) == expected) << "bytes in encoding " << selector;
+    }
+}
+
+TEST(GeneratorLoadData, LargeDocumentsComeBackInEveryEncoding) {
+    std::vector<Named> documents = DocumentsIn(L".");
+    documents.push_back({L"own", LargeDocument()});
+    for (const Named& document : documents) {
+        SCOPED_TRACE(testing::PrintToString(document.name));
+        ExpectToComeBack(document.bytes);
+    }
+}
+
+/// What is grafted comes in as what is loaded.
+TEST(GeneratorLoadData, LargeDocumentsAreGrafted) {
+    std::vector<Named> documents = DocumentsIn(L".");
+    documents.push_back({L"own", LargeDocument()});
+    for (const Named& document : documents) {
+        SCOPED_TRACE(testing::PrintToString(document.name));
+        const TempFile source(document.bytes);
+        const Generator generator = NewGenerator();
+        uint32_t handle = 0;
+        ASSERT_EQ(1, generator->LoadJsonFile(source.Name(), &handle));
+        const std::wstring text = JsonOf(*generator);
+        ASSERT_EQ(1, generator->CreateRootArray(&handle));
+        EXPECT_EQ(1, generator->AddArrayItemJsonFile(1, source.Name(), &handle));
+        EXPECT_EQ(1, generator->AddArrayItemJsonStringByPath(L"/", text.c_str(), &handle));
+        const std::wstring second = support::ReferenceText(support::ReferenceParse(text));
+        EXPECT_TRUE(L"[" + text + L"," + second + L"]" == JsonOf(*generator));
+    }
+}
+
+}  // namespace

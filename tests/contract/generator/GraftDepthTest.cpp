@@ -1,0 +1,162 @@
+// Sources that are nested deeper than the stack of the caller carries: loading and grafting them
+// answers -5, changes nothing, closes the file and leaves a generator that works.
+
+#include <gtest/gtest.h>
+
+#include "FailingAllocations.h"
+#include "GraftRoute.h"
+#include "GraftScene.h"
+#include "JsonDll.h"
+#include "OutputExhaustion.h"
+#include "OutputForm.h"
+#include "ProcessUse.h"
+
+namespace {
+
+using support::AllGraftRoutes;
+using support::FileRoutes;
+using support::Graft;
+using support::GraftArguments;
+using support::Grafted;
+using support::GraftRoute;
+using support::GraftScene;
+using support::GraftSource;
+using support::JsonOf;
+using support::kUnwrittenHandle;
+
+std::string Repeated(const std::string& part, int count) {
+    std::string all;
+    while (count-- > 0) all += part;
+    return all;
+}
+
+struct Nesting {
+    const char* name;
+    std::string open;
+    std::string close;
+
+    std::string Document(int times) const {
+        return Repeated(open, times) + "0" + Repeated(close, times);
+    }
+};
+
+const Nesting kNestings[] = {
+    {"arrays", "[", "]"},
+    {"objects", "{\"\":", "}"},
+    {"both", "[{\"key\":", "}]"},
+};
+
+constexpr int kTooDeep = 200'000;
+
+/// The bytes of text: as they are in a file, as UTF-16 in text.
+std::string BytesFor(const GraftRoute& route, const std::string& ascii) {
+    if (route.fromFile) return ascii;
+    std::string wide;
+    for (const char c : ascii) wide += {c, '\0'};
+    return wide;
+}
+
+void ExpectTooDeep(const GraftRoute& route, const std::string& json) {
+    SCOPED_TRACE(route.name);
+    const GraftSource source(route, BytesFor(route, json));
+    const GraftArguments arguments = GraftScene::Good(route, source);
+    GraftScene scene;
+    scene.ExpectFailure(-5, route, arguments);
+    support::OnSmallStack([&] { scene.ExpectFailure(-5, route, arguments); });
+    EXPECT_TRUE(source.IsClosed());
+
+    const GraftSource flat(route, std::wstring(L"{\"a\":[1]}"));
+    EXPECT_EQ(GraftScene::AnswerOf(route), Graft(route, *scene, GraftScene::Good(route, flat)));
+    EXPECT_EQ(GraftScene::DocumentWith(route, L"{\"a\":[1]}"), JsonOf(*scene));
+}
+
+TEST(GraftDepth, TooDeep) {
+    for (const Nesting& nesting : kNestings) {
+        SCOPED_TRACE(nesting.name);
+        for (const GraftRoute& route : AllGraftRoutes()) {
+            ExpectTooDeep(route, nesting.Document(kTooDeep));
+            ExpectTooDeep(route, Repeated(nesting.open, kTooDeep));
+        }
+    }
+}
+
+TEST(GraftDepth, TooDeepInTheSecondAttempt) {
+    for (const GraftRoute& route : FileRoutes())
+        ExpectTooDeep(route, "[\"\xE9.\"," + kNestings[0].Document(kTooDeep) + "]");
+}
+
+TEST(GraftDepth, ThreeHundredLevelsOnASmallStack) {
+    for (const Nesting& nesting : kNestings) {
+        const std::string json = nesting.Document(nesting.open.size() > 5 ? 150 : 300);
+        for (const GraftRoute& route : AllGraftRoutes()) {
+            SCOPED_TRACE(testing::Message() << nesting.name << route.name);
+            const GraftSource source(route, BytesFor(route, json));
+            const GraftScene scene;
+            Grafted grafted;
+            std::wstring text;
+            support::OnSmallStack([&] {
+                grafted = Graft(route, *scene, GraftScene::Good(route, source));
+                text = JsonOf(*scene);
+            });
+            EXPECT_EQ(GraftScene::AnswerOf(route), grafted);
+            EXPECT_EQ(GraftScene::DocumentWith(route, std::wstring(json.begin(), json.end())),
+                      text);
+        }
+    }
+}
+
+TEST(GraftDepth, AThousandLevelsOnAnOrdinaryStack) {
+    for (const Nesting& nesting : kNestings) {
+        const std::string json = nesting.Document(nesting.open.size() > 5 ? 500 : 1000);
+        for (const GraftRoute& route : AllGraftRoutes()) {
+            SCOPED_TRACE(testing::Message() << nesting.name << route.name);
+            const GraftSource source(route, BytesFor(route, json));
+            const GraftScene scene;
+            EXPECT_EQ(GraftScene::AnswerOf(route),
+                      Graft(route, *scene, GraftScene::Good(route, source)));
+            EXPECT_EQ(GraftScene::DocumentWith(route, std::wstring(json.begin(), json.end())),
+                      JsonOf(*scene));
+        }
+    }
+}
+
+/// Grafts into one another make a document that is too deep to be written, but not to be grafted
+/// into: only the new part is gone through.
+TEST(GraftDepth, ADocumentThatGrowsTooDeep) {
+    const support::Generator generator = support::GeneratorOf(L"[]");
+    const std::wstring tree = std::wstring(500, L'[') + std::wstring(500, L']');
+    uint64_t value = 0;
+    ASSERT_EQ(1, generator->ResetRootArrayValue(&value));
+    uint32_t handle = 0;
+    ASSERT_EQ(1, generator->AddArrayItemJsonStringByPath(L"/", L"[]", &handle));
+    for (int i = 0; i < kTooDeep; ++i) ASSERT_EQ(1, generator->AddArrayValueArray(value, &value));
+    EXPECT_EQ(-5, support::WriteIn({support::OutputForm::kText}, *generator).result);
+    uint32_t grafted = kUnwrittenHandle;
+    EXPECT_EQ(
+        1, generator->AddArrayItemJsonString(static_cast<int32_t>(handle), tree.c_str(), &grafted));
+    EXPECT_EQ(handle + 1, grafted);
+    EXPECT_EQ(1, generator->LoadJsonString(tree.c_str(), &handle));
+    EXPECT_EQ(tree, JsonOf(*generator));
+}
+
+/// No memory is lost.
+void ExpectNoLoss(const GraftRoute& route) {
+    SCOPED_TRACE(route.name);
+    const GraftSource source(route, BytesFor(route, Repeated("[", kTooDeep)));
+    const GraftArguments arguments = GraftScene::Good(route, source);
+    const GraftScene scene;
+    const support::FailingAllocations allocations;
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(-5, Graft(route, *scene, arguments).result);
+    EXPECT_EQ(0, allocations.LiveBlocks());
+}
+
+/// Nor is a file left open. The first round lets the system open what it keeps.
+TEST(GraftDepth, NothingIsLost) {
+    support::PrepareForExhaustion();
+    for (const GraftRoute& route : AllGraftRoutes()) ExpectNoLoss(route);
+    const DWORD handles = support::HandleCount();
+    for (const GraftRoute& route : AllGraftRoutes()) ExpectNoLoss(route);
+    EXPECT_EQ(handles, support::HandleCount());
+}
+
+}  // namespace

@@ -1,0 +1,342 @@
+// Grafts that fail: every mistake alone and every two together. The one that is found out first
+// decides, and nothing changes.
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <vector>
+
+#include "GraftRoute.h"
+#include "GraftScene.h"
+#include "ImportPatch.h"
+#include "JsonDll.h"
+#include "OutputForm.h"
+
+namespace {
+
+using support::Graft;
+using support::GraftArguments;
+using support::Grafted;
+using support::GraftRoute;
+using support::GraftScene;
+using support::GraftsOnly;
+using support::GraftSource;
+using support::HandleAt;
+using support::StateOf;
+
+enum class Mistake {
+    kBadPlace,      ///< an unknown handle, a path to nothing
+    kNoOutput,      ///< no variable for the handle
+    kWrongKind,     ///< a parent that is no object or array, as the graft needs it
+    kDeadParent,    ///< a handle whose item was overwritten from above
+    kNullSource,    ///< no text, no file name
+    kBrokenSource,  ///< JSON that does not parse
+    kScalarSource,  ///< JSON whose root is neither object nor array
+    kNullKey,       ///< no key
+    kDeadChild,     ///< a key that had a handle, for a member that was overwritten from above
+};
+
+constexpr Mistake kAllMistakes[] = {
+    Mistake::kBadPlace,     Mistake::kNoOutput,   Mistake::kWrongKind,
+    Mistake::kDeadParent,   Mistake::kNullSource, Mistake::kBrokenSource,
+    Mistake::kScalarSource, Mistake::kNullKey,    Mistake::kDeadChild,
+};
+
+const char* NameOf(Mistake mistake) {
+    constexpr const char* kNames[] = {"bad place",     "no output",   "wrong kind",
+                                      "dead parent",   "null source", "broken source",
+                                      "scalar source", "null key",    "dead child"};
+    return kNames[static_cast<int>(mistake)];
+}
+
+/// When a route finds a mistake out: all those of a stage exclude each other.
+enum Stage { kPlace, kOutput, kKind, kSource, kKey };
+
+Stage StageOf(Mistake mistake) {
+    switch (mistake) {
+        case Mistake::kBadPlace:
+            return kPlace;
+        case Mistake::kNoOutput:
+            return kOutput;
+        case Mistake::kWrongKind:
+        case Mistake::kDeadParent:
+            return kKind;
+        case Mistake::kNullKey:
+        case Mistake::kDeadChild:
+            return kKey;
+        default:
+            return kSource;
+    }
+}
+
+/// Text by handle is parsed before the parent is looked at.
+int RankOf(Mistake mistake, const GraftRoute& route) {
+    const Stage stage = StageOf(mistake);
+    const bool isParsedFirst = !route.fromFile && route.parent == GraftRoute::kByHandle;
+    if (isParsedFirst && stage == kSource) return kKind;
+    if (isParsedFirst && stage == kKind) return kSource;
+    return stage;
+}
+
+int ResultOf(Mistake mistake, const GraftRoute& route) {
+    switch (mistake) {
+        case Mistake::kBadPlace:
+            return route.parent == GraftRoute::kByPath ? -10 : -2;
+        case Mistake::kNullSource:
+        case Mistake::kBrokenSource:
+            return route.BadSourceResult();
+        case Mistake::kScalarSource:
+            return -3;
+        case Mistake::kNullKey:
+        case Mistake::kDeadChild:
+            return -5;
+        default:
+            return 0;
+    }
+}
+
+bool CanMake(Mistake mistake, const GraftRoute& route) {
+    if (StageOf(mistake) == kKey) return route.TakesKey();
+    return mistake != Mistake::kDeadParent || route.parent == GraftRoute::kByHandle;
+}
+
+bool CanMakeBoth(Mistake a, Mistake b) {
+    const bool isPlace[] = {StageOf(a) == kPlace || StageOf(a) == kKind,
+                            StageOf(b) == kPlace || StageOf(b) == kKind};
+    return StageOf(a) != StageOf(b) && !(isPlace[0] && isPlace[1]);
+}
+
+constexpr int32_t kDead = 5;
+constexpr uint32_t kNext = 6;
+
+/// A scene in which the object had a member "gone", under the handle 5.
+GraftScene SceneWithLosses() {
+    GraftScene scene;
+    uint32_t handle = 0;
+    EXPECT_EQ(1, scene->AddObjectItemArray(GraftScene::kObject, L"gone", &handle));
+    EXPECT_EQ(uint32_t{kDead}, handle);
+    EXPECT_EQ(1, scene->AddObjectItemJsonString(1, L"object", L"{\"old\":1}", &handle));
+    EXPECT_EQ(uint32_t{GraftScene::kObject}, handle);
+    return scene;
+}
+
+/// A call that is good but for the mistakes made in it.
+class Call {
+public:
+    explicit Call(const GraftRoute& of)
+        : route(of),
+          good(of, std::wstring(L"[1]")),
+          broken(of, std::wstring(L"[1")),
+          scalar(of, std::wstring(L"1")),
+          arguments(GraftScene::Good(of, good)) {}
+
+    void Make(Mistake mistake) {
+        switch (mistake) {
+            case Mistake::kBadPlace:
+                arguments.parent = 999;
+                arguments.path = L"/nowhere";
+                return;
+            case Mistake::kNoOutput:
+                arguments.hasOutput = false;
+                return;
+            case Mistake::kWrongKind:
+                arguments.parent = GraftScene::kText;
+                arguments.path = L"/text";
+                return;
+            case Mistake::kDeadParent:
+                arguments.parent = kDead;
+                return;
+            case Mistake::kNullSource:
+                arguments.source = nullptr;
+                return;
+            case Mistake::kBrokenSource:
+                arguments.source = broken.Argument();
+                return;
+            case Mistake::kScalarSource:
+                arguments.source = scalar.Argument();
+                return;
+            case Mistake::kNullKey:
+                arguments.key = nullptr;
+                return;
+            case Mistake::kDeadChild:
+                arguments.key = L"gone";
+                return;
+        }
+    }
+
+    void ExpectFailure(int result) const {
+        GraftScene scene = SceneWithLosses();
+        scene.ExpectFailure(result, route, arguments);
+        scene.ExpectNextHandle(kNext);
+        EXPECT_TRUE(good.IsClosed() && broken.IsClosed() && scalar.IsClosed());
+    }
+
+private:
+    const GraftRoute& route;
+    GraftSource good, broken, scalar;
+    GraftArguments arguments;
+};
+
+TEST(GraftMistakes, EachAlone) {
+    for (const GraftRoute& route : GraftsOnly()) {
+        for (const Mistake mistake : kAllMistakes) {
+            if (!CanMake(mistake, route)) continue;
+            SCOPED_TRACE(testing::Message() << route << ": " << NameOf(mistake));
+            Call call(route);
+            call.Make(mistake);
+            call.ExpectFailure(ResultOf(mistake, route));
+        }
+    }
+}
+
+TEST(GraftMistakes, TheFirstOfTwoDecides) {
+    int pairs = 0;
+    for (const GraftRoute& route : GraftsOnly()) {
+        for (const Mistake first : kAllMistakes) {
+            for (const Mistake second : kAllMistakes) {
+                if (!CanMake(first, route) || !CanMake(second, route)) continue;
+                if (!CanMakeBoth(first, second) || RankOf(first, route) > RankOf(second, route))
+                    continue;
+                SCOPED_TRACE(testing::Message()
+                             << route << ": " << NameOf(first) << " and " << NameOf(second));
+                Call call(route);
+                call.Make(first);
+                call.Make(second);
+                call.ExpectFailure(ResultOf(first, route));
+                ++pairs;
+            }
+        }
+    }
+    EXPECT_GT(pairs, 100);
+}
+
+/// The call without mistakes, in the scene that all of the above use.
+TEST(GraftMistakes, None) {
+    for (const GraftRoute& route : GraftsOnly()) {
+        const GraftScene scene = SceneWithLosses();
+        const GraftSource source(route, std::wstring(L"[1]"));
+        EXPECT_EQ((Grafted{1, kNext}), Graft(route, *scene, GraftScene::Good(route, source)));
+        EXPECT_EQ(GraftScene::DocumentWith(route, L"[1]"), support::JsonOf(*scene));
+    }
+}
+
+TEST(GraftMistakes, UnknownHandles) {
+    for (const GraftRoute& route : GraftsOnly()) {
+        if (route.parent != GraftRoute::kByHandle) continue;
+        SCOPED_TRACE(route.name);
+        const GraftSource source(route, std::wstring(L"[1]"));
+        GraftScene scene;
+        for (const int32_t handle : {0, -1, -2, INT_MIN, INT_MAX, 5, 6, 1000, 65537}) {
+            GraftArguments arguments = GraftScene::Good(route, source);
+            arguments.parent = handle;
+            scene.ExpectFailure(-2, route, arguments);
+        }
+        scene.ExpectNextHandle(GraftScene::kNext);
+    }
+}
+
+/// A position below something that does not exist faults before it is looked for.
+TEST(GraftMistakes, PathsToNothing) {
+    struct Row {
+        const wchar_t* path;
+        int result;
+    };
+    const Row rows[] = {
+        {nullptr, -10},       {L"", -10},           {L"object", -10},      {L"array", -10},
+        {L"~/object", -10},   {L"//", -10},         {L"//object", -10},    {L"/nowhere", -10},
+        {L"/Object", -10},    {L"/object/", -10},   {L"/object/new", -10}, {L"/array/", -10},
+        {L"/array/0", -10},   {L"/array/-1", -10},  {L"/array/3", -10},    {L"/array/x1", -10},
+        {L"/array/one", -10}, {L"/text/1", -10},    {L"/text/a", -10},     {L"/object~", -10},
+        {L"/obj~0ect", -10},  {L"/obj~2ect", -10},  {L"/~object", -10},    {L"#/object", -10},
+        {L"/nowhere/1", -5},  {L"/nowhere/a1", -5}, {L"/array/9/1", -5},
+    };
+    for (const GraftRoute& route : GraftsOnly()) {
+        if (route.parent != GraftRoute::kByPath) continue;
+        const GraftSource source(route, std::wstring(L"[1]"));
+        GraftScene scene;
+        for (const Row& row : rows) {
+            SCOPED_TRACE(testing::Message() << route << testing::PrintToString(row.path));
+            GraftArguments arguments = GraftScene::Good(route, source);
+            arguments.path = row.path;
+            scene.ExpectFailure(row.result, route, arguments);
+        }
+        scene.ExpectNextHandle(GraftScene::kNext);
+    }
+}
+
+int g_opens = 0;
+
+errno_t CountedOpen(std::FILE** file, const wchar_t* name, const wchar_t* mode) {
+    ++g_opens;
+    return _wfopen_s(file, name, mode);
+}
+
+/// Parents of every kind but the right one. No file is opened for them.
+TEST(GraftMistakes, ParentsOfTheWrongKind) {
+    const support::ImportPatch open(support::JsonDll(), "_wfopen_s", &CountedOpen);
+    ASSERT_TRUE(open.Found());
+    const wchar_t* document =
+        L"{\"object\":{},\"array\":[],\"string\":\"\",\"number\":1,\"true\":true,\"false\":false,"
+        L"\"null\":null,\"double\":1.5,\"spare\":0}";
+    for (const GraftRoute& route : GraftsOnly()) {
+        const GraftSource source(route, std::wstring(L"[1]"));
+        for (const std::wstring kind :
+             {L"object", L"array", L"string", L"number", L"true", L"false", L"null", L"double"}) {
+            if (kind == (route.TakesKey() ? L"object" : L"array")) continue;
+            SCOPED_TRACE(testing::Message() << route << testing::PrintToString(kind));
+            const support::Generator generator = support::GeneratorOf(document);
+            const std::wstring path = L"/" + kind;
+            GraftArguments arguments = GraftScene::Good(route, source);
+            arguments.path = path.c_str();
+            arguments.parent = static_cast<int32_t>(HandleAt(*generator, path.c_str()));
+            const support::GeneratorState before = StateOf(*generator);
+            g_opens = 0;
+            EXPECT_EQ((Grafted{0, support::kUnwrittenHandle}), Graft(route, *generator, arguments));
+            EXPECT_EQ(0, g_opens);
+            EXPECT_EQ(before, StateOf(*generator));
+            EXPECT_EQ(3u, HandleAt(*generator, L"/spare"));
+        }
+    }
+}
+
+/// Whatever is wrong before the source is looked at leaves its file alone; the good call opens it.
+TEST(GraftMistakes, FilesThatAreNotNeededAreNotOpened) {
+    const support::ImportPatch open(support::JsonDll(), "_wfopen_s", &CountedOpen);
+    ASSERT_TRUE(open.Found());
+    for (const GraftRoute& route : GraftsOnly()) {
+        if (!route.fromFile) continue;
+        for (const Mistake mistake : kAllMistakes) {
+            if (!CanMake(mistake, route) || StageOf(mistake) == kSource) continue;
+            SCOPED_TRACE(testing::Message() << route << ": " << NameOf(mistake));
+            Call call(route);
+            call.Make(mistake);
+            g_opens = 0;
+            call.ExpectFailure(ResultOf(mistake, route));
+            EXPECT_EQ(StageOf(mistake) == kKey ? 1 : 0, g_opens);
+        }
+    }
+}
+
+/// Before there is a root there is one parent, a null under the path "/".
+TEST(GraftMistakes, BeforeThereIsARoot) {
+    for (const GraftRoute& route : GraftsOnly()) {
+        SCOPED_TRACE(route.name);
+        const GraftSource source(route, std::wstring(L"[1]"));
+        const support::Generator generator = support::NewGenerator();
+        const bool isByPath = route.parent == GraftRoute::kByPath;
+        GraftArguments arguments = GraftScene::Good(route, source);
+        const auto expect = [&](int result) {
+            EXPECT_EQ((Grafted{result, support::kUnwrittenHandle}),
+                      Graft(route, *generator, arguments));
+            EXPECT_EQ(L"", support::JsonOf(*generator));
+        };
+        expect(isByPath ? -10 : -2);
+        arguments.path = L"/";
+        arguments.parent = 1;
+        expect(isByPath ? 0 : -2);
+        EXPECT_EQ(1u, HandleAt(*generator, L"/"));
+        expect(0);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,68 @@
+// Allocations that fail during outputs: each in turn, alone and with all that follow. The output
+// answers -5 or is whole; the file is closed, the document stays, and nothing is lost.
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "FailingAllocations.h"
+#include "OutputExhaustion.h"
+#include "OutputForm.h"
+#include "OutputReference.h"
+#include "TempFile.h"
+
+namespace {
+
+using support::FailingAllocations;
+using support::Generator;
+using support::GeneratorOf;
+using support::OutputForm;
+using support::ReferenceDocument;
+using support::ReferenceParse;
+using support::WriteIn;
+using support::Written;
+
+constexpr int kHowMany[] = {1, std::numeric_limits<int>::max()};
+
+/// Large and deep enough for buffers and the writers' stacks to grow several times.
+std::wstring Document() {
+    std::wstring json = L"[\"" + std::wstring(5000, L'x') + L"\"";
+    json += L"," + std::wstring(100, L'[') + std::wstring(100, L']');
+    return json + L",{\"a\":\"\xE9\"}]";
+}
+
+void FailEach(const OutputForm& form, int count) {
+    const std::wstring json = Document();
+    const ReferenceDocument document = ReferenceParse(json);
+    const Written expected = ReferenceIn(form, document);
+    support::PrepareForExhaustion();
+    FailingAllocations allocations;
+    bool happened = true;
+    for (int n = 1; happened; ++n) {
+        SCOPED_TRACE(testing::Message() << form << ", allocation " << n);
+        {
+            const Generator generator = GeneratorOf(json);
+            allocations.Fail(n, count);
+            const Written written = WriteIn(form, *generator);
+            happened = allocations.Happened();
+            allocations.Stop();
+            if (written.result == 1)
+                EXPECT_EQ(expected, written);
+            else
+                EXPECT_EQ(-5, written.result);
+            EXPECT_TRUE(written.result == 1 || happened);
+            EXPECT_EQ(expected, WriteIn(form, *generator)) << "after the failure";
+        }
+        EXPECT_EQ(0, allocations.LiveBlocks()) << "memory is lost";
+    }
+}
+
+class OutputAllocation : public testing::TestWithParam<int> {};
+
+TEST_P(OutputAllocation, EveryForm) {
+    for (const OutputForm& form : support::AllOutputForms()) FailEach(form, GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(HowMany, OutputAllocation, testing::ValuesIn(kHowMany));
+
+}  // namespace

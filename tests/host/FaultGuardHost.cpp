@@ -1,0 +1,11 @@
+// The fault guard of the host build.
+#include "FaultFrames.h"
+#include "common/FaultGuard.h"
+
+namespace QXJSON {
+
+bool RunsWithoutFault(void (*work)(void*), void* context) {
+    return host::CallInFaultFrame(work, context) == 0;
+}
+
+}  // namespace QXJSON

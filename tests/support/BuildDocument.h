@@ -1,0 +1,35 @@
+#pragma once
+
+#include <rapidjson/document.h>
+#include <stdint.h>
+
+#include <string>
+
+#include "IJsonGenerator.h"
+
+namespace building {
+
+using Value = rapidjson::GenericValue<rapidjson::UTF16<>>;
+using Document = rapidjson::GenericDocument<rapidjson::UTF16<>>;
+using Allocator = Document::AllocatorType;
+
+/// What a plain writer makes of a value.
+std::wstring TextOf(const Value& value);
+
+/// The generator's document as it hands it out; the test fails when it hands out none.
+std::wstring TextOf(QXJSON::IJsonGenerator& generator);
+
+/// The value at a JSON Pointer below `root`; null where the pointer does not parse or nothing is
+/// there.
+Value* Resolve(Value& root, const std::wstring& pointer);
+
+/// The value that a generator's reference is the address of, read where it lies.
+Value& At(uint64_t reference);
+
+/// The reference of a value.
+uint64_t ReferenceOf(const Value& value);
+
+/// A string value with a copy of `text`.
+Value NewString(const std::wstring& text, Allocator& allocator);
+
+}  // namespace building

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <stdint.h>
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "GraftRoute.h"
+#include "JsonDll.h"
+
+namespace support {
+
+/// All that can be seen of a generator but the handle that it issues next: the document's text and
+/// the paths of the first handles.
+struct GeneratorState {
+    std::wstring text;
+    std::vector<std::wstring> paths;
+};
+
+bool operator==(const GeneratorState& a, const GeneratorState& b);
+std::ostream& operator<<(std::ostream& out, const GeneratorState& state);
+
+GeneratorState StateOf(QXJSON::IJsonGenerator& generator);
+
+/// The item path of a handle; empty when the generator does not know the handle.
+std::wstring PathOf(QXJSON::IJsonGenerator& generator, uint32_t handle);
+
+/// The handle of the item at a path, issued now if there is none yet; 0 when there is no item.
+uint32_t HandleAt(QXJSON::IJsonGenerator& generator, const wchar_t* path);
+
+/// A generator whose document has a place for every route, with handles from 1 to 4.
+class GraftScene {
+public:
+    static constexpr int32_t kRoot = 1;
+    static constexpr int32_t kObject = 2;  ///< holds one member, "old"
+    static constexpr int32_t kArray = 3;   ///< holds two elements
+    static constexpr int32_t kText = 4;    ///< is neither object nor array
+    static constexpr uint32_t kNext = 5;   ///< what the first graft gets
+
+    GraftScene();
+
+    QXJSON::IJsonGenerator& operator*() const { return *generator; }
+    QXJSON::IJsonGenerator* operator->() const { return generator.get(); }
+
+    /// Arguments with which a route succeeds, but for the source: a member goes under "new" into
+    /// the object, an element into the array.
+    static GraftArguments Good(const GraftRoute& route);
+    static GraftArguments Good(const GraftRoute& route, const GraftSource& source);
+
+    /// The answer of the first call with such arguments, and the document then, when it took `tree`
+    /// in.
+    static Grafted AnswerOf(const GraftRoute& route);
+    static std::wstring DocumentWith(const GraftRoute& route, const std::wstring& tree);
+
+    /// Expects of a call that it answers `result`, writes no handle and changes nothing.
+    void ExpectFailure(int result, const GraftRoute& route, const GraftArguments& arguments);
+
+    /// Expects that `next` is the handle that is issued next. It is, to an item made for it.
+    void ExpectNextHandle(uint32_t next);
+
+private:
+    Generator generator;
+    int spares = 0;
+};
+
+}  // namespace support

@@ -1,0 +1,121 @@
+#include "common/MessageCatalogue.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using namespace QXJSON;
+
+/// What MessageCodes.h promises for each code.
+constexpr const wchar_t* kEnglishTexts[] = {
+    L"No error.",
+    L"The document is empty.",
+    L"The root must not be followed by other values.",
+    L"Invalid value.",
+    L"Missing a name for object member.",
+    L"Missing a colon after a name of object member.",
+    L"Missing a comma or '}' after an object member.",
+    L"Missing a comma or ']' after an array element.",
+    L"Incorrect hex digit after \\u escape in string.",
+    L"The surrogate pair in string is invalid.",
+    L"Invalid escape character in string.",
+    L"Missing a closing quotation mark in string.",
+    L"Invalid encoding in string.",
+    L"Number too big to be stored in double.",
+    L"Missing fraction part in number.",
+    L"Missing exponent in number.",
+    L"Terminate parsing due to Handler error.",
+    L"Unspecific syntax error.",
+    L"The pointer to the json text is null.",
+    L"The pointer to the file name is null.",
+    L"The file name does not exist.",
+    L"The string is empty.",
+    L"Failed to load the JSON data because its root node is not an object",
+};
+static_assert(std::size(kEnglishTexts) == kMessageCount);
+
+TEST(MessageCatalogue, English) {
+    for (int code = 0; code < kMessageCount; ++code) {
+        EXPECT_STREQ(kEnglishTexts[code], MessagesOf(kEnglish)[code]) << "code " << code;
+        EXPECT_STREQ(kEnglishTexts[code], LookUpMessage(code)) << "code " << code;
+    }
+}
+
+TEST(MessageCatalogue, EveryLanguageHasEveryText) {
+    for (int language = 0; language < kLanguageCount; ++language) {
+        const MessageTable& texts = MessagesOf(language);
+        for (int code = 0; code < kMessageCount; ++code) {
+            SCOPED_TRACE(testing::Message() << "language " << language << ", code " << code);
+            ASSERT_NE(nullptr, texts[code]);
+            EXPECT_NE(L'\0', texts[code][0]);
+            if (language == kEnglish) continue;
+            EXPECT_STRNE(kEnglishTexts[code], texts[code]) << "is not translated";
+        }
+    }
+}
+
+/// Every sentence has its full stop, in whatever script, but the last one has none.
+TEST(MessageCatalogue, FullStops) {
+    for (int language = 0; language < kLanguageCount; ++language) {
+        for (int code = 0; code < kMessageCount; ++code) {
+            const std::wstring_view text = MessagesOf(language)[code];
+            const wchar_t stop = language == kJapanese ? L'\x3002' : L'.';
+            EXPECT_EQ(code != kRootNotObject, text.back() == stop)
+                << "language " << language << ", code " << code;
+        }
+    }
+}
+
+/// Two codes of one language are never told by the same sentence.
+TEST(MessageCatalogue, TextsDiffer) {
+    for (int language = 0; language < kLanguageCount; ++language) {
+        const MessageTable& texts = MessagesOf(language);
+        for (int code = 0; code < kMessageCount; ++code)
+            for (int other = 0; other < code; ++other)
+                EXPECT_STRNE(texts[other], texts[code])
+                    << "language " << language << ", codes " << other << " and " << code;
+    }
+}
+
+/// The number of each language, by a text that no other language shares.
+TEST(MessageCatalogue, NumbersOfLanguages) {
+    struct Row {
+        int language;
+        int code;
+        const wchar_t* begin;
+    };
+    const Row rows[] = {
+        {0, 21, L"The string is empty."},
+        {1, 13, L"Double"},
+        {1, 18, L"json"},
+        {2, 21, L"Strengen er tom."},
+        {2, 0, L"Ingen fejl."},
+        {3, 0, L"Geen fout."},
+        {4, 0, L"Il n'y a pas d'erreur."},
+        {5, 21, L"Die Zeichenfolge ist leer."},
+        {6, 0, L"Nessun errore."},
+        {7, 0, L"Ingen feil."},
+        {8, 0, L"No hay ning\x00FAn error."},
+        {9, 0, L"Inget fel."},
+    };
+    for (const Row& row : rows) {
+        const std::wstring text = MessagesOf(row.language)[row.code];
+        EXPECT_EQ(0u, text.find(row.begin)) << "language " << row.language << ", code " << row.code;
+    }
+}
+
+TEST(MessageCatalogue, UnknownLanguagesAreEnglish) {
+    for (const int language : {-1, kLanguageCount, kLanguageCount + 1, 1000, INT_MAX, INT_MIN})
+        EXPECT_EQ(&MessagesOf(kEnglish), &MessagesOf(language)) << language;
+}
+
+TEST(MessageCatalogue, CodesOutsideTheTableHaveNoText) {
+    for (const int code : {-1, -5, kMessageCount, kMessageCount + 1, 1000, INT_MAX, INT_MIN})
+        EXPECT_STREQ(L"", LookUpMessage(code)) << code;
+}
+
+}  // namespace
