@@ -16,6 +16,13 @@ enum class KeyMatch {
     kExact,
 };
 
+/// A zero-terminated key as a view. Keys are short: a loop beats the call of wcslen.
+inline std::wstring_view KeyOf(const wchar_t* key) {
+    size_t length = 0;
+    while (key[length] != 0) ++length;
+    return {key, length};
+}
+
 /// The search for members by key in the objects of one document. The first match in document order
 /// wins, however it is found: small objects are scanned; a large one that is searched again and
 /// again gets an index.

@@ -73,59 +73,6 @@ const wchar_t* NextSurrogate(const wchar_t* at, const wchar_t* end) {
     return at;
 }
 
-/// Reads well-formed UTF-8.
-class Utf8Reader {
-public:
-    explicit Utf8Reader(std::string_view bytes)
-        : at(reinterpret_cast<const unsigned char*>(bytes.data())), end(at + bytes.size()) {}
-
-    /// Copies ASCII up to the first zero or other byte, widened; returns where the copy ends.
-    wchar_t* CopyAscii(wchar_t* out) {
-        while (end - at >= 16) {
-            const __m128i bytes = LoadUnaligned(at);
-            const __m128i zero = _mm_setzero_si128();
-            if (Bits(_mm_or_si128(bytes, _mm_cmpeq_epi8(bytes, zero))) != 0) break;
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_unpacklo_epi8(bytes, zero));
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(out + kUnits),
-                             _mm_unpackhi_epi8(bytes, zero));
-            at += 16;
-            out += 16;
-        }
-        while (at != end && *at != 0 && *at < 0x80) *out++ = *at++;
-        return out;
-    }
-
-    bool AtEnd() const { return at == end || *at == 0; }
-
-    /// Decodes one character beyond ASCII; false when it is malformed.
-    bool Character(wchar_t*& out) {
-        const unsigned lead = *at++;
-        if (lead < 0xC2 || lead > 0xF4) return false;
-        uint32_t c = lead < 0xE0 ? lead & 0x1F : lead < 0xF0 ? lead & 0x0F : lead & 0x07;
-        for (int more = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3; more > 0; --more) {
-            if (at == end || (*at & 0xC0) != 0x80) return false;
-            c = c << 6 | (*at++ & 0x3Fu);
-        }
-        return Put(out, c, lead);
-    }
-
-private:
-    static bool Put(wchar_t*& out, uint32_t c, unsigned lead) {
-        if (lead < 0xF0) {
-            const bool overlong = lead >= 0xE0 && c < 0x800;
-            *out++ = static_cast<wchar_t>(c);
-            return !overlong && (c < 0xD800 || c > 0xDFFF);
-        }
-        if (c < 0x10000 || c > 0x10FFFF) return false;
-        *out++ = static_cast<wchar_t>(0xD800 + ((c - 0x10000) >> 10));
-        *out++ = static_cast<wchar_t>(0xDC00 + (c & 0x3FF));
-        return true;
-    }
-
-    const unsigned char* at;
-    const unsigned char* end;
-};
-
 size_t CountUnits(const wchar_t* text) {
     if (reinterpret_cast<uintptr_t>(text) % sizeof(wchar_t) != 0) {
         size_t length = 0;
@@ -150,23 +97,6 @@ size_t WellFormedLength(std::wstring_view text) {
     while (at != end && IsHigh(at[0]) && end - at >= 2 && IsLow(at[1]))
         at = NextSurrogate(at + 2, end);
     return static_cast<size_t>(at - text.data());
-}
-
-std::optional<size_t> DecodeUtf8(std::string_view bytes, wchar_t* text) {
-    Utf8Reader reader(bytes);
-    wchar_t* out = reader.CopyAscii(text);
-    while (!reader.AtEnd()) {
-        if (!reader.Character(out)) return std::nullopt;
-        out = reader.CopyAscii(out);
-    }
-    *out = 0;
-    return static_cast<size_t>(out - text);
-}
-
-size_t DecodeUtf16Le(std::string_view bytes, wchar_t* text) {
-    std::memcpy(text, bytes.data(), bytes.size());
-    text[bytes.size() / sizeof(wchar_t)] = 0;
-    return CountUnits(text);
 }
 
 const wchar_t* SkipBlanks(const wchar_t* text) {

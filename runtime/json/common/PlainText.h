@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstring>
-#include <optional>
 #include <string_view>
 
 #include "JsonTypes.h"
@@ -19,15 +18,6 @@ size_t LengthOf(const wchar_t* text);
 /// How many units of a text stand before its first surrogate that is not one of a pair; all of them
 /// where there is none.
 size_t WellFormedLength(std::wstring_view text);
-
-// Each decodes bytes up to the first zero character into a buffer, puts a zero behind them and
-// returns the length in units. The buffer has room for a unit for each byte, and one more.
-
-/// UTF-8; nothing when the bytes are not well-formed.
-std::optional<size_t> DecodeUtf8(std::string_view bytes, wchar_t* text);
-
-/// UTF-16LE of an even number of bytes, surrogates as they are.
-size_t DecodeUtf16Le(std::string_view bytes, wchar_t* text);
 
 /// A stream over zero-terminated UTF-16 text at an even address, as RapidJSON's readers take it.
 struct PlainTextStream {

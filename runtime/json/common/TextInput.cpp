@@ -7,8 +7,7 @@
 
 #include <algorithm>
 #include <climits>
-#include <memory>
-#include <new>
+#include <cstring>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -17,9 +16,13 @@
 #include "File.h"
 #include "NestingGuard.h"
 #include "PlainText.h"
+#include "Utf8Stream.h"
 
 namespace QXJSON {
 namespace {
+
+/// Bytes that the C runtime asks the system for at a time.
+constexpr size_t kSystemBlock = 64 * 1024;
 
 /// RapidJSON's detection of encodings, on units wide enough for UTF-32.
 using AnyUtf = rapidjson::AutoUTF<unsigned>;
@@ -62,12 +65,6 @@ FirstAttempt ParseAnyUtf(JsonDocument& document, ByteStream& bytes, const TextRu
     return {status, status.code == kInvalidEncoding && stream.GetType() == rapidjson::kUTF8};
 }
 
-/// Memory for so many things, not cleared; null when there is none.
-template <class T>
-std::unique_ptr<T[]> Buffer(size_t count) {
-    return std::unique_ptr<T[]>(new (std::nothrow) T[count]);
-}
-
 // ---- The literal way: through RapidJSON's detecting stream -------------------------------------
 
 FirstAttempt ParseBytes(JsonDocument& document, std::string_view bytes, const TextRules& rules) {
@@ -104,19 +101,53 @@ Detected Detect(std::string_view bytes) {
     return {stream.GetType(), stream.HasBOM() ? markSize : 0};
 }
 
-bool LoadsPlainBytes(JsonDocument& document, std::string_view bytes, const TextRules& rules) {
-    const Detected detected = Detect(bytes);
-    const bool isUtf16 = detected.type == rapidjson::kUTF16LE && bytes.size() % 2 == 0;
-    if (!isUtf16 && detected.type != rapidjson::kUTF8) return false;
-    bytes.remove_prefix(detected.markSize);
-    const auto units = Buffer<wchar_t>(bytes.size() + 1);
-    if (!units) return false;
-    std::optional<size_t> length;
-    RethrowFaults([&] {
-        length = isUtf16 ? DecodeUtf16Le(bytes, units.get()) : DecodeUtf8(bytes, units.get());
-    });
-    return length && LoadsPlainText(document, {units.get(), *length}, rules);
+/// UTF-8 from a source whose first bytes are known, as far as its encoding is told by them.
+bool LoadsUtf8(JsonDocument& document, std::string_view beginning, ByteSource& source,
+               const TextRules& rules) {
+    const Detected detected = Detect(beginning);
+    if (detected.type != rapidjson::kUTF8) return false;
+    ByteBlock block;
+    Utf8Stream stream(source, block);
+    for (size_t i = 0; i < detected.markSize; ++i) stream.Take();
+    return Parse<Utf8InRuns>(document, stream, rules.acceptNan).code == kNoError;
 }
+
+class MemorySource final : public ByteSource {
+public:
+    explicit MemorySource(std::string_view bytes) : rest(bytes) {}
+
+    size_t Read(char* block, size_t room) override {
+        const std::string_view next = rest.substr(0, room);
+        std::memcpy(block, next.data(), next.size());
+        rest.remove_prefix(next.size());
+        return next.size();
+    }
+
+private:
+    std::string_view rest;
+};
+
+class FileSource final : public ByteSource {
+public:
+    /// Reads the first block, so that a look at it is possible.
+    FileSource(std::FILE* stream, size_t blockSize)
+        : file(stream), first(blockSize), size(std::fread(first.data(), 1, blockSize, file)) {}
+
+    std::string_view Beginning() const { return {first.data(), size}; }
+
+    size_t Read(char* block, size_t room) override {
+        if (size == 0) size = std::fread(first.data(), 1, std::min(room, first.size()), file);
+        const size_t count = size;
+        std::memcpy(block, first.data(), count);
+        size = 0;
+        return count;
+    }
+
+private:
+    std::FILE* file;
+    std::vector<char> first;
+    size_t size;
+};
 
 // ---- The second attempt: the ANSI code page ----------------------------------------------------
 
@@ -140,27 +171,14 @@ std::optional<LoadStatus> ParseAnsi(JsonDocument& document, std::string_view byt
     return Parse<JsonEncoding>(document, stream, rules.acceptNanInAnsi);
 }
 
-/// Bytes in memory of their own.
-struct Bytes {
-    std::unique_ptr<char[]> data;
-    size_t size = 0;
-
-    std::string_view View() const { return {data.get(), size}; }
-};
-
-/// The whole of an open file, read so many bytes at a time; nothing when it is empty, or cannot be
-/// measured or read.
-std::optional<Bytes> ReadWhole(std::FILE* file, size_t blockSize) {
-    if (!file || std::fseek(file, 0, SEEK_END) != 0) return std::nullopt;
-    const long end = std::ftell(file);
-    if (end < 1 || std::fseek(file, 0, SEEK_SET) != 0) return std::nullopt;
-    const auto size = static_cast<size_t>(end);
-    Bytes bytes{Buffer<char>(size), size};
-    for (size_t at = 0, count = 0; bytes.data && at < size; at += count) {
-        count = std::min(blockSize, size - at);
-        if (std::fread(bytes.data.get() + at, 1, count, file) != count) return std::nullopt;
-    }
-    if (!bytes.data) return std::nullopt;
+/// The whole of a file; nothing when it is empty, or does not open, or cannot be measured or read.
+std::optional<std::vector<char>> ReadWhole(const wchar_t* name) {
+    const File file = OpenFile(name, L"rb");
+    if (!file || std::fseek(file.get(), 0, SEEK_END) != 0) return std::nullopt;
+    const long end = std::ftell(file.get());
+    if (end < 1 || std::fseek(file.get(), 0, SEEK_SET) != 0) return std::nullopt;
+    std::vector<char> bytes(static_cast<size_t>(end));
+    if (std::fread(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) return std::nullopt;
     return bytes;
 }
 
@@ -182,7 +200,8 @@ LoadStatus LoadBytes(JsonDocument& document, const char* data, uint32_t length,
                      const TextRules& rules) {
     if (!data) return {kNullText};
     const std::string_view bytes(data, length);
-    if (LoadsPlainBytes(document, bytes, rules)) return {};
+    MemorySource source(bytes);
+    if (LoadsUtf8(document, bytes, source, rules)) return {};
     return WithFallback(ParseBytes(document, bytes, rules),
                         [&] { return ParseAnsi(document, bytes, rules); });
 }
@@ -203,16 +222,15 @@ LoadStatus LoadText(JsonDocument& document, const wchar_t* text, const TextRules
 LoadStatus LoadFile(JsonDocument& document, const wchar_t* name, const TextRules& rules) {
     File file = OpenFile(name, L"rb");
     if (!file) return {name ? kNoSuchFile : kNullFileName};
-    if (const auto bytes = ReadWhole(file.get(), rules.fileBufferSize);
-        bytes && LoadsPlainBytes(document, bytes->View(), rules))
-        return {};
+    std::setvbuf(file.get(), nullptr, _IOFBF, kSystemBlock);
+    FileSource source(file.get(), rules.fileBufferSize);
+    if (LoadsUtf8(document, source.Beginning(), source, rules)) return {};
     std::rewind(file.get());
     const FirstAttempt first = ParseFile(document, file.get(), rules);
     file.reset();
     return WithFallback(first, [&]() -> std::optional<LoadStatus> {
-        // In one piece, unlike the first attempt.
-        const auto bytes = ReadWhole(OpenFile(name, L"rb").get(), SIZE_MAX);
-        return bytes ? ParseAnsi(document, bytes->View(), rules) : std::nullopt;
+        const auto bytes = ReadWhole(name);
+        return bytes ? ParseAnsi(document, {bytes->data(), bytes->size()}, rules) : std::nullopt;
     });
 }
 

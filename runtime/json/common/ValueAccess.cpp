@@ -7,7 +7,7 @@ Place FindMember(MemberLookup& members, const Place& object, const MemberRequest
     if (!request.key) return {nullptr, kNoMember};
     if (!request.outputs) return {nullptr, kPlainFailure};
     if (!object.value->IsObject()) return {nullptr, request.wrongKind};
-    JsonMember* const member = members.Find(*object.value, request.key, request.match);
+    JsonMember* const member = members.Find(*object.value, KeyOf(request.key), request.match);
     return {member ? &member->value : nullptr, request.missing};
 }
 

@@ -145,7 +145,7 @@ int DocumentBuilder::AddMember(const Parent& parent, const wchar_t* key, const I
     if (!parent.node) return parent.absence;
     if (!item.Known()) return kPlainFailure;
     if (!key) throw ProcessorFault();  // by contract the key is used without a test
-    const std::wstring_view name = key;
+    const std::wstring_view name = KeyOf(key);
     const Node child = paths.Child(*parent.node, name);
     if (paths.HandleOf(child) != 0) return Overwrite(child, item, handle);
     const int result = CheckAdd(parent.value, rapidjson::kObjectType, true, item, handle);

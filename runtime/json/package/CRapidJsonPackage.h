@@ -73,7 +73,7 @@ public:
 
 private:
     KeyMatch Match() const { return ignoreCase != 0 ? KeyMatch::kIgnoreCase : KeyMatch::kExact; }
-    JsonMember* Find(const wchar_t* key) { return members.Find(document, key, Match()); }
+    JsonMember* Find(const wchar_t* key) { return members.Find(document, KeyOf(key), Match()); }
     template <class Kind>
     int Read(const wchar_t* key, typename Kind::Out* out) {
         return GetMember<Kind>(members, {&document}, key, out, Match());

@@ -3,38 +3,54 @@
 namespace QXJSON {
 
 void HandleTable::Clear() {
-    handleToValue.clear();
-    valueToHandle.clear();
+    blocks.clear();
+    count = 0;
+    pages.clear();
+    slots.clear();
+    lastPage = nullptr;
 }
 
 uint32_t HandleTable::HandleOf(JsonValue& value) {
-    if (handleToValue.size() + 1 > valueToHandle.size() / 4 * 3) Grow();
-    uint32_t& slot = valueToHandle[SlotOf(value)];
-    if (slot == 0) {
-        handleToValue.push_back(&value);
-        slot = static_cast<uint32_t>(handleToValue.size());
+    // Values do not overlap, so that no two of them share this number.
+    const uintptr_t number = reinterpret_cast<uintptr_t>(&value) / sizeof(JsonValue);
+    const uintptr_t stretch = number / kStretch;
+    if (!lastPage || lastPage->stretch != stretch) lastPage = &PageOf(stretch);
+    uint32_t& handle = lastPage->handles[number % kStretch];
+    if (handle != 0) return handle;
+    if (count % kBlock == 0 && count / kBlock == blocks.size()) {
+        std::unique_ptr<JsonValue*[]> block(new JsonValue*[kBlock]);
+        blocks.push_back(std::move(block));
     }
-    return slot;
+    blocks[count / kBlock][count % kBlock] = &value;
+    return handle = ++count;
 }
 
-/// The slot that holds the value's handle, or else the free one where it belongs.
-size_t HandleTable::SlotOf(const JsonValue& value) const {
-    // Values are 16 bytes and lie side by side: multiplying by the golden ratio spreads them.
-    const uint64_t hash =
-        reinterpret_cast<uintptr_t>(&value) / sizeof(JsonValue) * 0x9E37'79B9'7F4A'7C15;
-    const size_t mask = valueToHandle.size() - 1;
-    size_t slot = static_cast<size_t>(hash >> 32) & mask;
-    while (valueToHandle[slot] != 0 && ValueOf(valueToHandle[slot]) != &value)
-        slot = (slot + 1) & mask;
-    return slot;
+HandleTable::Page& HandleTable::PageOf(uintptr_t stretch) {
+    if (pages.size() >= slots.size() / 2) Grow();
+    PageNumber& slot = SlotOf(stretch);
+    if (slot == 0) {
+        pages.push_back(std::make_unique<Page>());
+        pages.back()->stretch = stretch;
+        slot = static_cast<PageNumber>(pages.size());
+    }
+    return *pages[slot - 1];
+}
+
+/// The slot that holds the page of a stretch, or else the free one where it belongs.
+HandleTable::PageNumber& HandleTable::SlotOf(uintptr_t stretch) {
+    constexpr uint64_t kGoldenRatio = 0x9E37'79B9'7F4A'7C15;
+    const size_t mask = slots.size() - 1;
+    size_t slot = static_cast<size_t>(stretch * kGoldenRatio >> 32) & mask;
+    while (slots[slot] != 0 && pages[slots[slot] - 1]->stretch != stretch) slot = (slot + 1) & mask;
+    return slots[slot];
 }
 
 void HandleTable::Grow() {
     constexpr size_t kFirstSize = 16;
-    std::vector<uint32_t> bigger(valueToHandle.empty() ? kFirstSize : valueToHandle.size() * 2);
-    valueToHandle.swap(bigger);
-    for (size_t i = 0; i < handleToValue.size(); ++i)
-        valueToHandle[SlotOf(*handleToValue[i])] = static_cast<uint32_t>(i + 1);
+    std::vector<PageNumber> bigger(slots.empty() ? kFirstSize : slots.size() * 2);
+    slots.swap(bigger);
+    for (size_t i = 0; i < pages.size(); ++i)
+        SlotOf(pages[i]->stretch) = static_cast<PageNumber>(i + 1);
 }
 
 }  // namespace QXJSON
