@@ -10,6 +10,9 @@ namespace {
 constexpr uint32_t kScanned = 16;
 /// An index costs about as much as this many scans of the whole object.
 constexpr uint64_t kScansBeforeIndex = 4;
+/// Finding the way around so many removed members costs next to nothing; numbering all anew costs
+/// about as much as moving them.
+constexpr size_t kRemovalsBeforeRenumbering = 64;
 /// A slot whose member was removed: passed over, never matched.
 constexpr uint32_t kRemoved = UINT32_MAX;
 
@@ -57,17 +60,13 @@ JsonMember* MemberLookup::Find(JsonValue& object, std::wstring_view key, KeyMatc
     const uint32_t count = object.MemberCount();
     JsonMember* const members = object.MemberBegin().operator->();
     Index* const index = count > kScanned ? &IndexOf(members) : nullptr;
-    if (index && (!index->slots.empty() || index->scanned >= kScansBeforeIndex * count)) {
+    if (index && (index->Exists() || index->scanned >= kScansBeforeIndex * count)) {
         index->CatchUp(object);
-        const uint32_t hash = HashOf(key.data(), key.size());
-        const size_t mask = index->slots.size() - 1;
-        for (size_t at = hash & mask; index->slots[at].member != 0; at = (at + 1) & mask) {
-            const Index::Slot& slot = index->slots[at];
-            if (slot.hash == hash && slot.member != kRemoved &&
-                Matches(members[slot.member - 1].name, key, match))
-                return &members[slot.member - 1];
-        }
-        return nullptr;
+        const auto matches = [&](const Index::Slot& slot) {
+            return Matches(members[index->PositionOf(slot)].name, key, match);
+        };
+        const Index::Slot* const slot = index->Find(HashOf(key.data(), key.size()), matches);
+        return slot ? &members[index->PositionOf(*slot)] : nullptr;
     }
     JsonMember* const end = members + count;
     JsonMember* const found = std::find_if(
@@ -84,19 +83,14 @@ void MemberLookup::Moved(const JsonMember* from, const JsonMember* to) {
     indexes.insert(std::move(node));
 }
 
-void MemberLookup::Removed(const JsonValue& object, size_t position) {
-    const auto found = indexes.find(MembersOf(object));
-    if (found == indexes.end()) return;
-    Index& index = found->second;
-    const auto removed = static_cast<uint32_t>(position) + 1;
-    if (removed > index.entered) return;
-    for (Index::Slot& slot : index.slots) {
-        if (slot.member == removed)
-            slot.member = kRemoved;
-        else if (slot.member > removed && slot.member != kRemoved)
-            --slot.member;
-    }
-    --index.entered;
+void MemberLookup::Remove(JsonValue& object, JsonMember& member) {
+    const auto begin = object.MemberBegin();
+    const auto position = &member - begin.operator->();
+    const auto found = indexes.find(begin.operator->());
+    if (found != indexes.end())
+        found->second.Remove(HashOf(member.name.GetString(), member.name.GetStringLength()),
+                             static_cast<uint32_t>(position));
+    object.EraseMember(begin + position);
 }
 
 void MemberLookup::Clear() {
@@ -116,15 +110,53 @@ MemberLookup::Index& MemberLookup::IndexOf(const JsonMember* members) {
 
 /// Enters the members that came since the last search.
 void MemberLookup::Index::CatchUp(const JsonValue& object) {
-    const uint32_t count = object.MemberCount();
-    if (entered == count) return;
-    const size_t needed = size_t{used} + (count - entered);
-    if (needed > slots.size() / 4 * 3) Grow(needed);
     const JsonMember* const members = MembersOf(object);
-    for (; entered < count; ++entered) {
-        const JsonValue& name = members[entered].name;
-        Enter(HashOf(name.GetString(), name.GetStringLength()), entered + 1);
+    const uint32_t count = object.MemberCount();
+    auto next = static_cast<uint32_t>(entered - removed.size());
+    if (next == count) return;
+    const size_t needed = size_t{used} + (count - next);
+    if (needed > slots.size() / 4 * 3) Grow(needed);
+    for (; next < count; ++next) {
+        const JsonValue& name = members[next].name;
+        Enter(HashOf(name.GetString(), name.GetStringLength()), ++entered);
     }
+}
+
+/// The first slot of a hash that is accepted, in the order of the members; null when there is none.
+template <class Accept>
+MemberLookup::Index::Slot* MemberLookup::Index::Find(uint32_t hash, Accept&& accept) {
+    const size_t mask = slots.size() - 1;
+    for (size_t at = hash & mask; slots[at].member != 0; at = (at + 1) & mask) {
+        Slot& slot = slots[at];
+        if (slot.hash == hash && slot.member != kRemoved && accept(slot)) return &slot;
+    }
+    return nullptr;
+}
+
+uint32_t MemberLookup::Index::PositionOf(const Slot& slot) const {
+    const uint32_t number = slot.member - 1;
+    if (removed.empty()) return number;
+    const auto behind = std::lower_bound(removed.begin(), removed.end(), number);
+    return number - static_cast<uint32_t>(behind - removed.begin());
+}
+
+void MemberLookup::Index::Remove(uint32_t hash, uint32_t position) {
+    // A member that is not entered yet lies behind all that are.
+    if (position >= entered - removed.size()) return;
+    Slot* const slot =
+        Find(hash, [&](const Slot& candidate) { return PositionOf(candidate) == position; });
+    const uint32_t number = slot->member - 1;
+    slot->member = kRemoved;
+    removed.insert(std::lower_bound(removed.begin(), removed.end(), number), number);
+    if (removed.size() > kRemovalsBeforeRenumbering) Renumber();
+}
+
+/// Makes numbers and positions the same again.
+void MemberLookup::Index::Renumber() {
+    for (Slot& slot : slots)
+        if (slot.member != 0 && slot.member != kRemoved) slot.member = PositionOf(slot) + 1;
+    entered -= static_cast<uint32_t>(removed.size());
+    removed.clear();
 }
 
 /// Makes room for so many entries, and gives back the slots of removed members.

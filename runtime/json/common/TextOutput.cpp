@@ -14,6 +14,8 @@ namespace QXJSON {
 namespace {
 
 constexpr size_t kCapacity = 256;
+/// Bytes that the C runtime hands to the system at a time.
+constexpr size_t kSystemBlock = 64 * 1024;
 
 template <class Buffer, class Target, unsigned flags>
 using CompactWriter = rapidjson::Writer<Buffer, JsonEncoding, Target, HeapAllocator, flags>;
@@ -133,6 +135,7 @@ bool SaveFile(const JsonValue& root, Layout layout, const wchar_t* name, int32_t
     EncodedText text;
     const bool whole = text.Write(root, layout, encoding);
     if (!text.Bytes().data()) return true;
+    std::setvbuf(file.get(), nullptr, _IOFBF, kSystemBlock);
     BlockWriter blocks(file.get());
     blocks.Put(MarkOf(encoding));
     blocks.Put(text.Bytes());

@@ -77,12 +77,9 @@ int CRapidJsonPackage::RemoveAll() {
 
 int CRapidJsonPackage::RemoveKey(const wchar_t* key) {
     if (!key) return kNoMember;
-    const JsonMember* const member = Find(key);
+    JsonMember* const member = Find(key);
     if (!member) return kPlainFailure;
-    const auto begin = document.MemberBegin();
-    const auto position = member - begin.operator->();
-    document.EraseMember(begin + position);
-    members.Removed(document, static_cast<size_t>(position));
+    members.Remove(document, *member);
     return kSuccess;
 }
 
