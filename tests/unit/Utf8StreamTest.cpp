@@ -1,0 +1,155 @@
+// The fast way for UTF-8 reads block by block and run by run: what matters is what stands across
+// the edge of a block, and that nothing malformed gets through.
+
+#include "common/Utf8Stream.h"
+
+#include <gtest/gtest.h>
+#include <rapidjson/encodedstream.h>
+#include <rapidjson/memorystream.h>
+#include <rapidjson/writer.h>
+
+#include <random>
+#include <string>
+
+#include "common/TextInput.h"
+
+namespace {
+
+using namespace QXJSON;
+
+constexpr TextRules kRules = {true, false, 1024};
+
+std::wstring TextOf(const JsonValue& value) {
+    JsonTextBuffer buffer;
+    rapidjson::Writer<JsonTextBuffer, JsonEncoding, JsonEncoding, HeapAllocator,
+                      rapidjson::kWriteNanAndInfFlag>
+        writer(buffer);
+    value.Accept(writer);
+    return buffer.GetString();
+}
+
+struct Outcome {
+    int code;
+    uint64_t offset;
+    std::wstring tree;
+
+    bool operator==(const Outcome& other) const {
+        return code == other.code && offset == other.offset && tree == other.tree;
+    }
+};
+
+Outcome Loaded(const std::string& bytes) {
+    JsonDocument document;
+    const LoadStatus status =
+        LoadBytes(document, bytes.data(), static_cast<uint32_t>(bytes.size()), kRules);
+    return {status.code, status.offset, TextOf(document)};
+}
+
+/// What RapidJSON makes of UTF-8, unit by unit.
+Outcome Expected(const std::string& bytes) {
+    JsonDocument document;
+    rapidjson::MemoryStream memory(bytes.data(), bytes.size());
+    rapidjson::AutoUTFInputStream<unsigned, rapidjson::MemoryStream> stream(memory,
+                                                                            rapidjson::kUTF8);
+    document.ParseStream<rapidjson::kParseNanAndInfFlag, rapidjson::AutoUTF<unsigned>>(stream);
+    return {document.GetParseError(), document.GetErrorOffset(), TextOf(document)};
+}
+
+const std::string kPieces[] = {
+    "\xC3\xA9", "\xE2\x82\xAC",   "\xF0\x9D\x84\x9E",      "\\n\\u0041", "\",\"",
+    "\",\n  ",  "\", 12.5e3 ,\"", "\", {\"a\" : [ ] },\"", "plain text",
+};
+
+TEST(Utf8Stream, ReadsAcrossTheEdgesOfBlocks) {
+    for (const std::string& piece : kPieces) {
+        const bool opens = piece == "\",\n  ";
+        for (size_t front = ByteBlock::kSize - 24; front < ByteBlock::kSize + 4; ++front) {
+            const std::string bytes =
+                "[\"" + std::string(front, 'x') + piece + (opens ? "1]" : "yz\"]");
+            const Outcome outcome = Loaded(bytes);
+            EXPECT_EQ(0, outcome.code);
+            EXPECT_TRUE(Expected(bytes) == outcome) << front << ": " << piece;
+        }
+    }
+}
+
+TEST(Utf8Stream, ReadsBlanksThatFillBlocks) {
+    for (const size_t count : {1, 15, 16, 17, 4094, 4095, 4096, 4097, 20'000}) {
+        std::string blanks;
+        for (size_t i = 0; i < count; ++i) blanks += " \n\r\t"[i % 4];
+        for (const std::string& bytes :
+             {blanks + "[1]", "[" + blanks + "1]", "[1" + blanks + "]", "[1]" + blanks, blanks}) {
+            EXPECT_TRUE(Expected(bytes) == Loaded(bytes)) << count;
+        }
+    }
+}
+
+TEST(Utf8Stream, EndsAtAZero) {
+    for (const char* rest : {"", "]", " garbage"}) {
+        const std::string bytes = std::string("[\"a\", 2]") + '\0' + rest;
+        EXPECT_TRUE(Expected(bytes) == Loaded(bytes)) << rest;
+        EXPECT_EQ(0, Loaded(bytes).code);
+    }
+}
+
+TEST(Utf8Stream, RefusesWhatTheLiteralWayRefuses) {
+    // Continuation without a lead, overlong, surrogates, beyond the last character, cut short.
+    const char* const malformed[] = {"\x80",
+                                     "\xC0\x80",
+                                     "\xC1\xBF",
+                                     "\xE0\x80\x80",
+                                     "\xED\xA0\x80",
+                                     "\xF0\x80\x80\x80",
+                                     "\xF5\x80\x80\x80",
+                                     "\xFF",
+                                     "\xE2\x82",
+                                     "\xF0\x9D\x84",
+                                     "\xC3"};
+    for (const char* bad : malformed) {
+        const std::string bytes = std::string("[\"") + bad + "\"]";
+        EXPECT_EQ(12, Expected(bytes).code) << bad;
+        ByteBlock block;
+        struct Source final : ByteSource {
+            explicit Source(std::string_view all) : rest(all) {}
+            size_t Read(char* into, size_t) override {
+                const size_t count = rest.size();
+                std::memcpy(into, rest.data(), count);
+                rest = {};
+                return count;
+            }
+            std::string_view rest;
+        } source(bad);
+        Utf8Stream stream(source, block);
+        wchar_t units[2];
+        EXPECT_EQ(0u, TakeCharacter(stream, units)) << bad;
+    }
+}
+
+TEST(Utf8Stream, ReadsEveryCharacter) {
+    for (uint32_t c = 0x80; c < 0x110000; c += c < 0x3000 ? 1 : 7) {
+        if (c >= 0xD800 && c < 0xE000) continue;
+        rapidjson::StringBuffer bytes;
+        rapidjson::UTF8<>::Encode(bytes, c);
+        const std::string text = std::string("[\"") + bytes.GetString() + "\"]";
+        const Outcome outcome = Loaded(text);
+        ASSERT_EQ(0, outcome.code) << c;
+        ASSERT_TRUE(Expected(text) == outcome) << c;
+    }
+}
+
+TEST(Utf8Stream, AgreesOnRandomDocuments) {
+    std::mt19937 random(7);
+    int good = 0;
+    for (int i = 0; i < 3000; ++i) {
+        std::string bytes = "[\"" + std::string(random() % 9000, 'x');
+        for (size_t pieces = random() % 40; pieces > 0; --pieces)
+            bytes += kPieces[random() % std::size(kPieces)];
+        bytes += "\"]";
+        const Outcome expected = Expected(bytes);
+        good += expected.code == 0;
+        ASSERT_TRUE(expected == Loaded(bytes)) << bytes;
+    }
+    EXPECT_GT(good, 100);
+}
+
+}  // namespace
