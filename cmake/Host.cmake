@@ -19,3 +19,9 @@ if(JSON_SANITIZERS MATCHES undefined)
   add_compile_options(-fno-sanitize=vptr)
 endif()
 add_link_options(-fsanitize=${JSON_SANITIZERS})
+
+# Most of the build's time goes into the tests, and half of that would go into making them fast. The
+# fuzzers are to be fast.
+if(NOT JSON_SANITIZERS MATCHES fuzzer)
+  add_compile_options(-O0)
+endif()

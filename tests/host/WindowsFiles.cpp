@@ -30,8 +30,8 @@ host::OpenRequest RequestOf(const wchar_t* mode) {
 
 }  // namespace
 
-HANDLE CreateFileW(const wchar_t* name, DWORD access, DWORD share, void*, DWORD disposition, DWORD,
-                   HANDLE) {
+HANDLE CreateFileW(const wchar_t* name, DWORD access, DWORD share, SECURITY_ATTRIBUTES*,
+                   DWORD disposition, DWORD, HANDLE) {
     const DWORD reads = access & GENERIC_READ ? FILE_SHARE_READ : 0;
     const DWORD writes = access & GENERIC_WRITE ? FILE_SHARE_WRITE : 0;
     const int file = host::OpenShared(name, {reads | writes, share, disposition == CREATE_ALWAYS});

@@ -19,13 +19,16 @@ constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x10;
 constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
 constexpr DWORD INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
 
+/// Who may use a file; nobody asks here.
+struct SECURITY_ATTRIBUTES;
+
 /// A found file; of all that Windows tells, its name.
 struct WIN32_FIND_DATAW {
     wchar_t cFileName[MAX_PATH];
 };
 
 extern "C" {
-HANDLE CreateFileW(const wchar_t* name, DWORD access, DWORD share, void* security,
+HANDLE CreateFileW(const wchar_t* name, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
                    DWORD disposition, DWORD attributes, HANDLE pattern);
 BOOL CopyFileW(const wchar_t* from, const wchar_t* to, BOOL mustBeNew);
 BOOL DeleteFileW(const wchar_t* name);

@@ -53,7 +53,9 @@ TEST(MessageBuffer, GrowsAndNeverShrinks) {
         EXPECT_TRUE(buffer.Reserve(row.asked));
         EXPECT_EQ(row.size, buffer.Size());
         ASSERT_NE(nullptr, buffer.Area());
-        if (fits) EXPECT_EQ(before, buffer.Area()) << "there was room";
+        if (fits) {
+            EXPECT_EQ(before, buffer.Area()) << "there was room";
+        }
         EXPECT_TRUE(IsZero(buffer));
         std::memset(buffer.Area(), 0xAB, row.asked);
     }

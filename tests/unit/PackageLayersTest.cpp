@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 #include <windows.h>
+// The macro would rename the package's operation, in this file alone.
+#undef LoadString
 
 #include <memory>
 #include <string>
@@ -141,8 +143,8 @@ struct FailedLoad {
 };
 
 const FailedLoad kFailedLoads[] = {
-    {L"{\"b\":1,", 4, 14, true}, {L"{\"b\" 1}", 5, 10, true}, {L"{\"b\":x}", 3, 10, true},
-    {L"", 21, 0, true},          {L"[1] 2", 2, 8, true},      {nullptr, 18, 0, true},
+    {L"{\"b\":1,", 4, 14, true}, {L"{\"b\" 1}", 5, 12, true}, {L"{\"b\":x}", 3, 12, true},
+    {L"", 21, 0, true},          {L"[1] 2", 2, 10, true},     {nullptr, 18, 0, true},
     {L"5", 22, 0, false},        {L"[1]", 22, 0, false},      {L"null", 22, 0, false},
 };
 
@@ -207,7 +209,7 @@ TEST(PackageLayers, AnImplementationKeepsItsContentAfterAFileThatDoesNotLoad) {
     ExpectLeft(*package, kBefore, 19, 0);
     const std::wstring broken = FileWith("{\"b\":[1,2}");
     EXPECT_EQ(kPlainFailure, package->LoadFile(broken.c_str()));
-    ExpectLeft(*package, kBefore, 7, 9);
+    ExpectLeft(*package, kBefore, 7, 10);
     EXPECT_TRUE(DeleteFileW(broken.c_str()));
     EXPECT_EQ(kPlainFailure, package->LoadFile(broken.c_str()));
     ExpectLeft(*package, kBefore, 20, 0);

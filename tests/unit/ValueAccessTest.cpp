@@ -80,7 +80,9 @@ TEST(ValueAccess, OrderOfChecksOfFindMember) {
         const wchar_t* const key = set & 2 ? nullptr : set & 16 ? L"x" : L"A";
         const Place found = FindMember(members, place, {key, (set & 4) == 0, -55, -66});
         EXPECT_EQ(expected == kSuccess ? &document[0][L"a"] : nullptr, found.value);
-        if (expected != kSuccess) EXPECT_EQ(expected, found.absence);
+        if (expected != kSuccess) {
+            EXPECT_EQ(expected, found.absence);
+        }
     });
 }
 

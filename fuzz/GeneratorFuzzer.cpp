@@ -1,0 +1,329 @@
+// Any series of calls of a generator, each of them next to a model; in between and at the end the
+// document in the forms of output.
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <optional>
+
+#include "JsonDll.h"
+#include "OutputForm.h"
+#include "support/Choices.h"
+#include "support/GeneratorModel.h"
+#include "support/ItemPathModel.h"
+#include "support/RandomJson.h"
+#include "support/Readings.h"
+#include "support/RoundTrip.h"
+
+namespace {
+
+using building::Answer;
+using building::Arguments;
+using building::Family;
+using building::Item;
+using building::Kind;
+using building::Operation;
+using building::Value;
+
+constexpr int kSteps = 60;
+constexpr size_t kPathCapacity = 1024;
+constexpr uint32_t kUnwritten = 0xCDCDCDCD;
+
+/// The pointers of everything below a value.
+void Collect(const Value& value, const std::wstring& pointer, std::vector<std::wstring>& all) {
+    all.push_back(pointer);
+    if (value.IsArray()) {
+        for (rapidjson::SizeType i = 0; i < value.Size(); ++i)
+            Collect(value[i], pointer + L"/" + std::to_wstring(i), all);
+    } else if (value.IsObject()) {
+        for (auto member = value.MemberBegin(); member != value.MemberEnd(); ++member) {
+            std::wstring token;
+            for (const wchar_t c : fuzz::TextOf(member->name))
+                token += c == L'~' ? L"~0" : c == L'/' ? L"~1" : std::wstring(1, c);
+            Collect(member->value, pointer + L"/" + token, all);
+        }
+    }
+}
+
+const std::vector<Item>& ItemsOf(Kind kind) {
+    static const auto itemsByKind = [] {
+        std::map<Kind, std::vector<Item>> all;
+        for (const Item& item : building::Items()) all[item.kind].push_back(item);
+        return all;
+    }();
+    return itemsByKind.at(kind);
+}
+
+class Building {
+public:
+    explicit Building(fuzz::Choices& input) : choices(input) { StartAnew(); }
+
+    void Run() {
+        for (int step = 0; step < kSteps && !choices.AtEnd(); ++step) {
+            Step();
+            ASSERT_EQ(model.Text(), building::TextOf(*generator));
+        }
+        for (const auto& form : support::AllOutputForms())
+            if (!form.IsFile()) ExpectWritten(form);
+        ExpectWritten(choices.Of(support::FileForms()));
+        LoadWhatIsWritten();
+    }
+
+private:
+    void Step() {
+        switch (choices.Below(16)) {
+            case 12:
+                return AskForHandle();
+            case 13:
+                return AskForPath();
+            case 14:
+                return TakeIn();
+            case 15:
+                return DoRarely();
+            default:
+                return Add();
+        }
+    }
+
+    void DoRarely() {
+        switch (choices.Below(4)) {
+            case 0:
+                return AddMany();
+            case 1:
+                return AskForEveryMember();
+            case 2:
+                return Write();
+            default:
+                return StartAnew();
+        }
+    }
+
+    // ---- Roots ---------------------------------------------------------------------------------
+
+    void StartAnew() {
+        const bool isObject = choices.Below(2) == 0;
+        const bool byReference = choices.Below(2) == 0;
+        model.Reset(isObject ? rapidjson::kObjectType : rapidjson::kArrayType);
+        root.reset();
+        if (byReference) {
+            uint64_t reference = 0;
+            EXPECT_EQ(1, isObject ? generator->ResetRootObjectValue(&reference)
+                                  : generator->ResetRootArrayValue(&reference));
+            root = reference;
+        } else {
+            uint32_t handle = 0;
+            EXPECT_EQ(1, isObject ? generator->CreateRootObject(&handle)
+                                  : generator->CreateRootArray(&handle));
+            EXPECT_EQ((Answer{1, handle}), model.ItemHandleByPath(L"/"));
+        }
+    }
+
+    // ---- Items ---------------------------------------------------------------------------------
+
+    void Add() {
+        const Operation& operation = choices.Of(building::Operations());
+        if (operation.family == Family::kReference && !root) return;
+        const Item item = AnyItem(operation);
+        const std::wstring target = root ? AnyPlace(building::At(*root)) : L"";
+        const std::wstring path = AnyPath();
+        const std::wstring key = fuzz::RandomKey(choices);
+        Arguments arguments = building::With(item);
+        if (root && !choices.OneIn(16)) arguments.reference = ReferenceOf(target);
+        arguments.handle = AnyHandle();
+        arguments.path = path.c_str();
+        arguments.key = key.c_str();
+        // Whether a null key or what is wrong with these items counts first is open.
+        const bool needsKey =
+            operation.kind == Kind::kVariant || operation.kind == Kind::kSpecialNumber;
+        if (!needsKey && choices.OneIn(16)) arguments.key = nullptr;
+        Expect(operation, item, arguments, target);
+    }
+
+    void Expect(const Operation& operation, const Item& item, const Arguments& arguments,
+                const std::wstring& target) {
+        const Answer expected = model.Add(operation, item, arguments, target);
+        const Answer answer = operation.call(*generator, arguments);
+        const bool isSame = operation.family == Family::kReference
+                                ? expected.result == answer.result
+                                : expected == answer;
+        ASSERT_TRUE(isSame) << "expected " << expected << ", and it is " << answer << "; "
+                            << operation.name << " of " << item.name << ", handle "
+                            << arguments.handle << ", path "
+                            << testing::PrintToString(arguments.path) << ", reference to "
+                            << testing::PrintToString(target) << ", key "
+                            << testing::PrintToString(arguments.key) << ", document "
+                            << testing::PrintToString(building::TextOf(*generator));
+        if (operation.family == Family::kReference)
+            ExpectReference(operation, item, answer, target);
+    }
+
+    /// Elements that are booleans or numbers have a reference of their own, which is none.
+    void ExpectReference(const Operation& operation, const Item& item, const Answer& answer,
+                         const std::wstring& target) {
+        ASSERT_EQ(answer.result == 1, answer.output.has_value());
+        if (answer.result != 1) return;
+        const Value& parent = *building::Resolve(building::At(*root), target);
+        const bool isContainer = item.kind == Kind::kObject || item.kind == Kind::kArray;
+        if (operation.keyed)
+            EXPECT_EQ(building::ReferenceOf((parent.MemberEnd() - 1)->value), answer.output);
+        else if (isContainer || item.kind == Kind::kNull || building::IsText(item))
+            EXPECT_EQ(building::ReferenceOf(*(parent.End() - 1)), answer.output);
+        else
+            EXPECT_EQ(building::ReferenceOf(parent) + 16 * (parent.Size() - 1), answer.output);
+    }
+
+    /// One in sixteen is spoilt. Selectors that do not exist are left to the family of paths: in
+    /// the others it is open whether a lost parent is found before them.
+    Item AnyItem(const Operation& operation) {
+        Item item = choices.Of(ItemsOf(operation.kind));
+        if (item.kind == Kind::kString) item = building::StringItem(fuzz::RandomText(choices));
+        if (!choices.OneIn(16)) return item;
+        item.payload.bytes = nullptr;
+        item.payload.text = nullptr;
+        item.payload.variant.text = nullptr;
+        if (choices.Below(2) == 0) item.payload.variant.tag = 7;
+        if (operation.kind == Kind::kSpecialNumber && operation.family == Family::kPath)
+            item.payload.word = 4;
+        return item;
+    }
+
+    /// Enough members or elements below one parent for its search, its storage and its paths to be
+    /// kept in another way.
+    void AddMany() {
+        const Family family = choices.Below(2) == 0 ? Family::kHandle : Family::kPath;
+        const bool keyed = choices.Below(4) != 0;
+        const Item item = building::IntItem(static_cast<int32_t>(choices.Below(256)));
+        const Operation& operation = building::OperationFor(item.kind, family, keyed);
+        const std::wstring path = AnyPath();
+        const int32_t handle = AnyHandle();
+        const std::wstring stem = fuzz::RandomKey(choices);
+        for (uint32_t left = choices.Below(64); left > 0; --left) {
+            const std::wstring key = stem + std::to_wstring(left);
+            Arguments arguments = building::With(item);
+            arguments.handle = handle;
+            arguments.path = path.c_str();
+            arguments.key = key.c_str();
+            Expect(operation, item, arguments, L"");
+        }
+    }
+
+    // ---- Handles and paths ---------------------------------------------------------------------
+
+    void AskForHandle() { ExpectHandleAt(AnyPath()); }
+
+    void ExpectHandleAt(const std::wstring& path) {
+        uint32_t handle = kUnwritten;
+        Answer answer = {generator->GetItemHandleByPath(path.c_str(), &handle)};
+        if (handle != kUnwritten) answer.output = handle;
+        EXPECT_EQ(model.ItemHandleByPath(path.c_str()), answer) << testing::PrintToString(path);
+    }
+
+    /// An object that is searched often is searched in another way.
+    void AskForEveryMember() {
+        const std::wstring place = AnyPlace(model.Document());
+        const Value& parent = *building::Resolve(model.Document(), place);
+        if (!parent.IsObject()) return;
+        std::vector<std::wstring> pointers;
+        for (auto member = parent.MemberBegin(); member != parent.MemberEnd(); ++member)
+            pointers.push_back(place + L"/" + fuzz::TextOf(member->name).c_str());
+        for (const std::wstring& pointer : pointers)
+            ExpectHandleAt(fuzz::TranslatePointer(model.Document(), pointer));
+    }
+
+    void AskForPath() {
+        const int32_t handle = AnyHandle();
+        std::wstring expected = L"unwritten";
+        int result = model.ItemPath(handle, expected);
+        if (expected.size() >= kPathCapacity) {
+            result = 0;
+            expected = L"unwritten";
+        }
+        wchar_t path[kPathCapacity] = L"unwritten";
+        EXPECT_EQ(result, generator->GetItemPath(handle, path));
+        EXPECT_EQ(expected, path) << handle;
+    }
+
+    // ---- Parsed JSON ---------------------------------------------------------------------------
+
+    void TakeIn() {
+        const auto& route = choices.OneIn(8) ? choices.Of(support::AllGraftRoutes())
+                                             : choices.Of(support::TextRoutes());
+        const std::wstring json = AnyJson();
+        const support::GraftSource source(route, json);
+        const std::wstring path = AnyPath();
+        const std::wstring key = fuzz::RandomKey(choices);
+        support::GraftArguments arguments;
+        arguments.parent = AnyHandle();
+        arguments.path = path.c_str();
+        arguments.key = key.c_str();
+        arguments.source = source.Argument();
+        const auto expected = model.Graft(route, arguments, support::ReferenceTake(route, source));
+        ASSERT_EQ(expected, Graft(route, *generator, arguments))
+            << route << " of " << testing::PrintToString(json) << ", handle " << arguments.parent
+            << ", path " << testing::PrintToString(path) << ", key " << testing::PrintToString(key)
+            << ", document " << testing::PrintToString(building::TextOf(*generator));
+        EXPECT_TRUE(source.IsClosed());
+        if (!route.IsGraft() && expected.result == 1) root.reset();
+    }
+
+    /// One in eight is spoilt.
+    std::wstring AnyJson() {
+        std::wstring json = fuzz::RandomJson(choices, {/*acceptNan=*/true, /*uniqueNames=*/false});
+        if (!choices.OneIn(8)) return json;
+        static const wchar_t* const kOthers[] = {L"", L" ", L"1", L"\"text\"", L"null"};
+        if (choices.Below(2) == 0) return choices.Of(kOthers);
+        return json.erase(choices.Below(256) % json.size(), 1);
+    }
+
+    // ---- Output --------------------------------------------------------------------------------
+
+    void Write() { ExpectWritten(choices.Of(support::AllOutputForms())); }
+
+    void ExpectWritten(const support::OutputForm& form) {
+        EXPECT_EQ(ReferenceIn(form, model.Document()), WriteIn(form, *generator)) << form;
+    }
+
+    void LoadWhatIsWritten() {
+        const std::wstring text = building::TextOf(*generator);
+        if (!fuzz::IsWellFormed(text)) return;
+        EXPECT_EQ(text, fuzz::ReadExactly(text));
+        EXPECT_EQ(fuzz::ReadByDefault(text), support::JsonOf(*support::GeneratorOf(text)));
+    }
+
+    // ---- Choices -------------------------------------------------------------------------------
+
+    std::wstring AnyPlace(Value& value) {
+        std::vector<std::wstring> all;
+        Collect(value, L"", all);
+        const std::wstring& place = choices.Of(all);
+        // Below the second of two members with one name nothing is named, or something else.
+        return building::Resolve(value, place) ? place : L"";
+    }
+
+    uint64_t ReferenceOf(const std::wstring& place) {
+        return building::ReferenceOf(*building::Resolve(building::At(*root), place));
+    }
+
+    /// The path of a value, sometimes with something behind it, or nearly a path.
+    std::wstring AnyPath() {
+        std::wstring path = fuzz::TranslatePointer(model.Document(), AnyPlace(model.Document()));
+        if (choices.OneIn(8)) path += L"/" + fuzz::RandomKey(choices);
+        if (choices.OneIn(32)) path.insert(choices.Below(4) % path.size(), L"~");
+        return path.size() < kPathCapacity ? path : L"/";
+    }
+
+    int32_t AnyHandle() { return static_cast<int32_t>(choices.Below(model.LastHandle() + 2)); }
+
+    fuzz::Choices& choices;
+    support::Generator generator = support::NewGenerator();
+    fuzz::GeneratorModel model;
+    std::optional<uint64_t> root;  ///< the root's reference, where it was handed out
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    fuzz::Choices choices(data, size);
+    Building(choices).Run();
+    return 0;
+}

@@ -1,0 +1,141 @@
+// Any bytes, through every load: what comes of them must be what RapidJSON's own reader makes of
+// them behind its own detection of encodings. The library has a fast way for well-formed text.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "GraftReference.h"
+#include "LoadForm.h"
+#include "PackageDelegate.h"
+#include "PackageReference.h"
+#include "PackageState.h"
+#include "ReferenceLoad.h"
+#include "support/Choices.h"
+#include "support/PackageModel.h"
+#include "support/Readings.h"
+#include "support/RoundTrip.h"
+
+namespace {
+
+using support::Encoding;
+
+/// The reference reads with RapidJSON's recursive reader, which has no limit of its own.
+constexpr int kDeepest = 1000;
+
+/// Whether the bytes may hold a document of more levels. Closing brackets inside of strings hide
+/// some, but that takes several bytes for each.
+bool MayBeTooDeep(const std::string& bytes) {
+    int depth = 0;
+    return std::any_of(bytes.begin(), bytes.end(), [&](char byte) {
+        if (byte == '[' || byte == '{') ++depth;
+        if (byte == ']' || byte == '}') depth = std::max(0, depth - 1);
+        return depth > kDeepest;
+    });
+}
+
+/// Text of a fuzzer's bytes: ASCII is itself, other bytes make units together with the one behind,
+/// which reaches characters of every length in UTF-8 and halves of surrogate pairs.
+std::wstring WideText(const std::string& bytes) {
+    std::wstring text;
+    for (size_t i = 0; i < bytes.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(bytes[i]);
+        const bool isPair = byte >= 0x80 && i + 1 < bytes.size();
+        const unsigned behind = isPair ? static_cast<unsigned char>(bytes[++i]) : 0;
+        text += static_cast<wchar_t>(isPair ? (byte & 0x7Fu) << 9 | behind : byte);
+    }
+    return text;
+}
+
+/// The bytes as an input wants them: as they are, or as text in one of the encodings, with a mark
+/// or without, behind blanks that move it against the blocks in which files are read.
+std::string BytesOf(fuzz::Choices& choices) {
+    const uint32_t form = choices.Below(11);
+    const std::string blanks(choices.Below(256) * 8, ' ');
+    if (form == 0) return blanks + choices.Rest();
+    const Encoding encoding = support::kAllEncodings[(form - 1) / 2];
+    const std::wstring text(blanks.begin(), blanks.end());
+    return support::Encode(text + WideText(choices.Rest()), encoding, form % 2 == 0);
+}
+
+/// Zero-terminated text in memory of its own, with not a byte behind it.
+class ExactText {
+public:
+    explicit ExactText(const std::string& bytes)
+        : size(bytes.size() / sizeof(wchar_t)), units(new wchar_t[size + 1]) {
+        std::copy_n(bytes.data(), size * sizeof(wchar_t), reinterpret_cast<char*>(units.get()));
+        units[size] = 0;
+    }
+    const wchar_t* Get() const { return units.get(); }
+
+private:
+    size_t size;
+    std::unique_ptr<wchar_t[]> units;
+};
+
+/// What was written loads again, and is then the same. Halves of surrogate pairs, which come into a
+/// document as escapes, are no text that loads.
+void ExpectToLoadAgain(const std::wstring& tree) {
+    if (tree.empty() || !fuzz::IsWellFormed(tree)) return;
+    EXPECT_EQ(tree, fuzz::ReadExactly(tree));
+    const support::Parser parser = support::NewParser();
+    EXPECT_EQ(support::Success(fuzz::ReadByDefault(tree)), support::LoadText(*parser, tree));
+}
+
+void ExpectOfParser(const std::string& bytes, const wchar_t* text, bool withFiles) {
+    const support::Parser parser = support::NewParser();
+    const std::unique_ptr<char[]> exact(new char[bytes.size()]);
+    std::copy(bytes.begin(), bytes.end(), exact.get());
+    const auto length = static_cast<uint32_t>(bytes.size());
+    const auto loaded = support::OutcomeOf(*parser, parser->LoadJsonBytes(exact.get(), length));
+    EXPECT_EQ(support::ReferenceLoadBytes(bytes), loaded);
+    ExpectToLoadAgain(loaded.tree);
+    EXPECT_EQ(support::ReferenceLoadText(text),
+              support::OutcomeOf(*parser, parser->LoadJsonString(text)));
+    if (!withFiles) return;
+    const support::TempFile file(bytes);
+    EXPECT_EQ(support::ReferenceLoadFile(file.Name()),
+              support::OutcomeOf(*parser, parser->LoadJsonFile(file.Name())));
+    EXPECT_TRUE(file.IsClosed());
+}
+
+/// Text that becomes the value of a key, in one of the ways in which it can.
+void ExpectOfPackageValue(const std::wstring& text, const support::JsonRoute& route) {
+    SCOPED_TRACE(route.name);
+    const support::Package package = support::NewPackage();
+    fuzz::PackageModel model;
+    EXPECT_EQ(1, package->SetValueBoolean(L"a", true));
+    model.Set(L"a", fuzz::Value(true));
+    EXPECT_EQ(model.SetJson(L"b", text), route.set(*package, L"b", text.c_str()));
+    EXPECT_EQ(model.State(), support::PackageStateOf(*package));
+}
+
+void ExpectOfPackage(const std::string& bytes, const wchar_t* text, fuzz::Choices& choices,
+                     bool withFiles) {
+    const support::Package package = support::LoadedPackage(L"{\"before\":1}");
+    const auto expected = support::ReferencePackageText(text);
+    EXPECT_EQ(expected, support::PackageOutcomeOf(*package, package->LoadString(text)));
+    ExpectOfPackageValue(text, choices.Of(support::JsonRoutes()));
+    if (!withFiles) return;
+    const support::TempFile file(bytes);
+    EXPECT_EQ(support::ReferencePackageFile(file.Name()),
+              support::PackageOutcomeOf(*package, package->LoadFile(file.Name())));
+    EXPECT_TRUE(file.IsClosed());
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    fuzz::Choices choices(data, size);
+    const bool withFiles = choices.OneIn(4);
+    const auto& graft = choices.Of(withFiles ? support::FileRoutes() : support::TextRoutes());
+    fuzz::Choices forPackage = choices;
+    const std::string bytes = BytesOf(choices);
+    if (MayBeTooDeep(bytes)) return 0;
+    const ExactText text(bytes);
+    ExpectOfParser(bytes, text.Get(), withFiles);
+    ExpectOfPackage(bytes, text.Get(), forPackage, withFiles);
+    support::ExpectAsReference(graft, support::GraftSource(graft, bytes));
+    return 0;
+}

@@ -1,0 +1,452 @@
+// Files that fail in the middle: each call of the C runtime's file functions in turn, alone and
+// with all that follow. What comes of it is what the contract has for a file that ends there, does
+// not open or cannot be read again; nothing is lost, and the object goes on.
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <ostream>
+#include <string>
+
+#include "FailingAllocations.h"
+#include "ImportPatch.h"
+#include "JsonDll.h"
+#include "LoadOutcome.h"
+#include "OutputForm.h"
+#include "PackageState.h"
+#include "ProcessUse.h"
+#include "TempFile.h"
+
+namespace {
+
+using support::Generator;
+using support::ImportPatch;
+using support::Package;
+using support::Parser;
+using support::TempFile;
+
+// ---- File functions that fail on demand --------------------------------------------------------
+
+enum Function { kOpen, kRead, kSeek, kTell, kWrite, kClose, kFunctions };
+
+constexpr const char* kNames[kFunctions] = {"open", "read", "seek", "tell", "write", "close"};
+constexpr int kAllThatFollow = INT_MAX;
+
+int g_calls[kFunctions];
+int g_first[kFunctions];  ///< the first call that fails, from 1; 0: none
+int g_count = 0;          ///< how many calls in a row fail
+size_t g_cut = 0;         ///< where in the file the last read ended that failed
+
+bool FailsNow(Function function) {
+    const int call = ++g_calls[function];
+    return g_first[function] > 0 && call >= g_first[function] && call - g_first[function] < g_count;
+}
+
+errno_t Open(std::FILE** file, const wchar_t* name, const wchar_t* mode) {
+    if (!FailsNow(kOpen)) return _wfopen_s(file, name, mode);
+    *file = nullptr;
+    return EACCES;
+}
+
+size_t Read(void* buffer, size_t size, size_t count, std::FILE* file) {
+    if (!FailsNow(kRead)) return std::fread(buffer, size, count, file);
+    const size_t read = std::fread(buffer, size, count / 2, file);
+    g_cut = static_cast<size_t>(std::ftell(file));
+    return read;
+}
+
+int Seek(std::FILE* file, long offset, int origin) {
+    return FailsNow(kSeek) ? -1 : std::fseek(file, offset, origin);
+}
+
+long Tell(std::FILE* file) { return FailsNow(kTell) ? -1 : std::ftell(file); }
+
+size_t Write(const void* data, size_t size, size_t count, std::FILE* file) {
+    return std::fwrite(data, size, FailsNow(kWrite) ? count / 2 : count, file);
+}
+
+int Close(std::FILE* file) {
+    const int result = std::fclose(file);
+    return FailsNow(kClose) ? EOF : result;
+}
+
+/// Puts these functions in the place of those that the library imports.
+class FailingFiles {
+public:
+    FailingFiles() { Stop(); }
+
+    bool AllFound() const {
+        return open.Found() && read.Found() && seek.Found() && tell.Found() && write.Found() &&
+               close.Found();
+    }
+
+    void Fail(Function function, int first, int count) {
+        Stop();
+        g_first[function] = first;
+        g_count = count;
+    }
+    bool Happened(Function function) const {
+        return g_first[function] > 0 && g_calls[function] >= g_first[function];
+    }
+    void Stop() {
+        for (int& calls : g_calls) calls = 0;
+        for (int& first : g_first) first = 0;
+        g_cut = 0;
+    }
+
+private:
+    ImportPatch open{support::JsonDll(), "_wfopen_s", &Open};
+    ImportPatch read{support::JsonDll(), "fread", &Read};
+    ImportPatch seek{support::JsonDll(), "fseek", &Seek};
+    ImportPatch tell{support::JsonDll(), "ftell", &Tell};
+    ImportPatch write{support::JsonDll(), "fwrite", &Write};
+    ImportPatch close{support::JsonDll(), "fclose", &Close};
+};
+
+// ---- Loads -------------------------------------------------------------------------------------
+
+/// What a load of any family leaves to be seen. A generator has neither code nor offset.
+struct Seen {
+    int result = 0;
+    int code = 0;
+    uint64_t offset = 0;
+    std::wstring text = {};
+
+    bool operator==(const Seen& other) const {
+        return result == other.result && code == other.code && offset == other.offset &&
+               text == other.text;
+    }
+};
+
+std::ostream& operator<<(std::ostream& out, const Seen& seen) {
+    return out << seen.result << ", code " << seen.code << " at " << seen.offset << ", "
+               << testing::PrintToString(seen.text);
+}
+
+Seen LoadParser(const wchar_t* name) {
+    const Parser parser = support::NewParser();
+    const auto outcome = support::OutcomeOf(*parser, parser->LoadJsonFile(name));
+    EXPECT_EQ(1, parser->LoadJsonString(L"[1]"));
+    return {outcome.result, outcome.code, outcome.offset, outcome.tree};
+}
+
+Seen LoadPackage(const wchar_t* name) {
+    const Package package = support::NewPackage();
+    const auto outcome = support::PackageOutcomeOf(*package, package->LoadFile(name));
+    EXPECT_EQ(1, package->SetValueNumber(L"k", 1));
+    return {outcome.result, outcome.code, outcome.offset, outcome.text};
+}
+
+Seen LoadGenerator(const wchar_t* name) {
+    const Generator generator = support::GeneratorOf(L"[\"before\"]");
+    uint32_t handle = 0;
+    const int result = generator->LoadJsonFile(name, &handle);
+    const Seen seen = {result, 0, 0, support::JsonOf(*generator)};
+    EXPECT_EQ(1, generator->CreateRootArray(&handle));
+    return seen;
+}
+
+Seen GraftIntoGenerator(const wchar_t* name) {
+    const Generator generator = support::GeneratorOf(L"[\"before\"]");
+    uint32_t handle = 0;
+    const int result = generator->AddArrayItemJsonFile(1, name, &handle);
+    const Seen seen = {result, 0, 0, support::JsonOf(*generator)};
+    EXPECT_EQ(1, generator->AddArrayItemInt(1, 2, &handle));
+    return seen;
+}
+
+struct Load {
+    const char* name;
+    Seen (*load)(const wchar_t* name);
+};
+
+const Load kLoads[] = {
+    {"parser", &LoadParser},
+    {"package", &LoadPackage},
+    {"generator", &LoadGenerator},
+    {"graft", &GraftIntoGenerator},
+};
+
+struct Content {
+    const char* name;
+    std::string bytes;
+    bool ansi;  ///< read in two attempts
+};
+
+std::string Long(const std::string& front) {
+    return "{\"" + front + "\":[\"" + std::string(5000, 'x') + "\",1,2]}";
+}
+
+const Content kContents[] = {
+    {"small", "{\"a\":[1,2,3]}", false},
+    {"broken", "{\"a\":[1,2,3]", false},
+    {"empty", "", false},
+    {"long", Long("a"), false},
+    {"long UTF-8", Long("\xC3\xA9"), false},
+    {"ANSI", "{\"\xE9.\":[1,2,3]}", true},
+    {"broken ANSI", "{\"\xE9.\":[1,2,3]", true},
+    {"long ANSI", Long("\xE9."), true},
+};
+
+/// Loads one content in one family with each of the calls failing.
+class Trials {
+public:
+    Trials(const Load& aLoad, const Content& content)
+        : load(aLoad), bytes(content.bytes), file(content.bytes), isAnsi(content.ansi) {
+        whole = load.load(file.Name());
+        files.Fail(kOpen, 2, kAllThatFollow);
+        firstAttempt = load.load(file.Name());
+        files.Fail(kOpen, 1, kAllThatFollow);
+        unopened = load.load(file.Name());
+        files.Stop();
+    }
+
+    bool Ready() const { return files.AllFound(); }
+
+    void FailEach(Function function, int count) {
+        const support::FailingAllocations allocations;
+        bool happened = true;
+        for (int n = 1; happened; ++n) {
+            SCOPED_TRACE(testing::Message() << kNames[function] << ' ' << n);
+            files.Fail(function, n, count);
+            const Seen seen = load.load(file.Name());
+            happened = files.Happened(function);
+            const size_t cut = g_cut;
+            files.Stop();
+            Judge(function, n, happened, seen, cut);
+            EXPECT_TRUE(file.IsClosed());
+            EXPECT_EQ(0, allocations.LiveBlocks()) << "memory is lost";
+        }
+    }
+
+    const Seen& Whole() const { return whole; }
+    const Seen& FirstAttempt() const { return firstAttempt; }
+    const Seen& Unopened() const { return unopened; }
+
+private:
+    void Judge(Function function, int n, bool happened, const Seen& seen, size_t cut) const {
+        if (!happened || function == kClose || function == kWrite) {
+            EXPECT_EQ(whole, seen);
+        } else if (function == kOpen) {
+            EXPECT_EQ(n == 1 ? unopened : firstAttempt, seen);
+        } else if (function == kRead) {
+            const bool known = seen == whole || seen == firstAttempt || seen == CutAt(cut);
+            EXPECT_TRUE(known) << seen << " of the first " << cut << " bytes";
+        } else {
+            EXPECT_TRUE(seen == whole || (isAnsi && seen == firstAttempt)) << seen;
+        }
+    }
+
+    Seen CutAt(size_t size) const {
+        const TempFile part(bytes.substr(0, size));
+        return load.load(part.Name());
+    }
+
+    const Load& load;
+    const std::string bytes;
+    const TempFile file;
+    const bool isAnsi;
+    FailingFiles files;
+    Seen whole;
+    Seen firstAttempt;
+    Seen unopened;
+};
+
+void FailEveryCallOfEveryLoad() {
+    for (const Load& load : kLoads)
+        for (const Content& content : kContents) {
+            SCOPED_TRACE(testing::Message() << load.name << ", " << content.name);
+            Trials trials(load, content);
+            ASSERT_TRUE(trials.Ready());
+            const bool tells = content.ansi && trials.Whole().result == 1;
+            EXPECT_EQ(tells, trials.FirstAttempt().result != trials.Whole().result);
+            EXPECT_NE(1, trials.Unopened().result);
+            for (const Function function : {kOpen, kRead, kSeek, kTell, kClose})
+                for (const int count : {1, kAllThatFollow}) trials.FailEach(function, count);
+        }
+}
+
+TEST(FileFaults, Loads) {
+    FailEveryCallOfEveryLoad();  // the system takes some handles with its first files
+    const int handles = support::HandleCount();
+    FailEveryCallOfEveryLoad();
+    EXPECT_EQ(handles, support::HandleCount());
+}
+
+// ---- Files that change between the two attempts ------------------------------------------------
+
+const std::string* g_next =
+    nullptr;  ///< what the file holds for the second attempt; null: it is gone
+int g_opens = 0;
+
+errno_t OpenAndChange(std::FILE** file, const wchar_t* name, const wchar_t* mode) {
+    if (++g_opens == 2) {
+        DeleteFileW(name);
+        std::FILE* const changed = g_next ? _wfopen(name, L"wb") : nullptr;
+        if (changed) {
+            std::fwrite(g_next->data(), 1, g_next->size(), changed);
+            std::fclose(changed);
+        }
+    }
+    return _wfopen_s(file, name, mode);
+}
+
+Seen LoadChanging(const Load& load, const std::string& before, const std::string* after) {
+    const TempFile file(before);
+    g_next = after;
+    g_opens = 0;
+    const Seen seen = load.load(file.Name());
+    EXPECT_EQ(2, g_opens);
+    EXPECT_EQ(after != nullptr, file.IsClosed());
+    return seen;
+}
+
+const std::string kAnsi = "{\"some text and \xE9.\":1}";
+
+/// The second attempt reads what is there then, and nothing else; where nothing is, the error of
+/// the first stays.
+TEST(FileFaults, AFileThatChangesBetweenTheAttempts) {
+    const ImportPatch open(support::JsonDll(), "_wfopen_s", &OpenAndChange);
+    ASSERT_TRUE(open.Found());
+    const std::string nothing;
+    const std::string other = "{\"\xE9.\":[2]}";
+    const std::string longer = Long("\xE9.");
+    for (const Load& load : kLoads) {
+        SCOPED_TRACE(load.name);
+        const support::FailingAllocations allocations;
+        const Seen gone = LoadChanging(load, kAnsi, nullptr);
+        EXPECT_NE(1, gone.result);
+        if (load.load == &LoadParser || load.load == &LoadPackage) {
+            EXPECT_EQ(12, gone.code);
+            EXPECT_EQ(kAnsi.find('\xE9') + 1, gone.offset);
+        }
+        EXPECT_EQ(gone, LoadChanging(load, kAnsi, &nothing));
+        for (const std::string* const next : {&other, &longer})
+            EXPECT_EQ(LoadChanging(load, *next, next), LoadChanging(load, kAnsi, next));
+        EXPECT_EQ(0, allocations.LiveBlocks());
+    }
+}
+
+// ---- Saves -------------------------------------------------------------------------------------
+
+constexpr const wchar_t* kSaved = L"{\"a\":[1,\"\xE9\",{\"b\":null}]}";
+
+int SavePackage(const wchar_t* name, int32_t encoding) {
+    const Package package = support::LoadedPackage(kSaved);
+    const int result = package->SaveToFile(name, encoding);
+    EXPECT_EQ(kSaved, support::PackageText(*package));
+    return result;
+}
+
+int SaveGenerator(const wchar_t* name, int32_t encoding) {
+    const Generator generator = support::GeneratorOf(kSaved);
+    const int result = generator->SaveToFile(name, encoding);
+    EXPECT_EQ(kSaved, support::JsonOf(*generator));
+    return result;
+}
+
+int SaveGeneratorIndented(const wchar_t* name, int32_t encoding) {
+    const Generator generator = support::GeneratorOf(kSaved);
+    const int result = generator->SaveToFileEx(name, encoding, 1);
+    EXPECT_EQ(kSaved, support::JsonOf(*generator));
+    return result;
+}
+
+struct Save {
+    const char* name;
+    int (*save)(const wchar_t* name, int32_t encoding);
+};
+
+const Save kSaves[] = {
+    {"package", &SavePackage},
+    {"generator", &SaveGenerator},
+    {"generator, indented", &SaveGeneratorIndented},
+};
+
+std::string BytesOf(const Save& save, int32_t encoding) {
+    const TempFile file;
+    EXPECT_EQ(1, save.save(file.Name(), encoding));
+    return file.Bytes();
+}
+
+/// A save over `before` with failing calls. What was written tells, not the result; but a file that
+/// does not open is left alone.
+void SaveWithFailure(const Save& save, int32_t encoding, Function function, bool happened,
+                     const TempFile& file, int result) {
+    const std::string whole = BytesOf(save, encoding);
+    const std::string bytes = file.Bytes();
+    EXPECT_TRUE(file.IsClosed());
+    if (happened && function == kOpen) {
+        EXPECT_EQ(0, result);
+        EXPECT_EQ("before", bytes);
+    } else if (happened && function == kWrite) {
+        EXPECT_EQ(1, result);
+        EXPECT_LT(bytes.size(), whole.size());
+    } else {
+        EXPECT_EQ(1, result);
+        EXPECT_EQ(whole, bytes);
+    }
+}
+
+TEST(FileFaults, Saves) {
+    FailingFiles files;
+    ASSERT_TRUE(files.AllFound());
+    for (const Save& save : kSaves)
+        for (const int32_t encoding : {0, 1, 2, 3})
+            for (const Function function : {kOpen, kWrite, kSeek, kTell, kClose})
+                for (const int count : {1, kAllThatFollow}) {
+                    const support::FailingAllocations allocations;
+                    bool happened = true;
+                    for (int n = 1; happened; ++n) {
+                        SCOPED_TRACE(testing::Message() << save.name << ", encoding " << encoding
+                                                        << ", " << kNames[function] << ' ' << n);
+                        const TempFile file("before");
+                        files.Fail(function, n, count);
+                        const int result = save.save(file.Name(), encoding);
+                        happened = files.Happened(function);
+                        files.Stop();
+                        SaveWithFailure(save, encoding, function, happened, file, result);
+                        EXPECT_EQ(0, allocations.LiveBlocks()) << "memory is lost";
+                    }
+                }
+}
+
+/// A disk that takes nothing leaves an empty file, and 1.
+TEST(FileFaults, AFullDisk) {
+    using Write = size_t (*)(const void*, size_t, size_t, std::FILE*);
+    const Write refuse = [](const void*, size_t, size_t, std::FILE*) -> size_t { return 0; };
+    const ImportPatch write(support::JsonDll(), "fwrite", refuse);
+    ASSERT_TRUE(write.Found());
+    for (const Save& save : kSaves)
+        for (const int32_t encoding : {0, 1, 2, 3}) {
+            SCOPED_TRACE(testing::Message() << save.name << ", encoding " << encoding);
+            const TempFile file("before");
+            EXPECT_EQ(1, save.save(file.Name(), encoding));
+            EXPECT_EQ("", file.Bytes());
+            EXPECT_TRUE(file.IsClosed());
+        }
+}
+
+HANDLE WINAPI CreateNothing(const wchar_t*, DWORD, DWORD, SECURITY_ATTRIBUTES*, DWORD, DWORD,
+                            HANDLE) {
+    return INVALID_HANDLE_VALUE;
+}
+
+/// The name is tried out first: where that fails nothing is opened, and nothing changes.
+TEST(FileFaults, NamesThatDoNotProveUsable) {
+    const ImportPatch create(support::JsonDll(), "CreateFileW", &CreateNothing);
+    ASSERT_TRUE(create.Found());
+    for (const Save& save : kSaves) {
+        SCOPED_TRACE(save.name);
+        const TempFile file("before");
+        const TempFile missing;
+        EXPECT_EQ(0, save.save(file.Name(), 2));
+        EXPECT_EQ(0, save.save(missing.Name(), 2));
+        EXPECT_EQ("before", file.Bytes());
+        EXPECT_FALSE(missing.Exists());
+    }
+}
+
+}  // namespace

@@ -1,0 +1,213 @@
+// The search for members, whatever it remembers, against a scan.
+
+#include "common/MemberLookup.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using namespace QXJSON;
+
+wchar_t LowerAscii(wchar_t c) {
+    return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c - L'A' + L'a') : c;
+}
+
+bool Equal(std::wstring_view a, std::wstring_view b, KeyMatch match) {
+    if (a.size() != b.size()) return false;
+    for (size_t i = 0; i < a.size(); ++i) {
+        const bool equal =
+            match == KeyMatch::kExact ? a[i] == b[i] : LowerAscii(a[i]) == LowerAscii(b[i]);
+        if (!equal) return false;
+    }
+    return true;
+}
+
+const JsonMember* Scan(const JsonValue& object, std::wstring_view key, KeyMatch match) {
+    const JsonMember* const members = object.MemberBegin().operator->();
+    for (rapidjson::SizeType i = 0; i < object.MemberCount(); ++i) {
+        const JsonValue& name = members[i].name;
+        if (Equal({name.GetString(), name.GetStringLength()}, key, match)) return &members[i];
+    }
+    return nullptr;
+}
+
+/// An object that changes, and the search that is told of it.
+class Subject {
+public:
+    Subject() { document.SetObject(); }
+
+    void Add(const std::wstring& key) {
+        const JsonMember* const before = Members();
+        JsonValue name(key.c_str(), static_cast<rapidjson::SizeType>(key.size()),
+                       document.GetAllocator());
+        document.AddMember(name, JsonValue(static_cast<int>(Count())), document.GetAllocator());
+        if (Members() != before) lookup.Moved(before, Members());
+    }
+
+    void Remove(size_t position) {
+        lookup.Remove(document, document.MemberBegin()[static_cast<std::ptrdiff_t>(position)]);
+    }
+
+    void RemoveAll() {
+        document.RemoveAllMembers();
+        lookup.Clear();
+    }
+
+    testing::AssertionResult Finds(const std::wstring& key) {
+        for (const KeyMatch match : {KeyMatch::kIgnoreCase, KeyMatch::kExact}) {
+            const JsonMember* const expected = Scan(document, key, match);
+            const JsonMember* const found = lookup.Find(document, key, match);
+            hits += found != nullptr;
+            ++searches;
+            if (found != expected)
+                return testing::AssertionFailure()
+                       << testing::PrintToString(key) << " among " << Count() << ", "
+                       << (match == KeyMatch::kExact ? "exactly" : "in any case");
+        }
+        return testing::AssertionSuccess();
+    }
+
+    size_t Count() const { return document.MemberCount(); }
+    std::wstring NameAt(size_t position) const {
+        const JsonValue& name =
+            (document.MemberBegin() + static_cast<std::ptrdiff_t>(position))->name;
+        return {name.GetString(), name.GetStringLength()};
+    }
+    int Hits() const { return hits; }
+    int Misses() const { return searches - hits; }
+
+private:
+    const JsonMember* Members() const { return document.MemberBegin().operator->(); }
+
+    JsonDocument document;
+    MemberLookup lookup;
+    int hits = 0;
+    int searches = 0;
+};
+
+/// Keys that are easily taken for one another: units that differ in the bit of the case and are no
+/// letters, letters that are none of ASCII's, zeroes.
+std::wstring LookAlike(std::mt19937& random, size_t longest) {
+    constexpr wchar_t kUnits[] = {L'a', L'A', L'k', L'K', L'z', L'Z',      L'@',      L'`', L'[',
+                                  L'{', L'_', 0x7F, 0xE9, 0xC9, L'\x212A', L'\x0141', L'1', 0};
+    std::wstring key;
+    for (size_t length = random() % (longest + 1); key.size() < length;)
+        key += kUnits[random() % std::size(kUnits)];
+    return key;
+}
+
+/// A name of the object in some other case, or with one unit changed.
+std::wstring Nearly(std::wstring name, std::mt19937& random) {
+    for (wchar_t& c : name)
+        if (random() % 3 == 0 && LowerAscii(c) >= L'a' && LowerAscii(c) <= L'z') c ^= 0x20;
+    if (!name.empty() && random() % 4 == 0) name[random() % name.size()] ^= 0x20;
+    return name;
+}
+
+std::wstring SomeKey(const Subject& subject, std::mt19937& random, size_t longest) {
+    if (subject.Count() == 0 || random() % 3 == 0) return LookAlike(random, longest);
+    return Nearly(subject.NameAt(random() % subject.Count()), random);
+}
+
+TEST(MemberLookup, ObjectsOfAllSizes) {
+    std::mt19937 random(1);
+    for (const size_t size :
+         {1u, 2u, 15u, 16u, 17u, 18u, 47u, 48u, 49u, 50u, 96u, 97u, 500u, 2000u}) {
+        for (const size_t longest : {2u, 4u, 9u}) {
+            SCOPED_TRACE(testing::Message() << size << " members");
+            Subject subject;
+            while (subject.Count() < size) subject.Add(LookAlike(random, longest));
+            for (int i = 0; i < 300; ++i)
+                ASSERT_TRUE(subject.Finds(SomeKey(subject, random, longest)));
+            EXPECT_GT(subject.Hits(), 0);
+            EXPECT_GT(subject.Misses(), 0);
+        }
+    }
+}
+
+/// Names from all over a large object, and names that are near them.
+TEST(MemberLookup, ManyNames) {
+    constexpr int kMembers = 2000;
+    Subject subject;
+    for (int i = 0; i < kMembers; ++i) subject.Add(L"Member" + std::to_wstring(i));
+    for (int i = 0; i < kMembers; i += 7) {
+        ASSERT_TRUE(subject.Finds(L"mEMBER" + std::to_wstring(i)));
+        ASSERT_TRUE(subject.Finds(L"Member" + std::to_wstring(i)));
+        ASSERT_TRUE(subject.Finds(L"Membe" + std::to_wstring(i)));
+    }
+    EXPECT_EQ(3 * 286, subject.Hits());
+}
+
+/// Objects that grow and shrink while they are searched.
+TEST(MemberLookup, ObjectsThatChange) {
+    std::mt19937 random(2);
+    for (const unsigned growth : {70u, 55u, 50u}) {
+        Subject subject;
+        for (int i = 0; i < 3000; ++i) {
+            if (subject.Count() == 0 || (random() % 100 < growth && subject.Count() < 2000))
+                subject.Add(random() % 2 ? SomeKey(subject, random, 6) : LookAlike(random, 8));
+            else
+                subject.Remove(random() % subject.Count());
+            if (random() % 1000 == 0 && growth == 50) subject.RemoveAll();
+            for (unsigned searches = random() % 4; searches > 0; --searches)
+                ASSERT_TRUE(subject.Finds(SomeKey(subject, random, 6))) << "step " << i;
+        }
+        EXPECT_GT(subject.Hits(), 500);
+        EXPECT_GT(subject.Misses(), 500);
+    }
+}
+
+/// First, last and middle members go, until none is left.
+TEST(MemberLookup, RemovalsFromEveryPlace) {
+    for (const int from : {0, 1, 2}) {
+        Subject subject;
+        for (int i = 0; i < 300; ++i) subject.Add(L"k" + std::to_wstring(i % 100));
+        for (int i = 0; i < 100; ++i) ASSERT_TRUE(subject.Finds(L"K" + std::to_wstring(i)));
+        while (subject.Count() > 0) {
+            const size_t last = subject.Count() - 1;
+            subject.Remove(from == 0 ? 0 : from == 1 ? last : last / 2);
+            for (int i = 0; i < 100; i += 7) ASSERT_TRUE(subject.Finds(L"K" + std::to_wstring(i)));
+        }
+    }
+}
+
+/// Members that come and go, many more than there ever are at a time.
+TEST(MemberLookup, AlwaysTheSameNumber) {
+    Subject subject;
+    for (int i = 0; i < 5000; ++i) {
+        subject.Add(L"key " + std::to_wstring(i));
+        if (subject.Count() > 40) subject.Remove(0);
+        ASSERT_TRUE(subject.Finds(L"KEY " + std::to_wstring(i)));
+        ASSERT_TRUE(subject.Finds(L"KEY " + std::to_wstring(i - 39)));
+        ASSERT_TRUE(subject.Finds(L"KEY " + std::to_wstring(i - 41)));
+    }
+}
+
+/// Objects of one document are searched in turn.
+TEST(MemberLookup, SeveralObjects) {
+    constexpr int kObjects = 7;
+    JsonDocument document;
+    document.SetArray();
+    auto& allocator = document.GetAllocator();
+    for (int n = 0; n < kObjects; ++n) {
+        JsonValue object(rapidjson::kObjectType);
+        for (int i = 0; i < 100; ++i) {
+            const std::wstring key = std::to_wstring(i * (n + 1));
+            object.AddMember(JsonValue(key.c_str(), allocator), JsonValue(i), allocator);
+        }
+        document.PushBack(object, allocator);
+    }
+    MemberLookup lookup;
+    for (int i = 0; i < 100; ++i)
+        for (rapidjson::SizeType n = 0; n < kObjects; ++n) {
+            const std::wstring key = std::to_wstring(i);
+            EXPECT_EQ(Scan(document[n], key, KeyMatch::kExact),
+                      lookup.Find(document[n], key, KeyMatch::kExact));
+        }
+}
+
+}  // namespace
