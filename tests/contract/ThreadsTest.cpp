@@ -96,6 +96,15 @@ private:
         Check(result == -5);
     }
 
+    void Keep(int round, const std::wstring& expected) {
+        double number = 0;
+        Check(package->RemoveAll() == 1);
+        Check(package->SetValueNumber(name.c_str(), round) == 1);
+        Check(package->GetValueNumber(name.c_str(), &number) == 1 && number == round);
+        Check(package->GetValueNumber(L"none", &number) == -1);
+        Check(TextOf(*package) == expected);
+    }
+
     std::wstring name;
     int failures = 0;
     Parser parser = NewParser();
@@ -155,12 +164,12 @@ TEST(Threads, AnObjectGoesFromThreadToThread) {
     EXPECT_STREQ(L"[]", text);
     double number = 0;
     EXPECT_EQ(1, package->GetValueNumber(L"K", &number));
+    int released = 0;
     std::thread([&] {
-        parser.reset();
-        generator.reset();
-        package.reset();
+        released = parser.release()->Release() + generator.release()->Release() +
+                   package.release()->Release();
     }).join();
-    EXPECT_EQ(nullptr, parser.get());
+    EXPECT_EQ(3, released);
 }
 
 }  // namespace

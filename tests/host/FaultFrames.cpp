@@ -63,7 +63,13 @@ private:
 SignalHandlers handlers;
 
 void SignalHandlers::OnSignal(int signal, siginfo_t*, void*) {
-    if (innermost) LeaveFaultFrame(CodeOf(signal));
+    if (innermost) {
+        // The jump restores no signal mask, and the next fault must not find its signal blocked.
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_UNBLOCK, &all, nullptr);
+        LeaveFaultFrame(CodeOf(signal));
+    }
     // Nobody waits for it. The instruction is repeated under the handler that was there before.
     sigaction(signal, &handlers.before[signal], nullptr);
 }

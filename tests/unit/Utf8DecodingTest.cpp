@@ -264,4 +264,21 @@ TEST(Utf8Decoding, SkipsBlanks) {
     }
 }
 
+/// At its end a stream gives zeroes, however often it is asked.
+TEST(Utf8Decoding, StaysAtItsEnd) {
+    for (const std::string& bytes : {std::string(), std::string("[]"), std::string("  \n"),
+                                     std::string(ByteBlock::kSize, ' ')})
+        for (const size_t size : kPieces) {
+            Pieces pieces(bytes, size);
+            ByteBlock memory;
+            Utf8Stream stream(pieces, memory);
+            for (const char c : bytes) EXPECT_EQ(c, stream.Take());
+            for (int i = 0; i < 3; ++i) {
+                SkipWhitespace(stream);
+                EXPECT_EQ(0, stream.Take());
+                EXPECT_EQ(bytes.size(), stream.Tell());
+            }
+        }
+}
+
 }  // namespace

@@ -32,8 +32,8 @@ struct TextRules {
 // All three throw NestingTooDeep, std::bad_alloc, and ProcessorFault for memory that cannot be
 // read.
 
-/// Loads `length` bytes. Null: kNullText.
-LoadStatus LoadBytes(JsonDocument& document, const char* bytes, uint32_t length,
+/// Loads `length` bytes at `data`. Null: kNullText.
+LoadStatus LoadBytes(JsonDocument& document, const char* data, uint32_t length,
                      const TextRules& rules);
 
 /// Loads zero-terminated UTF-16 text; it is never read in the ANSI code page. Null: kNullText.
