@@ -18,14 +18,13 @@ namespace QXJSON {
 /// 1. Results. An operation returns `int`: 1 success, else 0 or a negative code of ResultCodes.h.
 ///    Outputs are written on success only, except where an operation says what it leaves behind.
 ///    The checks run in a fixed order and the first that fails decides: a null key (-1), a null
-///    value
-///    (-4), a null output pointer (0), a missing key (-1 for getters), the kind of the value (-3).
+///    value (-4), a null output pointer (0), a missing key (-1 for getters), the kind of the value
+///    (-3). A blob's outputs are looked at last of these.
 /// 2. Failures that are no check's, C++ exceptions and processor faults alike, answer -5 and leave
 ///    the package usable. The operations that call the delegate (slots 0 to 6, 11, 19, 21 to 26)
 ///    and Release are not guarded: what the delegate throws reaches the caller.
-/// 3. Keys. While the ignore-case flag is not 0 (it starts as 1), a key names the first member
-/// whose
-///    name has its length and equals it when ASCII letters are compared without regard to case; all
+/// 3. Keys. While the ignore-case flag is not 0 (it starts as 1), a key names the first member that
+///    has its length and equals it when ASCII letters are compared without regard to case; all
 ///    other characters compare exactly. With the flag 0 names compare exactly. Setting a key that
 ///    is there replaces its value; the key keeps its place and the spelling that it was first set
 ///    with.
@@ -35,6 +34,10 @@ namespace QXJSON {
 ///    the next GetBytes; bytes of a blob until the next blob or message.
 /// 5. Units. Texts are zero-terminated UTF-16. Lengths of blobs and bytes count bytes.
 /// 6. Threads. One thread at a time for each package; different packages are independent.
+///
+/// A word on <windows.h>: it makes a macro of the name LoadString. A file that includes it before
+/// this header calls the operation by the macro's name without noticing; one that includes it after
+/// this header must say #undef LoadString.
 ///
 /// Encodings of bytes and files: 0 ASCII, everything else escaped as \\uXXXX, no byte-order mark;
 /// 1 UTF-16LE, mark FF FE; 2 UTF-8, mark EF BB BF; 3 UTF-16BE, mark FE FF. Marks are written to

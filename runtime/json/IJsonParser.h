@@ -179,7 +179,8 @@ public:
     virtual int GetItemInt(uint32_t handle, int32_t* number) = 0;
 
     // ---- Blobs: a string that holds base64, decoded --------------------------------------------
-    // Results of the string getter of the same name, and -3 when the text is no base64. `data`
+    // Results of the string getter of the same name, then 0 for a null output pointer, and -3 when
+    // the text is no base64. `data`
     // receives the bytes, `size` their count.
 
     virtual int GetMemberBlobOfValue(uint64_t value, const wchar_t* key, const uint8_t** data,

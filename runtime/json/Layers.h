@@ -31,6 +31,10 @@ void ReleasePart(T*& part) {
 /// What the runtime holds: owns an adapter and guards every operation that it passes to it.
 template <class Interface, class Adapter>
 class FacadeLayer : public Interface {
+public:
+    FacadeLayer(const FacadeLayer&) = delete;
+    FacadeLayer& operator=(const FacadeLayer&) = delete;
+
 protected:
     FacadeLayer() : adapter(new (std::nothrow) Adapter) {}
     ~FacadeLayer() = default;
@@ -51,6 +55,10 @@ protected:
 /// Owns an implementation, and replaces it by a new one where an operation starts anew.
 template <class Interface, class Implementation>
 class AdapterLayer : public Interface {
+public:
+    AdapterLayer(const AdapterLayer&) = delete;
+    AdapterLayer& operator=(const AdapterLayer&) = delete;
+
 protected:
     AdapterLayer() { implementation = NewImplementation(); }
     ~AdapterLayer() = default;

@@ -25,32 +25,29 @@ bool IsFile(const Use& use, const struct stat& file) {
     return use.device == file.st_dev && use.number == file.st_ino;
 }
 
+/// Whether a use goes on: its file is still what the descriptor stands for.
+bool GoesOn(int descriptor, const Use& use) {
+    struct stat file = {};
+    return fstat(descriptor, &file) == 0 && IsFile(use, file);
+}
+
+bool Agree(const Use& use, const OpenRequest& request) {
+    return (request.access & ~use.share) == 0 && (use.access & ~request.share) == 0;
+}
+
 class Uses {
 public:
-    /// Enters a use unless another one rules it out.
+    /// Enters a use, in place of an earlier one of the descriptor, unless another rules it out.
     bool Enter(int descriptor, const struct stat& file, const OpenRequest& request) {
         const std::lock_guard lock(mutex);
         uses.erase(descriptor);
-        ForgetClosed();
         for (const auto& [other, use] : uses)
-            if (IsFile(use, file) && !Agree(use, request)) return false;
+            if (IsFile(use, file) && !Agree(use, request) && GoesOn(other, use)) return false;
         uses[descriptor] = {file.st_dev, file.st_ino, request.access, request.share};
         return true;
     }
 
 private:
-    static bool Agree(const Use& use, const OpenRequest& request) {
-        return (request.access & ~use.share) == 0 && (use.access & ~request.share) == 0;
-    }
-
-    void ForgetClosed() {
-        for (auto use = uses.begin(); use != uses.end();) {
-            struct stat file = {};
-            const bool open = fstat(use->first, &file) == 0 && IsFile(use->second, file);
-            use = open ? std::next(use) : uses.erase(use);
-        }
-    }
-
     std::map<int, Use> uses;
     std::mutex mutex;
 };

@@ -6,6 +6,8 @@
 
 #include <cwchar>
 
+#include "FaultGuard.h"
+
 namespace QXJSON {
 namespace {
 
@@ -24,7 +26,9 @@ File OpenFile(const wchar_t* name, const wchar_t* mode) {
     std::FILE* file = nullptr;
     // The C runtime takes a null name for a programming error and may end the process. A name that
     // cannot be read is to fault here and not inside, where a lock of the runtime would stay taken.
-    if (!name || std::wcslen(name) == 0) return nullptr;
+    size_t length = 0;
+    RethrowFaults([&] { length = name ? std::wcslen(name) : 0; });
+    if (length == 0) return nullptr;
     if (_wfopen_s(&file, name, mode) != 0) return nullptr;
     return File(file);
 }

@@ -73,12 +73,16 @@ const wchar_t* NextSurrogate(const wchar_t* at, const wchar_t* end) {
     return at;
 }
 
+/// For text at an odd address, where no unit may be read as one.
+size_t CountUnalignedUnits(const wchar_t* text) {
+    const auto* const bytes = reinterpret_cast<const char*>(text);
+    size_t at = 0;
+    while (bytes[at] != 0 || bytes[at + 1] != 0) at += sizeof(wchar_t);
+    return at / sizeof(wchar_t);
+}
+
 size_t CountUnits(const wchar_t* text) {
-    if (reinterpret_cast<uintptr_t>(text) % sizeof(wchar_t) != 0) {
-        size_t length = 0;
-        while (text[length] != 0) ++length;
-        return length;
-    }
+    if (reinterpret_cast<uintptr_t>(text) % sizeof(wchar_t) != 0) return CountUnalignedUnits(text);
     return static_cast<size_t>(FindFirst(text, Zeros) - text);
 }
 

@@ -70,10 +70,17 @@ int CRapidJsonGenerator::Parse(Source source, const wchar_t* nameOrText, JsonDoc
 
 int CRapidJsonGenerator::Load(Source source, const wchar_t* nameOrText, uint32_t* handle) {
     if (!handle) return kPlainFailure;
+    uint32_t issued = 0;
+    const int result = Replace(source, nameOrText, issued);
+    if (result == kSuccess) *handle = issued;
+    return result;
+}
+
+int CRapidJsonGenerator::Replace(Source source, const wchar_t* nameOrText, uint32_t& handle) {
     JsonDocument parsed;
     const int result = Parse(source, nameOrText, parsed);
     if (result == kSuccess)
-        *handle = builder.StartAnew(DocumentItem(parsed).Make(builder.Allocator()));
+        handle = builder.StartAnew(DocumentItem(parsed).Make(builder.Allocator()));
     return result;
 }
 
@@ -81,18 +88,30 @@ int CRapidJsonGenerator::Graft(const Parent& parent, const Spot& spot, Source so
                                const wchar_t* nameOrText, uint32_t* handle) {
     if (!parent.node) return parent.absence;
     if (!handle) return kPlainFailure;
+    uint32_t issued = 0;
+    const int result = AddParsed(parent, spot, source, nameOrText, issued);
+    if (result == kSuccess) *handle = issued;
+    return result;
+}
+
+int CRapidJsonGenerator::AddParsed(const Parent& parent, const Spot& spot, Source source,
+                                   const wchar_t* nameOrText, uint32_t& handle) {
     const bool fits = parent.value && parent.value->GetType() == spot.parentType;
     // Text for a parent by handle is parsed before the parent's kind counts; everything else after.
     const bool textByHandle = source == Source::Text && parent.absence == kNoValue;
     if (!fits && !textByHandle) return kPlainFailure;
     JsonDocument parsed;
-    const int result = Parse(source, nameOrText, parsed);
+    int result = Parse(source, nameOrText, parsed);
     if (result != kSuccess) return result;
     if (!fits) return kPlainFailure;
     const DocumentItem item(parsed);
-    return spot.parentType == rapidjson::kObjectType
-               ? builder.AddMember(parent, spot.key, item, handle)
-               : builder.Append(parent, item, handle);
+    // The key is the caller's memory, read while the parsed document is alive.
+    RethrowFaults([&] {
+        result = spot.parentType == rapidjson::kObjectType
+                     ? builder.AddMember(parent, spot.key, item, &handle)
+                     : builder.Append(parent, item, &handle);
+    });
+    return result;
 }
 
 }  // namespace QXJSON

@@ -17,7 +17,7 @@ uint32_t HandleTable::HandleOf(JsonValue& value) {
     if (!lastPage || lastPage->stretch != stretch) lastPage = &PageOf(stretch);
     uint32_t& handle = lastPage->handles[number % kStretch];
     if (handle != 0) return handle;
-    if (count % kBlock == 0 && count / kBlock == blocks.size()) {
+    if (count == blocks.size() * kBlock) {
         std::unique_ptr<JsonValue*[]> block(new JsonValue*[kBlock]);
         blocks.push_back(std::move(block));
     }
