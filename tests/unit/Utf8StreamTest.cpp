@@ -112,8 +112,7 @@ TEST(Utf8Stream, RefusesWhatTheLiteralWayRefuses) {
         struct Source final : ByteSource {
             explicit Source(std::string_view all) : rest(all) {}
             size_t Read(char* into, size_t) override {
-                const size_t count = rest.size();
-                std::memcpy(into, rest.data(), count);
+                const size_t count = rest.copy(into, rest.size());
                 rest = {};
                 return count;
             }

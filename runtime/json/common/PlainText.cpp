@@ -55,8 +55,10 @@ Mask NotBlanks(__m128i units) {
 /// The first unit that a test of blocks finds; there must be one.
 template <class Test>
 [[gnu::no_sanitize_address]] const wchar_t* FindFirst(const wchar_t* text, Test test) {
-    const uintptr_t ahead = reinterpret_cast<uintptr_t>(text) % kBlock;
-    const wchar_t* block = text - ahead / sizeof(wchar_t);
+    // In numbers, for the block may begin in front of the text's memory.
+    const auto address = reinterpret_cast<uintptr_t>(text);
+    const uintptr_t ahead = address % kBlock;
+    const auto* block = reinterpret_cast<const wchar_t*>(address - ahead);
     Mask found = test(Load(block)) >> ahead << ahead;
     while (found == 0) found = test(Load(block += kUnits));
     return block + FirstUnit(found);
