@@ -312,7 +312,13 @@ private:
         return path.size() < kPathCapacity ? path : L"/";
     }
 
-    int32_t AnyHandle() { return static_cast<int32_t>(choices.Below(model.LastHandle() + 2)); }
+    /// Often one of the last, which belong together.
+    int32_t AnyHandle() {
+        const uint32_t end = model.LastHandle() + 2;
+        const uint32_t handle = choices.Below(end);
+        return static_cast<int32_t>(end > 8 && choices.Below(2) == 0 ? end - 1 - handle % 8
+                                                                     : handle);
+    }
 
     fuzz::Choices& choices;
     support::Generator generator = support::NewGenerator();

@@ -52,7 +52,7 @@ std::wstring WideText(const std::string& bytes) {
 /// or without, behind blanks that move it against the blocks in which files are read.
 std::string BytesOf(fuzz::Choices& choices) {
     const uint32_t form = choices.Below(11);
-    const std::string blanks(choices.Below(256) * 8, ' ');
+    const std::string blanks(choices.Below(256) * 17, ' ');
     if (form == 0) return blanks + choices.Rest();
     const Encoding encoding = support::kAllEncodings[(form - 1) / 2];
     const std::wstring text(blanks.begin(), blanks.end());

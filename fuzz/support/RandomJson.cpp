@@ -146,7 +146,9 @@ private:
 
 std::wstring RandomKey(Choices& choices) {
     const uint32_t number = choices.Below(256);
-    if (number < 64) return choices.Of(kKeys);
+    // A few of them often, for what happens when a key comes again.
+    if (number < 64) return kKeys[number % 4];
+    if (number < 128) return choices.Of(kKeys);
     return choices.Of(kStems) + std::to_wstring(number % 48);
 }
 

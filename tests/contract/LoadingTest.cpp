@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <vector>
 
 #include "JsonDll.h"
 #include "LoadForm.h"
@@ -255,6 +256,20 @@ TEST(Loading, TheCallersTextMayGoAfterTheLoad) {
     EXPECT_EQ(1, parser->LoadJsonString(text.c_str()));
     text.assign(text.size(), L'x');
     EXPECT_EQ(tree, support::TreeOf(*parser));
+}
+
+/// A caller may cut a text out of a larger buffer wherever it stands.
+TEST(Loading, TextAtAnOddAddress) {
+    const std::wstring text = L"[\"caf\u00E9 \uD83D\uDE00\", 12.5, {\"a\": null}]";
+    std::vector<char> memory(1 + (text.size() + 1) * sizeof(wchar_t));
+    std::memcpy(memory.data() + 1, text.c_str(), (text.size() + 1) * sizeof(wchar_t));
+    const auto* const odd = reinterpret_cast<const wchar_t*>(memory.data() + 1);
+
+    const Parser aligned = NewParser();
+    EXPECT_EQ(1, aligned->LoadJsonString(text.c_str()));
+    const Parser parser = NewParser();
+    EXPECT_EQ(1, parser->LoadJsonString(odd));
+    EXPECT_EQ(support::TreeOf(*aligned), support::TreeOf(*parser));
 }
 
 }  // namespace
