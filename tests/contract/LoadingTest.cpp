@@ -260,7 +260,7 @@ TEST(Loading, TheCallersTextMayGoAfterTheLoad) {
 
 /// A caller may cut a text out of a larger buffer wherever it stands.
 TEST(Loading, TextAtAnOddAddress) {
-    const std::wstring text = L"[\"caf\u00E9 \uD83D\uDE00\", 12.5, {\"a\": null}]";
+    const std::wstring text = L"[\"caf\u00E9 \xD83D\xDE00\", 12.5, {\"a\": null}]";
     std::vector<char> memory(1 + (text.size() + 1) * sizeof(wchar_t));
     std::memcpy(memory.data() + 1, text.c_str(), (text.size() + 1) * sizeof(wchar_t));
     const auto* const odd = reinterpret_cast<const wchar_t*>(memory.data() + 1);

@@ -92,7 +92,8 @@ size_t CountUnits(const wchar_t* text) {
 
 size_t LengthOf(const wchar_t* text) {
     size_t length = 0;
-    if (!text) return length;
+    // Null, or so near to it that its block would begin there.
+    if (reinterpret_cast<uintptr_t>(text) < kBlock) return length;
     RunsWithoutFault([&] { length = CountUnits(text); });
     return length;
 }
