@@ -131,7 +131,9 @@ class FileSource final : public ByteSource {
 public:
     /// Reads the first block, so that a look at it is possible.
     FileSource(std::FILE* stream, size_t blockSize)
-        : file(stream), first(blockSize), size(std::fread(first.data(), 1, blockSize, file)) {}
+        : file(stream),
+          first(std::min(blockSize, ByteBlock::kSize)),
+          size(std::fread(first.data(), 1, first.size(), file)) {}
 
     std::string_view Beginning() const { return {first.data(), size}; }
 

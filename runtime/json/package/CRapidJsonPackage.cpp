@@ -1,6 +1,7 @@
 #include "CRapidJsonPackage.h"
 
 #include "../common/Base64.h"
+#include "../common/FaultGuard.h"
 #include "../common/WholeNumber.h"
 
 namespace QXJSON {
@@ -130,7 +131,10 @@ int CRapidJsonPackage::SetValue(const wchar_t* key, const wchar_t* value, bool v
     if (!value) return kNoText;
     JsonDocument parsed;
     LoadText(parsed, value, kRules);
-    return IsContainer(parsed) ? Set(key, DocumentItem(parsed)) : static_cast<int>(kPlainFailure);
+    int result = kPlainFailure;
+    // The key is the caller's memory, read while the parsed document is alive.
+    if (IsContainer(parsed)) RethrowFaults([&] { result = Set(key, DocumentItem(parsed)); });
+    return result;
 }
 
 int CRapidJsonPackage::SetValueNumber(const wchar_t* key, double number) {

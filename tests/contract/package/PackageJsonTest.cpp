@@ -214,4 +214,15 @@ TEST(PackageJson, AcceptsWhatALoadAccepts) {
     }
 }
 
+/// The JSON is parsed before the key is read; what was parsed is not lost.
+TEST(PackageJson, AKeyThatCannotBeReadFaults) {
+    const auto* const unreadable = reinterpret_cast<const wchar_t*>(uintptr_t{8});
+    const Package package = NewPackage();
+    EXPECT_EQ(1, package->SetValue(L"key", L"[1]", true));
+    EXPECT_EQ(-5, package->SetValue(unreadable, L"{\"a\":[1,2,3]}", true));
+    const wchar_t* text = nullptr;
+    EXPECT_EQ(1, package->GetText(&text));
+    EXPECT_STREQ(L"{\"key\":[1]}", text);
+}
+
 }  // namespace
