@@ -151,12 +151,18 @@ public:
     static constexpr const char* kName = "Json_Dll reference";
 
     int64_t Find(const std::wstring& key) {
-        uint64_t root = 0;
-        uint32_t type = 0;
-        parser->GetRootValue(&root, &type);
         int32_t number = 0;
         return parser->GetMemberIntOfValue(root, key.c_str(), &number) == 1 ? number : kAbsent;
     }
+
+    void LoadText(const std::wstring& text) {
+        DllReader::LoadText(text);
+        uint32_t type = 0;
+        Expect(parser->GetRootValue(&root, &type), "GetRootValue");
+    }
+
+private:
+    uint64_t root = 0;
 };
 
 class ByPath : public DllReader {

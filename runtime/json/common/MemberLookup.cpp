@@ -1,7 +1,6 @@
 #include "MemberLookup.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace QXJSON {
 namespace {
@@ -16,40 +15,19 @@ constexpr size_t kRemovalsBeforeRenumbering = 64;
 /// A slot whose member was removed: passed over, never matched.
 constexpr uint32_t kRemoved = UINT32_MAX;
 
-wchar_t LowerAscii(wchar_t c) {
-    return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + (L'a' - L'A')) : c;
+std::wstring_view TextOf(const JsonValue& name) {
+    return {name.GetString(), name.GetStringLength()};
 }
 
-bool Matches(const JsonValue& name, std::wstring_view key, KeyMatch match) {
-    if (name.GetStringLength() != key.size()) return false;
+/// The text of a name that lies in the document's pool, where it stays; null for a short one.
+const wchar_t* SettledText(const JsonValue& name) {
     const wchar_t* const text = name.GetString();
-    if (match == KeyMatch::kExact)
-        return std::memcmp(text, key.data(), key.size() * sizeof(wchar_t)) == 0;
-    return std::equal(key.begin(), key.end(), text, [](wchar_t a, wchar_t b) {
-        return a == b || LowerAscii(a) == LowerAscii(b);
-    });
+    const auto distance = reinterpret_cast<uintptr_t>(text) - reinterpret_cast<uintptr_t>(&name);
+    return distance < sizeof name ? nullptr : text;
 }
 
-/// The same for names that match in any way: the bit in which the cases of a letter differ is set
-/// in every unit. (Units that are no letters lose it too, which only makes some more hashes equal.)
-uint32_t HashOf(const wchar_t* text, size_t length) {
-    constexpr uint64_t kCaseBits = 0x0020'0020'0020'0020;
-    constexpr uint64_t kFactor = 0x9E37'79B9'7F4A'7C15;
-    uint64_t hash = length * kFactor;
-    const auto mix = [&](uint64_t units) {
-        hash = (hash ^ (units | kCaseBits)) * kFactor;
-        hash ^= hash >> 32;
-    };
-    constexpr size_t kStep = sizeof(uint64_t) / sizeof(wchar_t);
-    uint64_t units = 0;
-    for (; length >= kStep; text += kStep, length -= kStep) {
-        std::memcpy(&units, text, sizeof units);
-        mix(units);
-    }
-    units = 0;
-    std::memcpy(&units, text, length * sizeof(wchar_t));
-    mix(units);
-    return static_cast<uint32_t>(hash ^ hash >> 29);
+bool NameMatches(const JsonValue& name, std::wstring_view key, KeyMatch match) {
+    return name.GetStringLength() == key.size() && Matches(name.GetString(), key, match);
 }
 
 const JsonMember* MembersOf(const JsonValue& object) { return object.MemberBegin().operator->(); }
@@ -63,14 +41,17 @@ JsonMember* MemberLookup::Find(JsonValue& object, std::wstring_view key, KeyMatc
     if (index && (index->Exists() || index->scanned >= kScansBeforeIndex * count)) {
         index->CatchUp(object);
         const auto matches = [&](const Index::Slot& slot) {
-            return Matches(members[index->PositionOf(slot)].name, key, match);
+            const JsonValue& name = members[index->PositionOf(slot)].name;
+            return name.GetStringLength() == key.size() &&
+                   Matches(slot.text ? slot.text : name.GetString(), key, match);
         };
-        const Index::Slot* const slot = index->Find(HashOf(key.data(), key.size()), matches);
+        const Index::Slot* const slot = index->Find(HashOf(key), matches);
         return slot ? &members[index->PositionOf(*slot)] : nullptr;
     }
     JsonMember* const end = members + count;
-    JsonMember* const found = std::find_if(
-        members, end, [&](const JsonMember& member) { return Matches(member.name, key, match); });
+    JsonMember* const found = std::find_if(members, end, [&](const JsonMember& member) {
+        return NameMatches(member.name, key, match);
+    });
     if (index) index->scanned += static_cast<uint64_t>(found - members) + 1;
     return found != end ? found : nullptr;
 }
@@ -88,8 +69,7 @@ void MemberLookup::Remove(JsonValue& object, JsonMember& member) {
     const auto position = &member - begin.operator->();
     const auto found = indexes.find(begin.operator->());
     if (found != indexes.end())
-        found->second.Remove(HashOf(member.name.GetString(), member.name.GetStringLength()),
-                             static_cast<uint32_t>(position));
+        found->second.Remove(HashOf(TextOf(member.name)), static_cast<uint32_t>(position));
     object.EraseMember(begin + position);
 }
 
@@ -118,7 +98,7 @@ void MemberLookup::Index::CatchUp(const JsonValue& object) {
     if (needed > slots.size() / 4 * 3) Grow(needed);
     for (; next < count; ++next) {
         const JsonValue& name = members[next].name;
-        Enter(HashOf(name.GetString(), name.GetStringLength()), ++entered);
+        Enter({HashOf(TextOf(name)), ++entered, SettledText(name)});
     }
 }
 
@@ -173,15 +153,15 @@ void MemberLookup::Index::Grow(size_t size) {
     while (!old.empty() && old[start].member != 0) ++start;
     for (size_t i = 0; i < old.size(); ++i) {
         const Slot& slot = old[(start + i) & mask];
-        if (slot.member != 0 && slot.member != kRemoved) Enter(slot.hash, slot.member);
+        if (slot.member != 0 && slot.member != kRemoved) Enter(slot);
     }
 }
 
-void MemberLookup::Index::Enter(uint32_t hash, uint32_t member) {
+void MemberLookup::Index::Enter(const Slot& entry) {
     const size_t mask = slots.size() - 1;
-    size_t at = hash & mask;
+    size_t at = entry.hash & mask;
     while (slots[at].member != 0) at = (at + 1) & mask;
-    slots[at] = {hash, member};
+    slots[at] = entry;
     ++used;
 }
 

@@ -7,21 +7,9 @@
 #include <vector>
 
 #include "JsonTypes.h"
+#include "KeyText.h"
 
 namespace QXJSON {
-
-/// How the names of members compare with a key.
-enum class KeyMatch {
-    kIgnoreCase,  ///< same length, ASCII letters without regard to case, all else exactly
-    kExact,
-};
-
-/// A zero-terminated key as a view. Keys are short: a loop beats the call of wcslen.
-inline std::wstring_view KeyOf(const wchar_t* key) {
-    size_t length = 0;
-    while (key[length] != 0) ++length;
-    return {key, length};
-}
 
 /// The search for members by key in the objects of one document. The first match in document order
 /// wins, however it is found: small objects are scanned; a large one that is searched again and
@@ -53,7 +41,9 @@ private:
     struct Index {
         struct Slot {
             uint32_t hash;
-            uint32_t member;  // its number plus 1; 0 is free
+            uint32_t member;      // its number plus 1; 0 is free
+            const wchar_t* text;  // of its name, so that both can be fetched at once; null where
+                                  // that lies inside the member and moves with it
         };
 
         bool Exists() const { return !slots.empty(); }
@@ -64,7 +54,7 @@ private:
         void Remove(uint32_t hash, uint32_t position);
         void Renumber();
         void Grow(size_t size);
-        void Enter(uint32_t hash, uint32_t member);
+        void Enter(const Slot& entry);
 
         std::vector<Slot> slots;        // none until the object was scanned often enough
         std::vector<uint32_t> removed;  // the numbers taken away, in ascending order

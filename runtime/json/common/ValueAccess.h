@@ -36,8 +36,18 @@ struct MemberRequest {
     KeyMatch match = KeyMatch::kIgnoreCase;
 };
 
+// These are inline because a Place is more than a register holds: handed over through memory, it
+// costs as much as a search among few members.
+
 /// The place of a member of the object at a place.
-Place FindMember(MemberLookup& members, const Place& object, const MemberRequest& request);
+inline Place FindMember(MemberLookup& members, const Place& object, const MemberRequest& request) {
+    if (!object.value) return object;
+    if (!request.key) return {nullptr, kNoMember};
+    if (!request.outputs) return {nullptr, kPlainFailure};
+    if (!object.value->IsObject()) return {nullptr, request.wrongKind};
+    JsonMember* const member = members.Find(*object.value, KeyOf(request.key), request.match);
+    return {member ? &member->value : nullptr, request.missing};
+}
 
 /// Reads what `Kind` stands for from a member. A missing member answers kNoMember.
 template <class Kind>
@@ -49,7 +59,14 @@ int GetMember(MemberLookup& members, const Place& object, const wchar_t* key,
 
 /// The place of the member or element at `index`, in document order, of a container; `outputs` as
 /// in MemberRequest. An index that is not below the count answers kPlainFailure.
-Place FindChild(const Place& container, uint32_t index, bool outputs);
+inline Place FindChild(const Place& container, uint32_t index, bool outputs) {
+    uint32_t count = 0;
+    const int result = Get<ChildCount>(container, outputs ? &count : nullptr);
+    if (result != kSuccess) return {nullptr, result};
+    if (index >= count) return {nullptr, kPlainFailure};
+    JsonValue& parent = *container.value;
+    return {parent.IsObject() ? &parent.MemberBegin()[index].value : &parent[index]};
+}
 
 /// The name of the member at `index` of the object at a place.
 int GetMemberName(const Place& object, uint32_t index, const wchar_t** name);

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <emmintrin.h>
+#include <stdint.h>
+
+#include <cstddef>
+
+// UTF-16 text eight units at a time.
+
+namespace QXJSON {
+
+/// Eight units.
+using UnitBlock = __m128i;
+/// Two bits for each unit of a block.
+using UnitMask = unsigned;
+
+constexpr size_t kBlockUnits = 8;
+constexpr uintptr_t kBlockBytes = sizeof(UnitBlock);
+
+/// An aligned block never reaches into a page that the text does not, so that it does no harm to
+/// look at units in front of a text or behind its end; only an address sanitizer would object.
+[[gnu::no_sanitize_address]] inline UnitBlock LoadAligned(const wchar_t* block) {
+    return _mm_load_si128(reinterpret_cast<const UnitBlock*>(block));
+}
+
+inline UnitBlock LoadBlock(const void* units) {
+    return _mm_loadu_si128(static_cast<const UnitBlock*>(units));
+}
+
+/// The same unit eight times.
+inline UnitBlock AllUnits(int unit) { return _mm_set1_epi16(static_cast<short>(unit)); }
+
+/// Whether each unit lies in [first, last].
+inline UnitBlock InRange(UnitBlock units, int first, int last) {
+    const UnitBlock distance = _mm_sub_epi16(units, AllUnits(first));
+    return _mm_cmpeq_epi16(_mm_subs_epu16(distance, AllUnits(last - first)), _mm_setzero_si128());
+}
+
+inline UnitMask MaskOf(UnitBlock flags) { return static_cast<UnitMask>(_mm_movemask_epi8(flags)); }
+
+/// The first unit of a mask that is not empty.
+inline unsigned FirstUnit(UnitMask mask) {
+    return static_cast<unsigned>(__builtin_ctz(mask)) / sizeof(wchar_t);
+}
+
+/// The first unit of a text that a test of blocks finds; there must be one, and the text must lie
+/// at an even address.
+template <class Test>
+[[gnu::no_sanitize_address]] inline const wchar_t* FindUnit(const wchar_t* text, Test test) {
+    // In numbers, for the block may begin in front of the text's memory.
+    const auto address = reinterpret_cast<uintptr_t>(text);
+    const uintptr_t ahead = address % kBlockBytes;
+    const auto* block = reinterpret_cast<const wchar_t*>(address - ahead);
+    UnitMask found = test(LoadAligned(block)) >> ahead << ahead;
+    while (found == 0) found = test(LoadAligned(block += kBlockUnits));
+    return block + FirstUnit(found);
+}
+
+}  // namespace QXJSON
