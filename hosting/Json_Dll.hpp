@@ -1,0 +1,968 @@
+#pragma once
+
+#include <stdint.h>
+#include <windows.h>
+
+#include <cstddef>
+#include <iterator>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+// <windows.h> makes a macro of the name of one of the package's operations.
+#undef LoadString
+#include "Json_Dll.h"
+
+/// A thin C++ layer for hosts of Json_Dll, in one header: it loads the library, owns its objects,
+/// and gives its operations types. It is a host like any other: only calls of the interfaces cross
+/// the boundary of the DLL, never an exception or an object of the C++ library. It hides nothing:
+/// each object leads to its interface by `->` and Raw(), and everything that Json_Dll.h and the
+/// interfaces say about results, lifetimes and threads holds here too.
+namespace QXJSON::hosting {
+
+// ---- Results -----------------------------------------------------------------------------------
+
+/// What a result code means, in a few words; for messages of the host's own.
+inline const char* Describe(int code) noexcept {
+    switch (code) {
+        case kSuccess:
+            return "success";
+        case kPlainFailure:
+            return "the operation failed";
+        case kNoMember:
+            return "there is no such member";
+        case kNoValue:
+            return "there is no such value";
+        case kWrongKind:
+            return "the value is of another kind";
+        case kNoText:
+            return "there is no text to be stored";
+        case kEscapedFailure:
+            return "an exception or fault ended the operation";
+        case kBadPath:
+            return "there is nothing at the item path";
+        default:
+            return "unknown result";
+    }
+}
+
+/// A result other than success, for hosts that prefer exceptions. It is thrown by this header's
+/// code inside of the host, never by the library.
+class Error : public std::runtime_error {
+public:
+    explicit Error(int failure) : std::runtime_error(Describe(failure)), code(failure) {}
+    /// The result code of the operation.
+    int Code() const noexcept { return code; }
+
+private:
+    int code;
+};
+
+/// A result code and, after success, what came with it. The host chooses: look at the result
+/// (`if (result)`, `*result`), give a value in its stead (`Or`), or have failures thrown (`Get`).
+template <class T>
+class [[nodiscard]] Result {
+public:
+    /// A failure.
+    explicit Result(int failure) : code(failure) {}
+    /// The result of an operation with what it put out.
+    Result(int result, T output) : code(result), value(std::move(output)) {}
+
+    /// Whether the operation succeeded.
+    explicit operator bool() const noexcept { return code == kSuccess; }
+    /// The result code.
+    int Code() const noexcept { return code; }
+    /// What came with success; nothing in particular after a failure.
+    T& operator*() noexcept { return value; }
+    /// What came with success; nothing in particular after a failure.
+    const T& operator*() const noexcept { return value; }
+    /// A member of what came with success.
+    T* operator->() noexcept { return &value; }
+    /// What came with success; throws Error after a failure.
+    T Get() && {
+        if (code != kSuccess) throw Error(code);
+        return std::move(value);
+    }
+    /// What came with success; throws Error after a failure.
+    const T& Get() const& {
+        if (code != kSuccess) throw Error(code);
+        return value;
+    }
+    /// What came with success, or this in place of it.
+    T Or(T otherwise) const { return code == kSuccess ? value : std::move(otherwise); }
+
+private:
+    int code;
+    T value{};
+};
+
+/// The result of an operation that puts nothing out.
+template <>
+class [[nodiscard]] Result<void> {
+public:
+    /// The result of an operation.
+    explicit Result(int result) : code(result) {}
+    /// Whether the operation succeeded.
+    explicit operator bool() const noexcept { return code == kSuccess; }
+    /// The result code.
+    int Code() const noexcept { return code; }
+    /// Throws Error after a failure.
+    void Get() const {
+        if (code != kSuccess) throw Error(code);
+    }
+
+private:
+    int code;
+};
+
+// ---- What goes in and out ----------------------------------------------------------------------
+
+/// A text as an argument. The interfaces take zero-terminated UTF-16: pointers and strings are
+/// passed on as they are, and only a view, whose end nobody knows to be marked, is copied. What
+/// follows a U+0000 inside of a text is not seen.
+class TextArgument {
+public:
+    /// Zero-terminated text; null is passed on, and refused by the operation.
+    TextArgument(const wchar_t* zeroTerminated) : text(zeroTerminated) {}
+    /// A string.
+    TextArgument(const std::wstring& string) : text(string.c_str()) {}
+    /// A view, copied.
+    TextArgument(std::wstring_view view) : text(copy) {
+        if (view.size() < kShort) {
+            copy[view.copy(copy, kShort - 1)] = 0;
+        } else {
+            longCopy = std::make_unique<wchar_t[]>(view.size() + 1);
+            view.copy(longCopy.get(), view.size());
+            text = longCopy.get();
+        }
+    }
+    TextArgument(const TextArgument&) = delete;
+    TextArgument& operator=(const TextArgument&) = delete;
+
+    /// The zero-terminated text; it lives as long as the argument.
+    operator const wchar_t*() const noexcept { return text; }
+
+private:
+    static constexpr size_t kShort = 64;
+    const wchar_t* text;
+    std::unique_ptr<wchar_t[]> longCopy;
+    wchar_t copy[kShort];
+};
+
+/// Bytes that belong to somebody else.
+struct Bytes {
+    const uint8_t* data = nullptr;  ///< the first one
+    size_t size = 0;                ///< how many
+
+    const uint8_t* begin() const noexcept { return data; }       ///< the first byte
+    const uint8_t* end() const noexcept { return data + size; }  ///< behind the last byte
+};
+
+/// The kinds of values: the item types of the interfaces.
+enum class ValueKind : uint32_t {
+    kString,
+    kNumber,
+    kBoolean,
+    kNull,
+    kObject,
+    kArray,
+};
+
+/// The kind of an item type or a value type: those from 6 tell numbers apart.
+constexpr ValueKind KindOf(uint32_t type) noexcept {
+    return type < 6 ? static_cast<ValueKind>(type) : ValueKind::kNumber;
+}
+
+/// The encodings of output. Bytes have no byte-order mark; files begin with that of their encoding.
+enum class Encoding : int32_t {
+    kAscii,
+    kUtf16Le,
+    kUtf8,
+    kUtf16Be,
+};
+
+/// @cond the rest of this section is for this header alone
+namespace detail {
+
+template <class Interface>
+struct Releaser {
+    void operator()(Interface* object) const noexcept { object->Release(); }
+};
+
+/// A view of a text that an operation put out.
+inline std::wstring_view View(const wchar_t* text) {
+    return text ? std::wstring_view(text) : std::wstring_view();
+}
+
+template <class>
+inline constexpr bool kNever = false;
+
+/// Which operation serves which type: Row<Operation for bool, int32_t, ...>.
+template <class T, auto flag, auto int32, auto uint32, auto int64, auto uint64, auto real,
+          auto small, auto text, auto blob>
+constexpr auto Choose() {
+    if constexpr (std::is_same_v<T, bool>) {
+        return flag;
+    } else if constexpr (std::is_same_v<T, int32_t>) {
+        return int32;
+    } else if constexpr (std::is_same_v<T, uint32_t>) {
+        return uint32;
+    } else if constexpr (std::is_same_v<T, int64_t>) {
+        return int64;
+    } else if constexpr (std::is_same_v<T, uint64_t>) {
+        return uint64;
+    } else if constexpr (std::is_same_v<T, double>) {
+        return real;
+    } else if constexpr (std::is_same_v<T, float>) {
+        return small;
+    } else if constexpr (std::is_same_v<T, std::wstring_view>) {
+        return text;
+    } else if constexpr (std::is_same_v<T, Bytes>) {
+        return blob;
+    } else {
+        static_assert(kNever<T>,
+                      "bool, (u)int32_t, (u)int64_t, double, float, std::wstring_view or Bytes");
+    }
+}
+
+/// Calls a getter with its outputs behind the other arguments, and gives the outputs T's form.
+template <class T, class Interface, class Operation, class... Arguments>
+Result<T> Read(Interface& object, Operation operation, const Arguments&... arguments) {
+    if constexpr (std::is_same_v<T, bool>) {
+        uint32_t output = 0;
+        const int result = (object.*operation)(arguments..., &output);
+        return {result, output != 0};
+    } else if constexpr (std::is_same_v<T, std::wstring_view>) {
+        const wchar_t* output = nullptr;
+        const int result = (object.*operation)(arguments..., &output);
+        return {result, View(output)};
+    } else if constexpr (std::is_same_v<T, Bytes>) {
+        const uint8_t* data = nullptr;
+        uint32_t size = 0;
+        const int result = (object.*operation)(arguments..., &data, &size);
+        return {result, {data, size}};
+    } else {
+        T output{};
+        const int result = (object.*operation)(arguments..., &output);
+        return {result, output};
+    }
+}
+
+using P = IJsonParser;
+
+/// The parser's operations that name a value by its handle.
+struct HandleWay {
+    using Place = uint32_t;
+    static constexpr auto kMember = &P::GetMemberItem;
+    static constexpr auto kChild = &P::GetChildItem;
+    static constexpr auto kName = &P::GetMemberName;
+    static constexpr auto kCount = &P::GetChildCount;
+    template <class T>
+    static constexpr auto Getter() {
+        return Choose<T, &P::GetItemBoolean, &P::GetItemInt, &P::GetItemUInt, &P::GetItemInt64,
+                      &P::GetItemUInt64, &P::GetItemDouble, &P::GetItemFloat, &P::GetItemString,
+                      &P::GetItemBlob>();
+    }
+    template <class T>
+    static constexpr auto MemberGetter() {
+        return Choose<T, &P::GetMemberBoolean, &P::GetMemberInt, &P::GetMemberUInt,
+                      &P::GetMemberInt64, &P::GetMemberUInt64, &P::GetMemberDouble,
+                      &P::GetMemberFloat, &P::GetMemberString, &P::GetMemberBlob>();
+    }
+};
+
+/// The same by its reference.
+struct ReferenceWay {
+    using Place = uint64_t;
+    static constexpr auto kMember = &P::GetMemberValue;
+    static constexpr auto kChild = &P::GetChildValue;
+    static constexpr auto kName = &P::GetMemberNameOfValue;
+    static constexpr auto kCount = &P::GetChildCountOfValue;
+    template <class T>
+    static constexpr auto Getter() {
+        return Choose<T, &P::GetValueBoolean, &P::GetValueInt, &P::GetValueUInt, &P::GetValueInt64,
+                      &P::GetValueUInt64, &P::GetValueDouble, &P::GetValueFloat, &P::GetValueString,
+                      &P::GetValueBlob>();
+    }
+    template <class T>
+    static constexpr auto MemberGetter() {
+        return Choose<
+            T, &P::GetMemberBooleanOfValue, &P::GetMemberIntOfValue, &P::GetMemberUIntOfValue,
+            &P::GetMemberInt64OfValue, &P::GetMemberUInt64OfValue, &P::GetMemberDoubleOfValue,
+            &P::GetMemberFloatOfValue, &P::GetMemberStringOfValue, &P::GetMemberBlobOfValue>();
+    }
+};
+
+}  // namespace detail
+/// @endcond
+
+// ---- Reading -----------------------------------------------------------------------------------
+
+/// A place in a parser's document, named by a handle (Item) or a reference (Value). It is valid
+/// until the next load of its parser, which it does not own.
+template <class Way>
+class Node {
+public:
+    /// The handle or reference.
+    using Place = typename Way::Place;
+
+    /// No place.
+    Node() = default;
+    /// A place that an operation of the interface handed out, with its item type or value type.
+    Node(IJsonParser& owner, Place raw, uint32_t rawType)
+        : parser(&owner), place(raw), type(rawType) {}
+
+    /// The kind of the value.
+    ValueKind Kind() const noexcept { return KindOf(type); }
+    /// The item type (by handle) or value type (by reference) as the interface gave it.
+    uint32_t Type() const noexcept { return type; }
+    /// The handle or reference, for calls of the interface.
+    Place Raw() const noexcept { return place; }
+
+    /// A member of an object.
+    Result<Node> Member(const TextArgument& key) const {
+        return Hand(Way::kMember, static_cast<const wchar_t*>(key));
+    }
+    /// The member or element at an index from 0.
+    Result<Node> At(uint32_t index) const { return Hand(Way::kChild, index); }
+    /// How many members or elements there are.
+    Result<uint32_t> Count() const { return detail::Read<uint32_t>(*parser, Way::kCount, place); }
+    /// The key of the member at an index from 0.
+    Result<std::wstring_view> NameAt(uint32_t index) const {
+        return detail::Read<std::wstring_view>(*parser, Way::kName, place, index);
+    }
+
+    /// The value as a bool, int32_t, uint32_t, int64_t, uint64_t, double, float, as the
+    /// std::wstring_view of a string, or as the Bytes of its base64. Views and bytes belong to the
+    /// parser.
+    template <class T>
+    Result<T> As() const {
+        return detail::Read<T>(*parser, Way::template Getter<T>(), place);
+    }
+    /// A member of an object in the same way, in one call.
+    template <class T>
+    Result<T> MemberAs(const TextArgument& key) const {
+        return detail::Read<T>(*parser, Way::template MemberGetter<T>(), place,
+                               static_cast<const wchar_t*>(key));
+    }
+
+    /// The compact JSON text of an object or array; by handle only. It lives until the next such
+    /// text.
+    Result<std::wstring_view> Json() const {
+        static_assert(std::is_same_v<Way, detail::HandleWay>, "there is no such operation");
+        return detail::Read<std::wstring_view>(
+            *parser,
+            Kind() == ValueKind::kArray ? &IJsonParser::GetArrayJson : &IJsonParser::GetObjectJson,
+            place);
+    }
+
+    class Iterator;
+    class Range;
+    /// The members or elements in document order, for a loop; none where there can be none. Each is
+    /// a Child.
+    Range Children() const { return Range(*this, Count().Or(0)); }
+
+private:
+    template <class Operation, class Argument>
+    Result<Node> Hand(Operation operation, const Argument& argument) const {
+        Place child = 0;
+        uint32_t childType = 0;
+        const int result = (parser->*operation)(place, argument, &child, &childType);
+        return {result, Node(*parser, child, childType)};
+    }
+
+    IJsonParser* parser = nullptr;
+    Place place = 0;
+    uint32_t type = 0;
+};
+
+/// A member or element as a loop over Children() meets it.
+template <class Way>
+struct Child {
+    std::wstring_view name;  ///< the key of a member; empty for an element
+    Node<Way> value;         ///< the value
+};
+
+/// Goes over the members or elements of a container. A child that cannot be had throws Error.
+template <class Way>
+class Node<Way>::Iterator {
+public:
+    /// @cond what the standard library asks for
+    using iterator_category = std::input_iterator_tag;
+    using value_type = Child<Way>;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const value_type*;
+    using reference = value_type;
+    /// @endcond
+
+    /// The iterator at an index of a container.
+    Iterator(const Node& parent, uint32_t at) : container(parent), index(at) {}
+    /// The child.
+    Child<Way> operator*() const {
+        const bool named = container.Kind() == ValueKind::kObject;
+        return {named ? container.NameAt(index).Get() : std::wstring_view(),
+                container.At(index).Get()};
+    }
+    /// Goes on to the next one.
+    Iterator& operator++() {
+        ++index;
+        return *this;
+    }
+    /// Whether both are at the same index.
+    bool operator==(const Iterator& other) const noexcept { return index == other.index; }
+    /// Whether they are not.
+    bool operator!=(const Iterator& other) const noexcept { return index != other.index; }
+
+private:
+    Node container;
+    uint32_t index;
+};
+
+/// The children of a container.
+template <class Way>
+class Node<Way>::Range {
+public:
+    /// So many children of a container.
+    Range(const Node& parent, uint32_t children) : container(parent), count(children) {}
+    /// The first one.
+    Iterator begin() const { return {container, 0}; }
+    /// Behind the last one.
+    Iterator end() const { return {container, count}; }
+
+private:
+    Node container;
+    uint32_t count;
+};
+
+/// A value by its handle.
+using Item = Node<detail::HandleWay>;
+/// A value by its reference: the fastest way, and unchecked.
+using Value = Node<detail::ReferenceWay>;
+
+/// Owns an object of the library: it is released with its owner. The interface is behind `->`.
+template <class Interface>
+class Owner {
+public:
+    /// No object.
+    Owner() = default;
+    /// Takes over an object that a factory returned; null for none.
+    explicit Owner(Interface* object) : owned(object) {}
+    /// Whether there is an object.
+    explicit operator bool() const noexcept { return owned != nullptr; }
+    /// The interface, for all that this layer has no name for.
+    Interface* operator->() const noexcept { return owned.get(); }
+    /// The interface.
+    Interface& Raw() const noexcept { return *owned; }
+    /// Gives the object up: whoever takes the pointer releases it.
+    Interface* Detach() noexcept { return owned.release(); }
+
+private:
+    std::unique_ptr<Interface, detail::Releaser<Interface>> owned;
+};
+
+/// Why a load failed.
+struct LoadFailure {
+    uint64_t offset = 0;        ///< where: see GetErrorOffset of the interface
+    std::wstring_view message;  ///< the library's sentence, which lives as long as the process
+};
+
+/// A parser. After a load, all that the document before handed out is invalid.
+class Parser : public Owner<IJsonParser> {
+public:
+    using Owner::Owner;
+
+    /// Loads a text.
+    Result<void> Load(const TextArgument& text) const {
+        return Result<void>(Raw().LoadJsonString(text));
+    }
+    /// Loads bytes in any of the encodings of input.
+    Result<void> LoadBytes(const void* data, size_t size) const {
+        if (size > UINT32_MAX) return Result<void>(kPlainFailure);
+        return Result<void>(
+            Raw().LoadJsonBytes(static_cast<const char*>(data), static_cast<uint32_t>(size)));
+    }
+    /// Loads a file.
+    Result<void> LoadFile(const TextArgument& fileName) const {
+        return Result<void>(Raw().LoadJsonFile(fileName));
+    }
+    /// What the last load that failed left.
+    LoadFailure Failure() const {
+        LoadFailure failure;
+        const wchar_t* text = nullptr;
+        Raw().GetErrorOffset(&failure.offset);
+        Raw().GetErrorMessage(&text);
+        failure.message = detail::View(text);
+        return failure;
+    }
+
+    /// The root by its handle.
+    Result<Item> Root() const {
+        uint32_t handle = 0, type = 0;
+        const int result = Raw().GetRootItem(&handle, &type);
+        return {result, Item(Raw(), handle, type)};
+    }
+    /// The root by its reference.
+    Result<Value> RootValue() const {
+        uint64_t value = 0;
+        uint32_t type = 0;
+        const int result = Raw().GetRootValue(&value, &type);
+        return {result, Value(Raw(), value, type)};
+    }
+    /// The value at an item path.
+    Result<Item> At(const TextArgument& path) const {
+        uint32_t handle = 0, type = 0;
+        int result = Raw().GetItemByPath(path, &handle);
+        if (result == kSuccess) result = Raw().GetItemType(handle, &type);
+        return {result, Item(Raw(), handle, type)};
+    }
+    /// The value at an item path as one of the types of Node::As.
+    template <class T>
+    Result<T> As(const TextArgument& path) const {
+        using P = IJsonParser;
+        constexpr auto kGetter =
+            detail::Choose<T, &P::GetItemBooleanByPath, &P::GetItemIntByPath, &P::GetItemUIntByPath,
+                           &P::GetItemInt64ByPath, &P::GetItemUInt64ByPath, &P::GetItemDoubleByPath,
+                           &P::GetItemFloatByPath, &P::GetItemStringByPath,
+                           &P::GetItemBlobByPath>();
+        return detail::Read<T>(Raw(), kGetter, static_cast<const wchar_t*>(path));
+    }
+    /// Whether there is a value at an item path. Unlike ExistsItemByPath of the interface this does
+    /// not fault for a path below a missing parent.
+    bool Exists(const TextArgument& path) const {
+        uint32_t type = 0;
+        return Raw().GetItemTypeByPath(path, &type) == kSuccess;
+    }
+};
+
+// ---- Building ----------------------------------------------------------------------------------
+
+/// @cond for this header alone
+namespace detail {
+
+using G = IJsonGenerator;
+
+/// The generator's operations that name a parent by its handle.
+struct HandleBuild {
+    using Place = uint32_t;
+    using Parent = int32_t;
+    struct Member {
+        static constexpr auto kObject = &G::AddObjectItemObject;
+        static constexpr auto kArray = &G::AddObjectItemArray;
+        static constexpr auto kBoolean = &G::AddObjectItemBoolean;
+        static constexpr auto kBlob = &G::AddObjectItemBlob;
+        static constexpr auto kString = &G::AddObjectItemString;
+        static constexpr auto kNull = &G::AddObjectItemNull;
+        template <class T>
+        static constexpr auto Number() {
+            return Choose<T, &G::AddObjectItemBoolean, &G::AddObjectItemInt, &G::AddObjectItemUInt,
+                          &G::AddObjectItemInt64, &G::AddObjectItemUInt64, &G::AddObjectItemDouble,
+                          &G::AddObjectItemFloat, &G::AddObjectItemString, &G::AddObjectItemBlob>();
+        }
+        static constexpr auto kJson = &G::AddObjectItemJsonString;
+        static constexpr auto kJsonFile = &G::AddObjectItemJsonFile;
+    };
+    struct Element {
+        static constexpr auto kObject = &G::AddArrayItemObject;
+        static constexpr auto kArray = &G::AddArrayItemArray;
+        static constexpr auto kBoolean = &G::AddArrayItemBoolean;
+        static constexpr auto kBlob = &G::AddArrayItemBlob;
+        static constexpr auto kString = &G::AddArrayItemString;
+        static constexpr auto kNull = &G::AddArrayItemNull;
+        template <class T>
+        static constexpr auto Number() {
+            return Choose<T, &G::AddArrayItemBoolean, &G::AddArrayItemInt, &G::AddArrayItemUInt,
+                          &G::AddArrayItemInt64, &G::AddArrayItemUInt64, &G::AddArrayItemDouble,
+                          &G::AddArrayItemFloat, &G::AddArrayItemString, &G::AddArrayItemBlob>();
+        }
+        static constexpr auto kJson = &G::AddArrayItemJsonString;
+        static constexpr auto kJsonFile = &G::AddArrayItemJsonFile;
+    };
+};
+
+/// The same by its reference; there are no grafts.
+struct ReferenceBuild {
+    using Place = uint64_t;
+    using Parent = uint64_t;
+    struct Member {
+        static constexpr auto kObject = &G::AddObjectValueObject;
+        static constexpr auto kArray = &G::AddObjectValueArray;
+        static constexpr auto kBoolean = &G::AddObjectValueBoolean;
+        static constexpr auto kBlob = &G::AddObjectValueBlob;
+        static constexpr auto kString = &G::AddObjectValueString;
+        static constexpr auto kNull = &G::AddObjectValueNull;
+        template <class T>
+        static constexpr auto Number() {
+            return Choose<T, &G::AddObjectValueBoolean, &G::AddObjectValueInt,
+                          &G::AddObjectValueUInt, &G::AddObjectValueInt64, &G::AddObjectValueUInt64,
+                          &G::AddObjectValueDouble, &G::AddObjectValueFloat,
+                          &G::AddObjectValueString, &G::AddObjectValueBlob>();
+        }
+    };
+    struct Element {
+        static constexpr auto kObject = &G::AddArrayValueObject;
+        static constexpr auto kArray = &G::AddArrayValueArray;
+        static constexpr auto kBoolean = &G::AddArrayValueBoolean;
+        static constexpr auto kBlob = &G::AddArrayValueBlob;
+        static constexpr auto kString = &G::AddArrayValueString;
+        static constexpr auto kNull = &G::AddArrayValueNull;
+        template <class T>
+        static constexpr auto Number() {
+            return Choose<T, &G::AddArrayValueBoolean, &G::AddArrayValueInt, &G::AddArrayValueUInt,
+                          &G::AddArrayValueInt64, &G::AddArrayValueUInt64, &G::AddArrayValueDouble,
+                          &G::AddArrayValueFloat, &G::AddArrayValueString, &G::AddArrayValueBlob>();
+        }
+    };
+};
+
+}  // namespace detail
+/// @endcond
+
+/// An object or array under construction, named by a handle (Container) or a reference
+/// (ValueContainer) of its generator, which it does not own. `Add...` adds a member to an object,
+/// `Append...` an element to an array. Values are bool, (u)int32_t, (u)int64_t, double, float,
+/// nullptr, texts and Bytes; what comes back for them is the handle or reference of the new value.
+template <class Way>
+class Builder {
+public:
+    /// The handle or reference.
+    using Place = typename Way::Place;
+
+    /// No container.
+    Builder() = default;
+    /// A container that an operation of the interface handed out.
+    Builder(IJsonGenerator& owner, Place raw) : generator(&owner), place(raw) {}
+
+    /// The handle or reference, for calls of the interface.
+    Place Raw() const noexcept { return place; }
+
+    /// Adds a value under a key.
+    template <class T>
+    Result<Place> Add(const TextArgument& key, const T& value) const {
+        return Put<Member>(value, static_cast<const wchar_t*>(key));
+    }
+    /// Appends a value.
+    template <class T>
+    Result<Place> Append(const T& value) const {
+        return Put<Element>(value);
+    }
+
+    /// Adds an empty object under a key.
+    Result<Builder> AddObject(const TextArgument& key) const { return Open(Member::kObject, key); }
+    /// Adds an empty array under a key.
+    Result<Builder> AddArray(const TextArgument& key) const { return Open(Member::kArray, key); }
+    /// Appends an empty object.
+    Result<Builder> AppendObject() const { return Open(Element::kObject); }
+    /// Appends an empty array.
+    Result<Builder> AppendArray() const { return Open(Element::kArray); }
+
+    /// Adds the object or array that a text is the JSON of; this and the others by handle only.
+    Result<Builder> AddJson(const TextArgument& key, const TextArgument& json) const {
+        return Open(Member::kJson, key, json);
+    }
+    /// Adds the object or array of a file.
+    Result<Builder> AddJsonFile(const TextArgument& key, const TextArgument& fileName) const {
+        return Open(Member::kJsonFile, key, fileName);
+    }
+    /// Appends the object or array that a text is the JSON of.
+    Result<Builder> AppendJson(const TextArgument& json) const {
+        return Open(Element::kJson, json);
+    }
+    /// Appends the object or array of a file.
+    Result<Builder> AppendJsonFile(const TextArgument& fileName) const {
+        return Open(Element::kJsonFile, fileName);
+    }
+
+private:
+    using Member = typename Way::Member;
+    using Element = typename Way::Element;
+
+    template <class Operation, class... Arguments>
+    Result<Place> Call(Operation operation, const Arguments&... arguments) const {
+        Place added = 0;
+        const int result =
+            (generator->*operation)(static_cast<typename Way::Parent>(place), arguments..., &added);
+        return {result, added};
+    }
+
+    template <class Operation, class... Texts>
+    Result<Builder> Open(Operation operation, const Texts&... texts) const {
+        const Result<Place> added = Call(operation, static_cast<const wchar_t*>(texts)...);
+        return {added.Code(), Builder(*generator, *added)};
+    }
+
+    template <class Row, class T, class... Key>
+    Result<Place> Put(const T& value, const Key&... key) const {
+        if constexpr (std::is_null_pointer_v<T>) {
+            return Call(Row::kNull, key...);
+        } else if constexpr (std::is_same_v<T, bool>) {
+            return Call(Row::kBoolean, key..., uint32_t{value});
+        } else if constexpr (std::is_same_v<T, Bytes>) {
+            if (value.size > UINT32_MAX) return Result<Place>(kPlainFailure);
+            return Call(Row::kBlob, key..., value.data, static_cast<uint32_t>(value.size));
+        } else if constexpr (std::is_convertible_v<const T&, TextArgument>) {
+            const TextArgument text(value);
+            return Call(Row::kString, key..., static_cast<const wchar_t*>(text));
+        } else {
+            return Call(Row::template Number<T>(), key..., value);
+        }
+    }
+
+    IJsonGenerator* generator = nullptr;
+    Place place = 0;
+};
+
+/// A container by its handle.
+using Container = Builder<detail::HandleBuild>;
+/// A container by its reference: the fastest way, and unchecked.
+using ValueContainer = Builder<detail::ReferenceBuild>;
+
+/// A generator.
+class Generator : public Owner<IJsonGenerator> {
+public:
+    using Owner::Owner;
+
+    /// Starts anew with an empty object as the root.
+    Result<Container> NewObject() const { return Root(&IJsonGenerator::CreateRootObject); }
+    /// Starts anew with an empty array as the root.
+    Result<Container> NewArray() const { return Root(&IJsonGenerator::CreateRootArray); }
+    /// The same, to go on by references.
+    Result<ValueContainer> NewObjectValue() const {
+        return RootValue(&IJsonGenerator::ResetRootObjectValue);
+    }
+    /// The same, to go on by references.
+    Result<ValueContainer> NewArrayValue() const {
+        return RootValue(&IJsonGenerator::ResetRootArrayValue);
+    }
+    /// Replaces the document by that of a text.
+    Result<Container> Load(const TextArgument& json) const {
+        return Root(&IJsonGenerator::LoadJsonString, static_cast<const wchar_t*>(json));
+    }
+    /// Replaces the document by that of a file.
+    Result<Container> LoadFile(const TextArgument& fileName) const {
+        return Root(&IJsonGenerator::LoadJsonFile, static_cast<const wchar_t*>(fileName));
+    }
+
+    /// The value at an item path.
+    Result<Container> At(const TextArgument& path) const {
+        return Root(&IJsonGenerator::GetItemHandleByPath, static_cast<const wchar_t*>(path));
+    }
+    /// The item path of a handle.
+    Result<std::wstring> PathOf(uint32_t handle) const {
+        wchar_t path[1024];
+        const int result = Raw().GetItemPath(static_cast<int32_t>(handle), path);
+        return {result, result == kSuccess ? path : std::wstring()};
+    }
+
+    /// The document as compact text, which lives until the next one.
+    Result<std::wstring_view> Text() const {
+        return detail::Read<std::wstring_view>(Raw(), &IJsonGenerator::GetJsonString);
+    }
+    /// The document as compact text in an encoding. The bytes live until the next ones.
+    Result<Bytes> Encoded(Encoding encoding) const {
+        const uint8_t* data = nullptr;
+        uint64_t size = 0;
+        const int result = Raw().GetJsonBytes(&data, &size, static_cast<int32_t>(encoding));
+        return {result, {data, static_cast<size_t>(size)}};
+    }
+    /// Writes the document to a file as compact text.
+    Result<void> Save(const TextArgument& fileName, Encoding encoding) const {
+        return Result<void>(Raw().SaveToFile(fileName, static_cast<int32_t>(encoding)));
+    }
+    /// Writes the document to a file, indented.
+    Result<void> SaveIndented(const TextArgument& fileName, Encoding encoding) const {
+        return Result<void>(Raw().SaveToFileEx(fileName, static_cast<int32_t>(encoding), 0));
+    }
+
+private:
+    template <class Operation, class... Arguments>
+    Result<Container> Root(Operation operation, const Arguments&... arguments) const {
+        uint32_t handle = 0;
+        const int result = (Raw().*operation)(arguments..., &handle);
+        return {result, Container(Raw(), handle)};
+    }
+    template <class Operation>
+    Result<ValueContainer> RootValue(Operation operation) const {
+        uint64_t value = 0;
+        const int result = (Raw().*operation)(&value);
+        return {result, ValueContainer(Raw(), value)};
+    }
+};
+
+// ---- The keyed store ---------------------------------------------------------------------------
+
+/// A package.
+class Package : public Owner<IJsonPackage> {
+public:
+    using Owner::Owner;
+
+    /// The value of a key as a bool, a double, the std::wstring_view of a string or the Bytes of
+    /// its base64.
+    template <class T>
+    Result<T> As(const TextArgument& key) const {
+        if constexpr (std::is_same_v<T, bool>) {
+            bool flag = false;
+            const int result = Raw().GetValueBoolean(key, &flag);
+            return {result, flag};
+        } else if constexpr (std::is_same_v<T, Bytes>) {
+            const void* data = nullptr;
+            uint32_t size = 0;
+            const int result = Raw().GetValueBlob(key, &data, &size);
+            return {result, {static_cast<const uint8_t*>(data), size}};
+        } else if constexpr (std::is_same_v<T, double>) {
+            return detail::Read<T>(Raw(), &IJsonPackage::GetValueNumber,
+                                   static_cast<const wchar_t*>(key));
+        } else {
+            static_assert(std::is_same_v<T, std::wstring_view>,
+                          "bool, double, std::wstring_view or Bytes");
+            return detail::Read<T>(Raw(), &IJsonPackage::GetValueString,
+                                   static_cast<const wchar_t*>(key));
+        }
+    }
+    /// A string's characters or the JSON of an object or array.
+    Result<std::wstring_view> Text(const TextArgument& key) const {
+        return detail::Read<std::wstring_view>(Raw(), &IJsonPackage::GetValue,
+                                               static_cast<const wchar_t*>(key));
+    }
+    /// The kind of a value.
+    Result<ValueKind> Kind(const TextArgument& key) const {
+        uint32_t type = 0;
+        const int result = Raw().GetValueType(key, &type);
+        return {result, KindOf(type)};
+    }
+
+    /// Sets a key to a bool, a number, a text or Bytes.
+    template <class T>
+    Result<void> Set(const TextArgument& key, const T& value) const {
+        if constexpr (std::is_same_v<T, bool>) {
+            return Result<void>(Raw().SetValueBoolean(key, value));
+        } else if constexpr (std::is_same_v<T, Bytes>) {
+            if (value.size > UINT32_MAX) return Result<void>(kPlainFailure);
+            return Result<void>(
+                Raw().SetValueBlob(key, value.data, static_cast<uint32_t>(value.size)));
+        } else if constexpr (std::is_arithmetic_v<T>) {
+            return Result<void>(Raw().SetValueNumber(key, static_cast<double>(value)));
+        } else {
+            return Result<void>(Raw().SetValueString(key, TextArgument(value)));
+        }
+    }
+    /// Sets a key to the object or array that a text is the JSON of.
+    Result<void> SetJson(const TextArgument& key, const TextArgument& json) const {
+        return Result<void>(Raw().SetValue(key, json, true));
+    }
+
+    /// How many keys there are.
+    Result<uint32_t> Count() const {
+        return detail::Read<uint32_t>(Raw(), &IJsonPackage::GetKeyCount);
+    }
+    /// The key at an index from 0.
+    Result<std::wstring_view> NameAt(uint32_t index) const {
+        return detail::Read<std::wstring_view>(Raw(), &IJsonPackage::GetKeyName, index);
+    }
+    /// Whether a key is there.
+    bool Contains(const TextArgument& key) const {
+        bool found = false;
+        return Raw().ContainsKey(key, &found) == kSuccess && found;
+    }
+    /// Removes a key.
+    Result<void> Remove(const TextArgument& key) const {
+        return Result<void>(Raw().RemoveKey(key));
+    }
+    /// Removes all keys.
+    Result<void> Clear() const { return Result<void>(Raw().RemoveAll()); }
+    /// Whether the case of ASCII letters in keys does not count; it does not at first.
+    Result<void> IgnoreCase(bool ignored) const {
+        return Result<void>(Raw().SetIgnoreCase(ignored ? 1 : 0));
+    }
+
+    /// Replaces the package by a text.
+    Result<void> Load(const TextArgument& json) const {
+        return Result<void>(Raw().LoadString(json));
+    }
+    /// Replaces the package by a file.
+    Result<void> LoadFile(const TextArgument& fileName) const {
+        return Result<void>(Raw().LoadFile(fileName));
+    }
+    /// What the last load that failed left; the message lives until the next blob or message.
+    LoadFailure Failure() const {
+        LoadFailure failure;
+        size_t offset = 0;
+        const wchar_t* text = nullptr;
+        Raw().GetErrorOffset(&offset);
+        Raw().GetErrorMessage(&text);
+        return {offset, detail::View(text)};
+    }
+
+    /// The package as compact text, which lives until the next text.
+    Result<std::wstring_view> Text() const {
+        return detail::Read<std::wstring_view>(
+            Raw(), static_cast<int (IJsonPackage::*)(const wchar_t**)>(&IJsonPackage::GetText));
+    }
+    /// The package as compact text in an encoding. The bytes live until the next ones.
+    Result<Bytes> Encoded(Encoding encoding) const {
+        const void* data = nullptr;
+        size_t size = 0;
+        const int result = Raw().GetBytes(&data, &size, static_cast<int32_t>(encoding));
+        return {result, {static_cast<const uint8_t*>(data), size}};
+    }
+    /// Writes the package to a file as compact text.
+    Result<void> Save(const TextArgument& fileName, Encoding encoding) const {
+        return Result<void>(Raw().SaveToFile(fileName, static_cast<int32_t>(encoding)));
+    }
+};
+
+// ---- The library -------------------------------------------------------------------------------
+
+/// The loaded library. It must outlive the objects that it made.
+class Library {
+public:
+    /// Loads the DLL by its file name, as LoadLibrary finds it; see `operator bool`.
+    explicit Library(const wchar_t* fileName = L"Json_Dll.dll")
+        : module(LoadLibraryW(fileName)),
+          createParser(Find<IJsonParser*()>("CreateJsonParser")),
+          createGenerator(Find<IJsonGenerator*()>("CreateJsonGenerator")),
+          createPackage(Find<IJsonPackage*()>("CreateJsonPackageInterface")) {}
+    /// Uses the factories of a host that is linked with the import library.
+    Library(IJsonParser* (*parser)(), IJsonGenerator* (*generator)(), IJsonPackage* (*package)())
+        : createParser(parser), createGenerator(generator), createPackage(package) {}
+
+    /// Whether the DLL was found, with all that this layer needs of it.
+    explicit operator bool() const noexcept {
+        return createParser && createGenerator && createPackage;
+    }
+
+    /// A new parser; kPlainFailure without the library or without memory.
+    Result<Parser> NewParser() const { return New<Parser>(createParser); }
+    /// A new generator, in the same way.
+    Result<Generator> NewGenerator() const { return New<Generator>(createGenerator); }
+    /// A new package, in the same way.
+    Result<Package> NewPackage() const { return New<Package>(createPackage); }
+
+private:
+    struct Unloader {
+        void operator()(HMODULE loaded) const noexcept { FreeLibrary(loaded); }
+    };
+
+    template <class Function>
+    Function* Find(const char* name) const {
+        if (!module) return nullptr;
+        return reinterpret_cast<Function*>(
+            reinterpret_cast<void*>(GetProcAddress(module.get(), name)));
+    }
+
+    template <class Object, class Function>
+    static Result<Object> New(Function create) {
+        Object object(create ? create() : nullptr);
+        const int result = object ? kSuccess : kPlainFailure;
+        return {result, std::move(object)};
+    }
+
+    std::unique_ptr<std::remove_pointer_t<HMODULE>, Unloader> module;
+    IJsonParser* (*createParser)() = nullptr;
+    IJsonGenerator* (*createGenerator)() = nullptr;
+    IJsonPackage* (*createPackage)() = nullptr;
+};
+
+}  // namespace QXJSON::hosting
