@@ -163,8 +163,20 @@ TEST(EndOfRun, EveryUnitAtEveryAlignment) {
         const std::wstring text =
             std::wstring(front, L'x') + static_cast<wchar_t>(unit) + std::wstring(3, L'y') + L'"';
         const wchar_t* const at = Put(page, text, gap);
-        const size_t expected = EndsRun(unit) ? front : front + 4;
-        ASSERT_EQ(static_cast<std::ptrdiff_t>(expected), EndOfRun(at) - at) << unit;
+        const auto expected = static_cast<std::ptrdiff_t>(EndsRun(unit) ? front : front + 4);
+        ASSERT_EQ(expected, EndOfRun(at) - at) << unit;
+        const bool surrogate = unit >= 0xD800 && unit < 0xE000;
+        ASSERT_EQ(surrogate ? static_cast<std::ptrdiff_t>(front) : expected, EndOfPlainRun(at) - at)
+            << unit;
+    }
+}
+
+TEST(CopyUnits, CopiesAsManyAsItIsTold) {
+    for (size_t length = 0; length < 40; ++length) {
+        std::wstring from, to(42, L'-');
+        for (size_t i = 0; i < length + 2; ++i) from += static_cast<wchar_t>(0x2020 + i);
+        CopyUnits(&to[1], from.data(), length);
+        EXPECT_EQ(L'-' + from.substr(0, length) + std::wstring(41 - length, L'-'), to);
     }
 }
 

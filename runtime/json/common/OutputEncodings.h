@@ -1,8 +1,5 @@
 #pragma once
 
-#include <cstring>
-#include <string_view>
-
 #include "JsonTypes.h"
 #include "PlainText.h"
 
@@ -20,16 +17,12 @@ struct CheckedUtf16 : rapidjson::UTF16<wchar_t> {};
 /// The source of a writer's strings.
 using StringSource = rapidjson::GenericStringStream<JsonEncoding>;
 
-/// Takes the rest of a run from a string. The string has its zero behind it, where a run ends too.
-inline std::wstring_view TakeRun(StringSource& source) {
-    const wchar_t* const begin = source.src_;
-    source.src_ = EndOfRun(begin);
-    return {begin, static_cast<size_t>(source.src_ - begin)};
-}
-
-/// Appends to a buffer in which the writer has reserved room for the string.
-inline void Append(JsonTextBuffer& buffer, std::wstring_view run) {
-    std::memcpy(buffer.PushUnsafe(run.size()), run.data(), run.size() * sizeof(wchar_t));
+/// Moves the units up to `end` from a string to a buffer in which the writer has reserved room for
+/// the string. The string has its zero behind it, where a run ends too.
+inline void CopyUpTo(const wchar_t* end, StringSource& source, JsonTextBuffer& buffer) {
+    const auto count = static_cast<size_t>(end - source.src_);
+    CopyUnits(buffer.PushUnsafe(count), source.src_, count);
+    source.src_ = end;
 }
 
 }  // namespace QXJSON
@@ -39,7 +32,7 @@ namespace rapidjson {
 template <>
 struct Transcoder<UTF16<wchar_t>, QXJSON::CopiedUtf16> {
     static bool TranscodeUnsafe(QXJSON::StringSource& is, QXJSON::JsonTextBuffer& os) {
-        QXJSON::Append(os, QXJSON::TakeRun(is));
+        QXJSON::CopyUpTo(QXJSON::EndOfRun(is.src_), is, os);
         return true;
     }
 
@@ -52,10 +45,13 @@ struct Transcoder<UTF16<wchar_t>, QXJSON::CopiedUtf16> {
 template <>
 struct Transcoder<UTF16<wchar_t>, QXJSON::CheckedUtf16> {
     static bool TranscodeUnsafe(QXJSON::StringSource& is, QXJSON::JsonTextBuffer& os) {
-        const std::wstring_view run = QXJSON::TakeRun(is);
-        const size_t paired = QXJSON::WellFormedLength(run);
-        QXJSON::Append(os, run.substr(0, paired));
-        return paired == run.size();
+        const wchar_t* end = QXJSON::EndOfPlainRun(is.src_);
+        if (end == is.src_) {  // a surrogate
+            if (!QXJSON::IsHighSurrogate(end[0]) || !QXJSON::IsLowSurrogate(end[1])) return false;
+            end += 2;
+        }
+        QXJSON::CopyUpTo(end, is, os);
+        return true;
     }
 
     static bool Validate(QXJSON::StringSource& is, QXJSON::JsonTextBuffer& os) {

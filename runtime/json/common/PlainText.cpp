@@ -1,7 +1,6 @@
 #include "PlainText.h"
 
 #include "FaultGuard.h"
-#include "UnitBlocks.h"
 
 namespace QXJSON {
 namespace {
@@ -31,14 +30,11 @@ UnitMask NotBlanks(UnitBlock units) {
     return 0xFFFF & ~MaskOf(_mm_or_si128(_mm_or_si128(blank, feed), _mm_or_si128(carriage, tab)));
 }
 
-bool IsHigh(wchar_t c) { return (c & 0xFC00) == 0xD800; }
-bool IsLow(wchar_t c) { return (c & 0xFC00) == 0xDC00; }
-
 /// The first surrogate in [at, end), or the end.
 const wchar_t* NextSurrogate(const wchar_t* at, const wchar_t* end) {
     for (; static_cast<size_t>(end - at) >= kBlockUnits; at += kBlockUnits)
         if (const UnitMask found = Surrogates(LoadBlock(at))) return at + FirstUnit(found);
-    while (at != end && !IsHigh(*at) && !IsLow(*at)) ++at;
+    while (at != end && !IsHighSurrogate(*at) && !IsLowSurrogate(*at)) ++at;
     return at;
 }
 
@@ -68,7 +64,7 @@ size_t LengthOf(const wchar_t* text) {
 size_t WellFormedLength(std::wstring_view text) {
     const wchar_t* const end = text.data() + text.size();
     const wchar_t* at = NextSurrogate(text.data(), end);
-    while (at != end && IsHigh(at[0]) && end - at >= 2 && IsLow(at[1]))
+    while (at != end && IsHighSurrogate(at[0]) && end - at >= 2 && IsLowSurrogate(at[1]))
         at = NextSurrogate(at + 2, end);
     return static_cast<size_t>(at - text.data());
 }
@@ -80,5 +76,9 @@ const wchar_t* SkipBlanks(const wchar_t* text) {
 }
 
 const wchar_t* EndOfRun(const wchar_t* text) { return FindUnit(text, RunEnds); }
+
+const wchar_t* EndOfPlainRun(const wchar_t* text) {
+    return FindUnit(text, [](UnitBlock units) { return RunEnds(units) | Surrogates(units); });
+}
 
 }  // namespace QXJSON

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstddef>
-#include <cstring>
 #include <string_view>
 
 #include "JsonTypes.h"
+#include "UnitBlocks.h"
 
 // Text that is known to be well-formed UTF-16 can be parsed without looking at each unit on its
 // own. Here is what makes sure of that, and what RapidJSON's reader needs to profit from it.
@@ -57,6 +57,12 @@ inline void SkipWhitespace(PlainTextStream& stream) {
 /// mark, backslash or control character.
 const wchar_t* EndOfRun(const wchar_t* text);
 
+/// The same, with surrogates among what ends a run.
+const wchar_t* EndOfPlainRun(const wchar_t* text);
+
+inline bool IsHighSurrogate(wchar_t c) { return (c & 0xFC00) == 0xD800; }
+inline bool IsLowSurrogate(wchar_t c) { return (c & 0xFC00) == 0xDC00; }
+
 }  // namespace QXJSON
 
 namespace rapidjson {
@@ -73,7 +79,7 @@ struct Transcoder<QXJSON::PlainUtf16, UTF16<wchar_t>> {
     static bool Transcode(QXJSON::PlainTextStream& is, OutputStream& os) {
         const wchar_t* const end = QXJSON::EndOfRun(is.at);
         const auto length = static_cast<SizeType>(end - is.at);
-        std::memcpy(os.Push(length), is.at, length * sizeof(wchar_t));
+        QXJSON::CopyUnits(static_cast<wchar_t*>(os.Push(length)), is.at, length);
         is.at = end;
         return true;
     }

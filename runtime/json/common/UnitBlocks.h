@@ -4,6 +4,7 @@
 #include <stdint.h>
 
 #include <cstddef>
+#include <cstring>
 
 // UTF-16 text eight units at a time.
 
@@ -41,6 +42,23 @@ inline UnitMask MaskOf(UnitBlock flags) { return static_cast<UnitMask>(_mm_movem
 /// The first unit of a mask that is not empty.
 inline unsigned FirstUnit(UnitMask mask) {
     return static_cast<unsigned>(__builtin_ctz(mask)) / sizeof(wchar_t);
+}
+
+/// Copies units; for the short runs of most texts a call of memcpy costs more than the copy.
+inline void CopyUnits(wchar_t* to, const wchar_t* from, size_t count) {
+    constexpr size_t kHalf = kBlockUnits / 2;
+    const auto copy = [=](size_t at, auto bytes) { std::memcpy(to + at, from + at, bytes); };
+    if (count >= kBlockUnits) {
+        // What the last block has in common with the one before is copied twice.
+        const size_t last = count - kBlockUnits;
+        for (size_t at = 0; at < last; at += kBlockUnits) copy(at, kBlockBytes);
+        copy(last, kBlockBytes);
+    } else if (count >= kHalf) {
+        copy(0, kBlockBytes / 2);
+        copy(count - kHalf, kBlockBytes / 2);
+    } else {
+        for (size_t at = 0; at < count; ++at) to[at] = from[at];
+    }
 }
 
 /// The first unit of a text that a test of blocks finds; there must be one, and the text must lie
