@@ -85,16 +85,17 @@ Answer GeneratorModel::AddBelow(const Parent& parent, const Operation& operation
                                 const Arguments& arguments) {
     if (parent.result != 1) return {parent.result};
     if (operation.keyed && !arguments.key) return {-5};
-    if (IsBadSelector(item)) return {0};
     if (operation.keyed) {
         const std::wstring path = parent.path + L"/" + arguments.key;
         if (pathToHandle.count(path) != 0) {
+            if (IsBadSelector(item)) return {0};
             if (IsNullText(item)) return {-5};
             Value made = building::Stored(item, operation.family, document.GetAllocator());
             return Overwrite(path, made, IsText(item));
         }
     }
     if (!parent.value) return {-2};
+    if (IsBadSelector(item)) return {0};
     if (IsNullText(item)) return {-4};
     if (!Fits(parent.value, operation.keyed)) return {-3};
     Value made = building::Stored(item, operation.family, document.GetAllocator());

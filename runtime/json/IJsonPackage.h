@@ -8,6 +8,12 @@
 #include "common/MessageCodes.h"
 #include "common/ResultCodes.h"
 
+// A macro of <windows.h>, and the name of an operation here.
+#undef LoadString
+
+/// \file
+/// The package: a keyed store of JSON values.
+
 namespace QXJSON {
 
 /// A keyed store of JSON values: an object whose members are the keys, in the order in which they
@@ -15,168 +21,394 @@ namespace QXJSON {
 ///
 /// Conventions of all operations:
 ///
-/// 1. Results. An operation returns `int`: 1 success, else 0 or a negative code of ResultCodes.h.
-///    Outputs are written on success only, except where an operation says what it leaves behind.
-///    The checks run in a fixed order and the first that fails decides: a null key (-1), a null
-///    value (-4), a null output pointer (0), a missing key (-1 for getters), the kind of the value
-///    (-3). A blob's outputs are looked at last of these.
+/// 1. Results. An operation returns `int`: 1 for success, else 0 or a negative code of
+///    ResultCodes.h. The results of an operation are listed in the order of its checks, and the
+///    first that applies is returned. "Null output" stands for any output pointer that is null.
+///    Outputs are written on success only, except where an operation says what it leaves.
 /// 2. Failures that are no check's, C++ exceptions and processor faults alike, answer -5 and leave
-///    the package usable. The operations that call the delegate (slots 0 to 6, 11, 19, 21 to 26)
-///    and Release are not guarded: what the delegate throws reaches the caller.
+///    the package usable. They are listed only where they are to be expected. SetDelegate(), the
+///    operations that call the delegate (DelegateExport0() to DelegateImport(),
+///    SetValueFromDelegate0() to SetValueFromDelegate5(), GetValueToDelegate()) and Release() are
+///    not guarded: what the delegate throws reaches the caller.
 /// 3. Keys. While the ignore-case flag is not 0 (it starts as 1), a key names the first member that
 ///    has its length and equals it when ASCII letters are compared without regard to case; all
 ///    other characters compare exactly. With the flag 0 names compare exactly. Setting a key that
 ///    is there replaces its value; the key keeps its place and the spelling that it was first set
 ///    with.
 /// 4. Lifetime. Keys and values given are copied. The text of a string and the name of a key live
-///    until that key is changed or removed, or the next load or Release; the text from GetText, and
-///    from GetValue for an object or array, until the next call of either; bytes of GetBytes until
-///    the next GetBytes; bytes of a blob until the next blob or message.
+///    until that key is changed or removed; the text from GetText(), and from GetValue() for an
+///    object or array, until the next call of either; bytes of GetBytes() until the next
+///    GetBytes(); bytes of a blob and messages until the next blob, set or read, or message; and
+///    none of them longer than until the next load or Release().
 /// 5. Units. Texts are zero-terminated UTF-16. Lengths of blobs and bytes count bytes.
 /// 6. Threads. One thread at a time for each package; different packages are independent.
 ///
-/// A word on <windows.h>: it makes a macro of the name LoadString. A file that includes it before
-/// this header calls the operation by the macro's name without noticing; one that includes it after
-/// this header must say #undef LoadString.
+/// \par The name LoadString
+/// <windows.h> makes a macro of it, which this header takes away again; LoadStringA() and
+/// LoadStringW() of the system stay. A file that includes <windows.h> after this header must say
+/// `#undef LoadString` itself.
 ///
-/// Encodings of bytes and files: 0 ASCII, everything else escaped as \\uXXXX, no byte-order mark;
-/// 1 UTF-16LE, mark FF FE; 2 UTF-8, mark EF BB BF; 3 UTF-16BE, mark FE FF. Marks are written to
-/// files only. A number that is not finite ends the output, which keeps what was written before it.
+/// \par Encodings of bytes and files
+/// 0 ASCII, everything else escaped as \\uXXXX, no byte-order mark; 1 UTF-16LE, mark FF FE;
+/// 2 UTF-8, mark EF BB BF; 3 UTF-16BE, mark FE FF. Marks are written to files only.
+///
+/// \par What JSON or the encoding cannot carry
+/// A number that is not finite ends every output, and a surrogate without its other half that of
+/// bytes and files. An output that ends early answers 1 all the same: text and bytes are handed out
+/// up to there, a file keeps the whole blocks of 260 bytes before it.
 ///
 /// The order of the operations is the binary contract; new ones may only follow the last. The first
 /// seven are those of IJsonPackageDelegate, so that a package can serve as another one's delegate:
-/// the exports go to this package's own delegate (0 where none is set), DelegateImport answers 0.
+/// the exports go to this package's own delegate (0 where none is set), DelegateImport() answers 0.
 class IJsonPackage : public IJsonPackageDelegate {
 public:
-    /// Ends the package's life; the pointer and all that was handed out are invalid afterwards.
-    /// Returns 1.
+    // ---------------------------------------------------------------------------------------------
+    /// \name End of life
+    /// \{
+
+    /// Ends the package's life; the pointer and all that was handed out are invalid afterwards. The
+    /// delegate is left alone. Not guarded.
+    /// \return 1
     virtual int Release() = 0;
 
-    // ---- What the last load left ---------------------------------------------------------------
+    /// \}
 
-    /// 1 when the last load left a message code, else 0.
+    // ---------------------------------------------------------------------------------------------
+    /// \name What the last load left
+    /// An array as the root is an error here, although its load answers 1.
+    /// \{
+
+    /// Tells whether the last load left a message code.
+    /// \return 1 when it did, else 0
     virtual int HasError() = 0;
-    /// Where the last load failed: bytes of the input, UTF-16 units for text read in the ANSI code
-    /// page, and 0 for the library's own codes.
+
+    /// Tells where the last load failed.
+    /// \param[out] offset receives the position: bytes of the input, or UTF-16 units for text read
+    ///     in the ANSI code page; 0 for the message codes 18 to 22
+    /// \return 1; 0 null output
     virtual int GetErrorOffset(size_t* offset) = 0;
-    /// The sentence for the last load's message code, "No error." after a successful one. It lives
-    /// until the next blob or message.
+
+    /// Gets the sentence for the last load's message code; "No error." after a successful one. Ends
+    /// the lifetime of the last blob.
+    /// \param[out] text receives the sentence, which lives until the next blob, message, load or
+    ///     Release()
+    /// \return 1; 0 null output
     virtual int GetErrorMessage(const wchar_t** text) = 0;
 
-    /// Stores the delegate, which the package does not own; null for none. Returns 1.
+    /// \}
+
+    // ---------------------------------------------------------------------------------------------
+    /// \name The delegate
+    /// \{
+
+    /// Stores the delegate. It survives loads.
+    /// \param[in] delegate the delegate, which the package does not own and may call until another
+    ///     is stored; null for none
+    /// \return 1
     virtual int SetDelegate(IJsonPackageDelegate* delegate) = 0;
 
-    // ---- Loading -------------------------------------------------------------------------------
-    // A load replaces the whole package, failed or not; only the ignore-case flag stays. NaN and
-    // the infinities are refused. 1 for text whose root is an object or array, else 0. An array
-    // leaves an empty package and message code 22, although the result is 1; so does any other
-    // root, with 0.
+    /// \}
 
-    /// Loads zero-terminated UTF-16 text. Message code 18 for null, 21 for empty text.
+    // ---------------------------------------------------------------------------------------------
+    /// \name Loading
+    /// A load replaces the whole package, failed or not; only the ignore-case flag and the delegate
+    /// stay. What fails leaves an empty package. NaN and the infinities are refused.
+    /// \{
+
+    /// Replaces the package by the JSON object of a text. Message code 18 for null, 21 for empty or
+    /// blank text.
+    /// \param[in] text zero-terminated UTF-16 text; it is not used after the call
+    /// \return 1 for an object, and for an array although it leaves an empty package and message
+    ///     code 22; 0 for text that does not parse, and for any other root, which leaves message
+    ///     code 22; -5 where the nesting is too deep for the stack
     virtual int LoadString(const wchar_t* text) = 0;
-    /// Loads a file in UTF-8, UTF-16 or UTF-32, told apart by a byte-order mark or the zero bytes
-    /// among the first four, or in the system's ANSI code page. Message code 19 for a null name, 20
-    /// for a file that does not open, 21 for an empty one.
+
+    /// Replaces the package by the JSON object of a file in UTF-8, UTF-16 or UTF-32, told apart by
+    /// a byte-order mark or else by the zero bytes among the first four, or in the system's ANSI
+    /// code page. Message code 19 for a null name, 20 for a file that does not open, 21 for an
+    /// empty or blank one.
+    /// \param[in] fileName zero-terminated name of the file
+    /// \return as LoadString(); also 0 for a null name and a file that does not open
     virtual int LoadFile(const wchar_t* fileName) = 0;
 
-    // ---- Keys ----------------------------------------------------------------------------------
+    /// \}
 
-    /// How many keys there are.
+    // ---------------------------------------------------------------------------------------------
+    /// \name Keys
+    /// \{
+
+    /// Counts the keys.
+    /// \param[out] count receives the count
+    /// \return 1; 0 null output
     virtual int GetKeyCount(uint32_t* count) = 0;
-    /// The key at `index`, from 0; 0 when the index is not below the count.
+
+    /// Gets the key at a position.
+    /// \param[in] index the position, from 0
+    /// \param[out] name receives the key, which lives until it is changed or removed
+    /// \return 1; 0 null output, or index not below the count
     virtual int GetKeyName(uint32_t index, const wchar_t** name) = 0;
-    /// 1, and true in `found`, when the key is there; 0, and false, when it is not.
+
+    /// Tells whether a key is there.
+    /// \param[in] key the key
+    /// \param[out] found receives true when it is, and false in every other case
+    /// \return 1 when it is; -1 null key, 0 null output, 0 no such key
     virtual int ContainsKey(const wchar_t* key, bool* found) = 0;
+
     /// Removes all keys.
+    /// \return 1
     virtual int RemoveAll() = 0;
 
-    // ---- Values as text ------------------------------------------------------------------------
+    /// \}
 
-    /// A string's characters, or the compact JSON of an object or array; every other kind answers
-    /// -3. Every failure leaves "" in `text`.
+    // ---------------------------------------------------------------------------------------------
+    /// \name Values as text, values by way of the delegate
+    /// \{
+
+    /// Gets a string's characters, or the compact JSON of an object or array.
+    /// \param[in] key the key
+    /// \param[out] text receives the text, and "" with every failure; that of a string lives until
+    ///     its key is changed or removed, that of an object or array until the next GetValue() of
+    ///     one or GetText()
+    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 neither string nor object nor
+    ///     array; -5 where the nesting is too deep for the stack
     virtual int GetValue(const wchar_t* key, const wchar_t** text) = 0;
-    /// Sets a key to what the delegate's export 5 makes of the object, as SetValue does with JSON.
-    /// The result of the export where that is not 1; 0 where no delegate is set.
+
+    /// Sets a key to the JSON that the delegate's DelegateExport5() makes of an object, as
+    /// SetValue() does with JSON.
+    /// \param[in] key the key
+    /// \param[in] object the runtime's object, passed on
+    /// \param[in] a passed on
+    /// \return the export's result where that is not 1, and 0 where no delegate is set; else that
+    ///     of SetValue()
     virtual int SetValueFromDelegate5(const wchar_t* key, void* object, uint32_t a) = 0;
-    /// Sets a key to a text as it is or, when `valueIsJson`, to the object or array that the text
-    /// is the JSON of; 0 when it is none.
+
+    /// Sets a key to a text as it is, or to the object or array that the text is the JSON of. NaN
+    /// and the infinities are refused in JSON.
+    /// \param[in] key the key
+    /// \param[in] value zero-terminated text, copied
+    /// \param[in] valueIsJson whether the text is JSON to be parsed
+    /// \return 1; -1 null key, -4 null text, 0 JSON that does not parse, or whose root is neither
+    ///     object nor array; -5 where the nesting is too deep for the stack
     virtual int SetValue(const wchar_t* key, const wchar_t* value, bool valueIsJson) = 0;
-    /// As SetValueFromDelegate5, with export 0.
+
+    /// Sets a key to the JSON that the delegate's DelegateExport0() makes of an object, as
+    /// SetValue() does with JSON.
+    /// \param[in] key the key
+    /// \param[in] object the runtime's object, passed on
+    /// \param[in] a,b,c,d,e,f passed on
+    /// \return the export's result where that is not 1, and 0 where no delegate is set; else that
+    ///     of SetValue()
     virtual int SetValueFromDelegate0(const wchar_t* key, void* object, uint16_t a, uint32_t b,
                                       uint32_t c, uint32_t d, uint32_t e, uint8_t f) = 0;
-    /// As SetValueFromDelegate5, with export 1.
+
+    /// Sets a key to the JSON that the delegate's DelegateExport1() makes of an object, as
+    /// SetValue() does with JSON.
+    /// \param[in] key the key
+    /// \param[in] object the runtime's object, passed on
+    /// \param[in] a,b,c,d,e passed on
+    /// \return the export's result where that is not 1, and 0 where no delegate is set; else that
+    ///     of SetValue()
     virtual int SetValueFromDelegate1(const wchar_t* key, void* object, uint8_t a, uint8_t b,
                                       uint8_t c, uint8_t d, uint8_t e) = 0;
-    /// As SetValueFromDelegate5, with export 2.
+
+    /// Sets a key to the JSON that the delegate's DelegateExport2() makes of an object, as
+    /// SetValue() does with JSON.
+    /// \param[in] key the key
+    /// \param[in] object the runtime's object, passed on
+    /// \param[in] a,b,c passed on
+    /// \return the export's result where that is not 1, and 0 where no delegate is set; else that
+    ///     of SetValue()
     virtual int SetValueFromDelegate2(const wchar_t* key, void* object, uint16_t a, uint8_t b,
                                       uint8_t c) = 0;
-    /// As SetValueFromDelegate5, with export 3.
+
+    /// Sets a key to the JSON that the delegate's DelegateExport3() makes of an object, as
+    /// SetValue() does with JSON.
+    /// \param[in] key the key
+    /// \param[in] object the runtime's object, passed on
+    /// \param[in] a,b passed on
+    /// \return the export's result where that is not 1, and 0 where no delegate is set; else that
+    ///     of SetValue()
     virtual int SetValueFromDelegate3(const wchar_t* key, void* object, uint8_t a, uint8_t b) = 0;
-    /// As SetValueFromDelegate5, with export 4.
+
+    /// Sets a key to the JSON that the delegate's DelegateExport4() makes of an object, as
+    /// SetValue() does with JSON.
+    /// \param[in] key the key
+    /// \param[in] object the runtime's object, passed on
+    /// \param[in] a passed on
+    /// \return the export's result where that is not 1, and 0 where no delegate is set; else that
+    ///     of SetValue()
     virtual int SetValueFromDelegate4(const wchar_t* key, void* object, uint8_t a) = 0;
-    /// Gives the text of GetValue to the delegate's import and returns its result. The result of
-    /// GetValue where that is not 1, or where no delegate is set.
+
+    /// Gives the text that GetValue() gets for a key to the delegate's DelegateImport().
+    /// \param[in] key the key
+    /// \param[in] object the runtime's object, passed on
+    /// \param[in] a,b,c,d,e passed on
+    /// \return GetValue()'s result where that is not 1, or where no delegate is set; else the
+    ///     import's
     virtual int GetValueToDelegate(const wchar_t* key, void* object, uint8_t a, uint64_t b,
                                    uint16_t c, uint32_t d, uint32_t e) = 0;
-    /// Removes a key; the keys behind it move up by one. 0 when it is not there.
+
+    /// Removes a key; the keys behind it move up by one.
+    /// \param[in] key the key
+    /// \return 1; -1 null key, 0 no such key
     virtual int RemoveKey(const wchar_t* key) = 0;
 
-    // ---- Output --------------------------------------------------------------------------------
+    /// \}
 
-    /// The whole package as compact UTF-16 text.
+    // ---------------------------------------------------------------------------------------------
+    /// \name Output
+    /// \{
+
+    /// Writes the whole package as compact UTF-16 text.
+    /// \param[out] text receives the text, which lives until the next call, GetValue() of an object
+    ///     or array, load or Release()
+    /// \return 1; 0 null output; -5 where the nesting is too deep for the stack
     virtual int GetText(const wchar_t** text) = 0;
-    /// The whole package as compact text in an encoding: the bytes and their count, without mark or
-    /// terminator. An unknown encoding answers 1 with a null pointer and the length untouched.
+
+    /// Writes the whole package as compact text in an encoding, without byte-order mark.
+    /// \param[out] data receives the bytes, without terminator, which live until the next call,
+    ///     load or Release(); null for an unknown encoding and with -5
+    /// \param[out] length receives the count of bytes; untouched where the data is null
+    /// \param[in] encoding 0 to 3
+    /// \return 1, also for an unknown encoding; 0 null output; -5 where the nesting is too deep for
+    ///     the stack
     virtual int GetBytes(const void** data, size_t* length, int32_t encoding) = 0;
+
     /// Writes the package to a file as compact text, in place of what the file held, behind the
-    /// mark of its encoding. 0 for a null or empty name and a file that cannot be used: one that
-    /// exists must open for reading, else one must be creatable, and it must open for writing. 1 in
-    /// every other case; an unknown encoding leaves the file empty.
+    /// mark of its encoding.
+    /// \param[in] fileName zero-terminated name of the file
+    /// \param[in] encoding 0 to 3; any other leaves the file empty
+    /// \return 1, also when the text could not be written to its end; 0 for a null or empty name
+    ///     and for a file that cannot be used: one that exists must open for reading, else one must
+    ///     be creatable, and it must open for writing; -5 where the nesting is too deep for the
+    ///     stack, which leaves the file empty
     virtual int SaveToFile(const wchar_t* fileName, int32_t encoding) = 0;
 
-    /// Stores the ignore-case flag.
+    /// \}
+
+    // ---------------------------------------------------------------------------------------------
+    /// \name The ignore-case flag
+    /// \{
+
+    /// Stores the ignore-case flag. It survives loads.
+    /// \param[in] flag 0 to compare keys exactly, anything else to ignore the case of ASCII letters
+    /// \return 1
     virtual int SetIgnoreCase(uint32_t flag) = 0;
-    /// The ignore-case flag as it was stored.
+
+    /// Gets the ignore-case flag as it was stored.
+    /// \param[out] flag receives the flag
+    /// \return 1; 0 null output
     virtual int GetIgnoreCase(uint32_t* flag) = 0;
 
-    // ---- Values by type ------------------------------------------------------------------------
+    /// \}
 
-    /// The characters of a string.
+    // ---------------------------------------------------------------------------------------------
+    /// \name Values by type
+    /// \{
+
+    /// Reads a string.
+    /// \param[in] key the key
+    /// \param[out] text receives the characters, which live until the key is changed or removed
+    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 no string
     virtual int GetValueString(const wchar_t* key, const wchar_t** text) = 0;
-    /// Sets a key to a text.
+
+    /// Sets a key to a string.
+    /// \param[in] key the key
+    /// \param[in] text zero-terminated text, copied
+    /// \return 1; -1 null key, -4 null text
     virtual int SetValueString(const wchar_t* key, const wchar_t* text) = 0;
-    /// Any number, converted to double.
+
+    /// Reads any number as double.
+    /// \param[in] key the key
+    /// \param[out] number receives the number
+    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 no number
     virtual int GetValueNumber(const wchar_t* key, double* number) = 0;
-    /// Sets a key to a number, as a 64-bit integer when it has no fraction and lies within -2^63 to
-    /// 2^63 (2^63 itself wraps to -2^63), else as a double.
+
+    /// Sets a key to a number: a 64-bit integer when it has no fraction and lies within -2^63 to
+    /// 2^63 (2^63 itself wraps to -2^63), else a double.
+    /// \param[in] key the key
+    /// \param[in] number the number; NaN and the infinities are taken too
+    /// \return 1; -1 null key
     virtual int SetValueNumber(const wchar_t* key, double number) = 0;
-    /// A boolean.
+
+    /// Reads a boolean.
+    /// \param[in] key the key
+    /// \param[out] flag receives its value
+    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 no boolean
     virtual int GetValueBoolean(const wchar_t* key, bool* flag) = 0;
+
     /// Sets a key to a boolean.
+    /// \param[in] key the key
+    /// \param[in] flag the value
+    /// \return 1; -1 null key
     virtual int SetValueBoolean(const wchar_t* key, bool flag) = 0;
-    /// A string as a variant with its text.
+
+    /// Reads a string as a variant.
+    /// \param[in] key the key
+    /// \param[out] variant receives tag 16384 and the text, which lives until the key is changed or
+    ///     removed
+    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 no string
     virtual int GetValueVariant(const wchar_t* key, JsonVariant* variant) = 0;
-    /// As SetValueString with a variant's text; -3 for a null text and any other tag.
+
+    /// Sets a key to a variant's text.
+    /// \param[in] key the key
+    /// \param[in] variant tag 16384 with the text, which is copied
+    /// \return 1; -3 null variant, other tag or null text, -1 null key
     virtual int SetValueVariant(const wchar_t* key, const JsonVariant* variant) = 0;
-    /// GetValueVariant once more; hosts use either slot.
+
+    /// The same operation as GetValueVariant(); hosts use either slot.
+    /// \param[in] key the key
+    /// \param[out] variant receives tag 16384 and the text, which lives until the key is changed or
+    ///     removed
+    /// \return as GetValueVariant()
     virtual int GetValueVariantAlias(const wchar_t* key, JsonVariant* variant) = 0;
-    /// SetValueVariant once more; hosts use either slot.
+
+    /// The same operation as SetValueVariant(); hosts use either slot.
+    /// \param[in] key the key
+    /// \param[in] variant tag 16384 with the text, which is copied
+    /// \return as SetValueVariant()
     virtual int SetValueVariantAlias(const wchar_t* key, const JsonVariant* variant) = 0;
-    /// A string as a variant with its text, or a number that fits int64 as one with the number; -3
-    /// for everything else.
+
+    /// Reads a string, or an integer that fits int64, as a variant.
+    /// \param[in] key the key
+    /// \param[out] variant receives tag 16384 and the text, which lives until the key is changed or
+    ///     removed, or tag 20 and the number
+    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 neither
     virtual int GetValueVariantEx(const wchar_t* key, JsonVariant* variant) = 0;
-    /// As SetValueString with a variant's text, or as SetValueNumber with its number converted to
-    /// double; -3 for a null text and any other tag.
+
+    /// Sets a key to a variant's text or number. The number goes the way of SetValueNumber(), as a
+    /// double, and keeps no more than 53 bits.
+    /// \param[in] key the key
+    /// \param[in] variant tag 16384 with the text, which is copied, or tag 20 with the number
+    /// \return 1; -3 null variant, other tag or null text, -1 null key
     virtual int SetValueVariantEx(const wchar_t* key, const JsonVariant* variant) = 0;
-    /// The bytes whose base64 the string is; -3 when it is none.
+
+    /// Reads bytes from a string that holds their base64.
+    /// \param[in] key the key
+    /// \param[out] data receives the bytes, which live until the next blob, set or read, message,
+    ///     load or Release()
+    /// \param[out] length receives their count
+    /// \return 1; -1 null key, -1 no such key, -3 no string, 0 null output, -3 no base64
     virtual int GetValueBlob(const wchar_t* key, const void** data, uint32_t* length) = 0;
-    /// Sets a key to the base64 of some bytes; -4 when there are none.
+
+    /// Sets a key to a string that holds the base64 of bytes, in one line.
+    /// \param[in] key the key
+    /// \param[in] data the bytes
+    /// \param[in] length their count
+    /// \return 1; -1 null key, -4 null data or length 0, -3 bytes that the system makes no base64
+    ///     of
     virtual int SetValueBlob(const wchar_t* key, const uint8_t* data, uint32_t length) = 0;
 
-    /// The kind of a value: 0 string, 1 number, 2 boolean, 3 null, 4 object, 5 array.
+    /// Gets the item type of a value: 0 string, 1 number, 2 boolean, 3 null, 4 object, 5 array.
+    /// \param[in] key the key
+    /// \param[out] itemType receives the item type
+    /// \return 1; -1 null key, 0 null output, -1 no such key
     virtual int GetValueType(const wchar_t* key, uint32_t* itemType) = 0;
 
+    /// \}
+
 protected:
+    /// A package is ended by Release() alone.
     ~IJsonPackage() = default;
 };
 

@@ -6,267 +6,814 @@
 #include "common/MessageCodes.h"
 #include "common/ResultCodes.h"
 
+/// \file
+/// The parser: loading JSON and reading it.
+
 namespace QXJSON {
 
 /// Loads a JSON document and lets its values be read one by one.
 ///
 /// Conventions of all operations:
 ///
-/// 1. Results. An operation returns `int`: 1 success, else 0 or a negative code of ResultCodes.h.
-///    Outputs are written on success only. The checks run in a fixed order and the first that fails
-///    decides: the place (-2 for an unknown handle or a null reference, -10 for a bad path), a null
-///    key (-1), a null output pointer (0), the kind of the value (-3), a missing member or an index
-///    out of range, the type asked for (-3). The few operations that return `bool` say so.
+/// 1. Results. An operation returns `int`: 1 for success, else 0 or a negative code of
+///    ResultCodes.h. The results of an operation are listed in the order of its checks, and the
+///    first that applies is returned. "Null output" stands for any output pointer that is null.
+///    Outputs are written on success only. The few operations that return `bool` say so.
 /// 2. Failures that are no check's, C++ exceptions and processor faults alike, answer -5 and leave
-///    the parser usable. The operations that return `bool`, and Release, let a fault out to the
-///    caller: see ExistsItemByPath.
+///    the parser usable. They are listed only where they are to be expected. The operations that
+///    return `bool`, and Release(), let them out to the caller: see ExistsItemByPath().
 /// 3. Naming a value. By item handle: a number from 1 that this parser issues on the first request
-///    for a value and repeats on later ones; 0 is never a handle. By value reference (`...OfValue`,
-///    `...Value...`): the address of the value, taken back unchecked; only 0 is refused. By item
-///    path (`...ByPath`): see "Item paths" below. Some operations name a member of that value with
+///    for a value and repeats on later ones; 0 is never a handle. By value reference: the address
+///    of the value, taken back unchecked; only 0 is refused. By item path, in the operations whose
+///    names end in ByPath: see "Item paths" below. Some operations name a member of that value with
 ///    a key as well.
 /// 4. Keys. The member is the first in document order whose name has the key's length and equals it
 ///    when ASCII letters are compared without regard to case; all other characters compare exactly.
-///    ExistsMemberByPath alone compares exactly. Names in item paths compare exactly.
+///    ExistsMemberByPath() alone compares exactly. Names in item paths compare exactly.
 /// 5. Lifetime. Texts, names and bytes handed out belong to the parser. Strings and names live
-/// until
-///    the next load or Release; the text of an object or array until the next such text; bytes of a
-///    blob until the next blob or message. Handles and references are invalid after a load, failed
-///    or not: every load starts with a new document.
+///    until the next load or Release(); the text of an object or array until the next such text;
+///    the bytes of a blob until the next blob or message; and none of them longer than until the
+///    next load. Handles and references are invalid after a load, failed or not: every load starts
+///    with a new document.
 /// 6. Units. Texts are zero-terminated UTF-16; a string that contains U+0000 is handed out whole,
 ///    but its reader sees only what stands before it. Indexes count from 0, positions in item paths
 ///    from 1. Blob sizes are bytes.
 /// 7. Threads. One thread at a time for each parser; different parsers are independent.
 ///
-/// Item paths: "/" is the root. Otherwise each segment begins with "/" and names a member by its
-/// key or an element by its position from 1, so "/list/1" is the first element of the array "list".
-/// A
-/// "/" inside a key is written "~/". A segment that contains a digit is looked at together with its
-/// parent: where the parent does not exist, the operation faults (-5). The path as translated for
-/// the document (RFC 6901 pointer, `~/` as `~1`, positions from 0) must fit into 1024 UTF-16 units
-/// with its terminator; a longer one answers -10.
+/// \par Item paths
+/// "/" is the root. Otherwise each segment begins with "/" and names a member by its key or an
+/// element by its position from 1, so "/list/1" is the first element of the array "list". A "/"
+/// inside a key is written "~/", and a "~" inside a key "~0". A segment that contains a digit is
+/// looked at together with its parent: where the parent does not exist, the operation faults (-5).
+/// The path as translated for the document (a JSON Pointer of RFC 6901, "~/" as "~1", positions
+/// from 0) must fit into 1024 UTF-16 units with its terminator; a longer one answers -10.
 ///
+/// \par Types
 /// Item types: 0 string, 1 number, 2 boolean, 3 null, 4 object, 5 array. Value types are the same,
-/// but a number reports the first that holds of: 6 fits int32, 7 uint32, 8 int64, 9 uint64, 11
-/// stored as double (10 is reserved).
+/// but a number reports the first that holds of: 6 fits int32, 7 fits uint32, 8 fits int64, 9 fits
+/// uint64, 11 stored as double (10 is reserved).
 ///
 /// The order of the operations is the binary contract; new ones may only follow the last.
 class IJsonParser {
 public:
-    // ---- Loading -------------------------------------------------------------------------------
+    // ---------------------------------------------------------------------------------------------
+    /// \name Loading
+    /// Every load replaces the document, failed or not, and ends all that was handed out before.
+    /// \{
 
-    /// Loads `length` bytes at `text` (no terminator needed) in UTF-8, UTF-16 or UTF-32, told apart
-    /// by a byte-order mark or the zero bytes among the first four; text that is not valid UTF-8 is
-    /// tried again in the system's ANSI code page. NaN, Inf and Infinity count as numbers, but not
-    /// in ANSI text. 1, or 0 with the reason in GetErrorMessage: null text, empty text, a syntax
-    /// error, a root that is neither object nor array. -5 where the nesting is too deep for the
-    /// stack of the calling thread.
+    /// Loads JSON in UTF-8, UTF-16 or UTF-32, told apart by a byte-order mark or else by the zero
+    /// bytes among the first four. Text that is not valid UTF-8 is tried again in the system's ANSI
+    /// code page. The literals NaN, Inf and Infinity, with or without "-", count as numbers, but
+    /// not in ANSI text.
+    /// \param[in] text the bytes; no terminator is needed, and they are not used after the call
+    /// \param[in] length their count
+    /// \return 1; 0 with the reason in GetErrorMessage(): null text, empty text, a syntax error, or
+    ///     a root that is neither object nor array; -5 where the nesting is too deep for the stack
+    ///     of the calling thread
     virtual int LoadJsonBytes(const char* text, uint32_t length) = 0;
 
-    /// Loads zero-terminated UTF-16 text, with or without U+FEFF in front. Results as
-    /// LoadJsonBytes; there is no second attempt in the ANSI code page.
+    /// Loads JSON from UTF-16 text, with or without U+FEFF in front. As LoadJsonBytes(), but there
+    /// is no second attempt in the ANSI code page.
+    /// \param[in] text zero-terminated text; it is not used after the call
+    /// \return as LoadJsonBytes()
     virtual int LoadJsonString(const wchar_t* text) = 0;
 
-    /// Loads a file, read and closed before the call returns. Encodings and results as
-    /// LoadJsonBytes; also 0 for a null name and for a file that does not open. An empty file
-    /// reports "The document is empty.", where empty text reports "The string is empty.".
+    /// Loads a JSON file, which is read and closed before the call returns. Encodings as for
+    /// LoadJsonBytes(). An empty file reports "The document is empty.", where empty text reports
+    /// "The string is empty.".
+    /// \param[in] fileName zero-terminated name of the file
+    /// \return as LoadJsonBytes(); also 0 for a null name and for a file that does not open
     virtual int LoadJsonFile(const wchar_t* fileName) = 0;
 
-    // ---- What the last load left ---------------------------------------------------------------
+    /// \}
 
-    /// 1 when the last load failed, else 0.
+    // ---------------------------------------------------------------------------------------------
+    /// \name What the last load left
+    /// \{
+
+    /// Tells whether the last load failed.
+    /// \return 1 when it did, else 0
     virtual int HasError() = 0;
 
-    /// Where the last load failed: bytes of the input, UTF-16 units for text read in the ANSI code
-    /// page, and 0 for the message codes 18 to 22 and a root that is neither object nor array.
+    /// Tells where the last load failed.
+    /// \param[out] offset receives the position: bytes of the input, or UTF-16 units for text read
+    ///     in the ANSI code page; 0 for the message codes 18 to 22 and a root that is neither
+    ///     object nor array
+    /// \return 1; 0 null output
     virtual int GetErrorOffset(uint64_t* offset) = 0;
 
-    /// The sentence for the last load's message code, "No error." after a successful one. It lives
-    /// as long as the process. Ends the lifetime of the last blob.
+    /// Gets the sentence for the last load's message code; "No error." after a successful one. Ends
+    /// the lifetime of the last blob.
+    /// \param[out] text receives the sentence, which lives as long as the process
+    /// \return 1; 0 null output
     virtual int GetErrorMessage(const wchar_t** text) = 0;
 
-    // ---- From the root to values ---------------------------------------------------------------
-    // All report 0 for a missing member or an index that is not below the count.
+    /// \}
 
-    /// Reference and value type of the root; 0 when there is no document.
+    // ---------------------------------------------------------------------------------------------
+    /// \name From the root to values
+    /// A missing member answers 0 here.
+    /// \{
+
+    /// Gets the root's reference.
+    /// \param[out] value receives the reference
+    /// \param[out] valueType receives the value type
+    /// \return 1; 0 no object or array is loaded, or null output
     virtual int GetRootValue(uint64_t* value, uint32_t* valueType) = 0;
-    /// Handle and item type of the root; 0 when there is no document.
+
+    /// Gets the root's handle.
+    /// \param[out] handle receives the handle
+    /// \param[out] itemType receives the item type
+    /// \return 1; 0 no object or array is loaded, or null output
     virtual int GetRootItem(uint32_t* handle, uint32_t* itemType) = 0;
-    /// Reference and value type of an object's member.
+
+    /// Gets the reference of a member of an object named by reference.
+    /// \param[in] value reference of the object
+    /// \param[in] key key of the member
+    /// \param[out] member receives the member's reference
+    /// \param[out] valueType receives its value type
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object, 0 no such member
     virtual int GetMemberValue(uint64_t value, const wchar_t* key, uint64_t* member,
                                uint32_t* valueType) = 0;
-    /// Reference and value type of the member or element at `index`.
+
+    /// Gets the reference of the member or element at a position of a container named by reference.
+    /// \param[in] value reference of the object or array
+    /// \param[in] index position of the child, from 0, in document order
+    /// \param[out] child receives the child's reference
+    /// \param[out] valueType receives its value type
+    /// \return 1; -2 null reference, 0 null output, -3 no object or array, 0 index not below the
+    ///     count
     virtual int GetChildValue(uint64_t value, uint32_t index, uint64_t* child,
                               uint32_t* valueType) = 0;
-    /// Handle and item type of a member of the object at `path`.
+
+    /// Gets the handle of a member of an object named by path.
+    /// \param[in] path item path of the object
+    /// \param[in] key key of the member
+    /// \param[out] handle receives the member's handle
+    /// \param[out] itemType receives its item type
+    /// \return 1; -10 bad path, -1 null key, 0 null output, -3 no object, 0 no such member
     virtual int GetMemberItemByPath(const wchar_t* path, const wchar_t* key, uint32_t* handle,
                                     uint32_t* itemType) = 0;
-    /// Handle and item type of the child at `index` of the container at `path`.
+
+    /// Gets the handle of the member or element at a position of a container named by path.
+    /// \param[in] path item path of the object or array
+    /// \param[in] index position of the child, from 0, in document order
+    /// \param[out] handle receives the child's handle
+    /// \param[out] itemType receives its item type
+    /// \return 1; -10 bad path, 0 null output, -3 no object or array, 0 index not below the count
     virtual int GetChildItemByPath(const wchar_t* path, uint32_t index, uint32_t* handle,
                                    uint32_t* itemType) = 0;
-    /// Handle and item type of an object's member.
+
+    /// Gets the handle of a member of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] member receives the member's handle
+    /// \param[out] itemType receives its item type
+    /// \return 1; -2 unknown handle, -1 null key, 0 null output, -3 no object, 0 no such member
     virtual int GetMemberItem(uint32_t handle, const wchar_t* key, uint32_t* member,
                               uint32_t* itemType) = 0;
-    /// Handle and item type of the member or element at `index`.
+
+    /// Gets the handle of the member or element at a position of a container named by handle.
+    /// \param[in] handle handle of the object or array
+    /// \param[in] index position of the child, from 0, in document order
+    /// \param[out] child receives the child's handle
+    /// \param[out] itemType receives its item type
+    /// \return 1; -2 unknown handle, 0 null output, -3 no object or array, 0 index not below the
+    ///     count
     virtual int GetChildItem(uint32_t handle, uint32_t index, uint32_t* child,
                              uint32_t* itemType) = 0;
 
-    // ---- Names, counts, types ------------------------------------------------------------------
+    /// \}
 
-    /// The key of the member at `index`; 0 when the index is not below the count.
+    // ---------------------------------------------------------------------------------------------
+    /// \name Names, counts, types
+    /// \{
+
+    /// Gets the key of the member at a position of an object named by reference.
+    /// \param[in] value reference of the object
+    /// \param[in] index position of the member, from 0, in document order
+    /// \param[out] name receives the key, which lives until the next load or Release()
+    /// \return 1; -2 null reference, 0 null output, -3 no object, 0 index not below the count
     virtual int GetMemberNameOfValue(uint64_t value, uint32_t index, const wchar_t** name) = 0;
-    /// As GetMemberNameOfValue, for the object at `path`.
+
+    /// Gets the key of the member at a position of an object named by path.
+    /// \param[in] path item path of the object
+    /// \param[in] index position of the member, from 0, in document order
+    /// \param[out] name receives the key, which lives until the next load or Release()
+    /// \return 1; -10 bad path, 0 null output, -3 no object, 0 index not below the count
     virtual int GetMemberNameByPath(const wchar_t* path, uint32_t index, const wchar_t** name) = 0;
-    /// As GetMemberNameOfValue, for an item.
+
+    /// Gets the key of the member at a position of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] index position of the member, from 0, in document order
+    /// \param[out] name receives the key, which lives until the next load or Release()
+    /// \return 1; -2 unknown handle, 0 null output, -3 no object, 0 index not below the count
     virtual int GetMemberName(uint32_t handle, uint32_t index, const wchar_t** name) = 0;
-    /// How many members or elements a container has.
+
+    /// Counts the members or elements of a container named by reference.
+    /// \param[in] value reference of the object or array
+    /// \param[out] count receives the count
+    /// \return 1; -2 null reference, 0 null output, -3 no object or array
     virtual int GetChildCountOfValue(uint64_t value, uint32_t* count) = 0;
-    /// As GetChildCountOfValue, for the container at `path`.
+
+    /// Counts the members or elements of a container named by path.
+    /// \param[in] path item path of the object or array
+    /// \param[out] count receives the count
+    /// \return 1; -10 bad path, 0 null output, -3 no object or array
     virtual int GetChildCountByPath(const wchar_t* path, uint32_t* count) = 0;
-    /// As GetChildCountOfValue, for an item.
+
+    /// Counts the members or elements of a container named by handle.
+    /// \param[in] handle handle of the object or array
+    /// \param[out] count receives the count
+    /// \return 1; -2 unknown handle, 0 null output, -3 no object or array
     virtual int GetChildCount(uint32_t handle, uint32_t* count) = 0;
-    /// The value type of a value.
+
+    /// Gets the value type of a value named by reference.
+    /// \param[in] value reference of the value
+    /// \param[out] valueType receives the value type
+    /// \return 1; -2 null reference, 0 null output
     virtual int GetValueType(uint64_t value, uint32_t* valueType) = 0;
-    /// The item type of the value at `path`.
+
+    /// Gets the item type of a value named by path.
+    /// \param[in] path item path of the value
+    /// \param[out] itemType receives the item type
+    /// \return 1; -10 bad path, 0 null output
     virtual int GetItemTypeByPath(const wchar_t* path, uint32_t* itemType) = 0;
-    /// The item type of a member, which receives a handle as if by GetMemberItem; 0 when missing.
+
+    /// Gets the item type of a member of an object named by handle. The member receives a handle,
+    /// as from GetMemberItem().
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] itemType receives the item type
+    /// \return 1; -2 unknown handle, -1 null key, 0 null output, -3 no object, 0 no such member
     virtual int GetMemberItemType(uint32_t handle, const wchar_t* key, uint32_t* itemType) = 0;
-    /// The item type of an item.
+
+    /// Gets the item type of a value named by handle.
+    /// \param[in] handle handle of the value
+    /// \param[out] itemType receives the item type
+    /// \return 1; -2 unknown handle, 0 null output
     virtual int GetItemType(uint32_t handle, uint32_t* itemType) = 0;
 
-    // ---- Booleans: 1 for true, 0 for false -----------------------------------------------------
-    // From here to the strings, a getter by key reports -1 for a missing member.
+    /// \}
 
+    // ---------------------------------------------------------------------------------------------
+    /// \name Booleans
+    /// From here to the strings, a getter by key answers -1 for a missing member.
+    /// \{
+
+    /// Reads a boolean from a member of an object named by reference.
+    /// \param[in] value reference of the object
+    /// \param[in] key key of the member
+    /// \param[out] flag receives 1 for true, 0 for false
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no boolean
     virtual int GetMemberBooleanOfValue(uint64_t value, const wchar_t* key, uint32_t* flag) = 0;
+
+    /// Reads a boolean from a value named by reference.
+    /// \param[in] value reference of the value
+    /// \param[out] flag receives 1 for true, 0 for false
+    /// \return 1; -2 null reference, 0 null output, -3 no boolean
     virtual int GetValueBoolean(uint64_t value, uint32_t* flag) = 0;
+
+    /// Reads a boolean from a value named by path.
+    /// \param[in] path item path of the value
+    /// \param[out] flag receives 1 for true, 0 for false
+    /// \return 1; -10 bad path, 0 null output, -3 no boolean
     virtual int GetItemBooleanByPath(const wchar_t* path, uint32_t* flag) = 0;
+
+    /// Reads a boolean from a member of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] flag receives 1 for true, 0 for false
+    /// \return 1; -2 unknown handle, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no boolean
     virtual int GetMemberBoolean(uint32_t handle, const wchar_t* key, uint32_t* flag) = 0;
+
+    /// Reads a boolean from a value named by handle.
+    /// \param[in] handle handle of the value
+    /// \param[out] flag receives 1 for true, 0 for false
+    /// \return 1; -2 unknown handle, 0 null output, -3 no boolean
     virtual int GetItemBoolean(uint32_t handle, uint32_t* flag) = 0;
 
-    // ---- Numbers -------------------------------------------------------------------------------
-    // Double and Float take any number and convert it (to double, then to float); the integer
-    // getters take a number that was read as an integer and fits their width. 5.0 is no integer.
+    /// \}
 
+    // ---------------------------------------------------------------------------------------------
+    /// \name Numbers
+    /// Double and float getters take any number and convert it (to double, then to float). Integer
+    /// getters take a number that was read as an integer and fits their width: 5.0 is no integer.
+    /// \{
+
+    /// Reads a number as double from a member of an object named by reference.
+    /// \param[in] value reference of the object
+    /// \param[in] key key of the member
+    /// \param[out] number receives the number
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no number
     virtual int GetMemberDoubleOfValue(uint64_t value, const wchar_t* key, double* number) = 0;
+
+    /// Reads a number as double from a value named by reference.
+    /// \param[in] value reference of the value
+    /// \param[out] number receives the number
+    /// \return 1; -2 null reference, 0 null output, -3 no number
     virtual int GetValueDouble(uint64_t value, double* number) = 0;
+
+    /// Reads a number as float from a member of an object named by reference.
+    /// \param[in] value reference of the object
+    /// \param[in] key key of the member
+    /// \param[out] number receives the number
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no number
     virtual int GetMemberFloatOfValue(uint64_t value, const wchar_t* key, float* number) = 0;
+
+    /// Reads a number as float from a value named by reference.
+    /// \param[in] value reference of the value
+    /// \param[out] number receives the number
+    /// \return 1; -2 null reference, 0 null output, -3 no number
     virtual int GetValueFloat(uint64_t value, float* number) = 0;
+
+    /// Reads an unsigned 64-bit integer from a member of an object named by reference.
+    /// \param[in] value reference of the object
+    /// \param[in] key key of the member
+    /// \param[out] number receives the number
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no integer that fits uint64
     virtual int GetMemberUInt64OfValue(uint64_t value, const wchar_t* key, uint64_t* number) = 0;
+
+    /// Reads an unsigned 64-bit integer from a value named by reference.
+    /// \param[in] value reference of the value
+    /// \param[out] number receives the number
+    /// \return 1; -2 null reference, 0 null output, -3 no integer that fits uint64
     virtual int GetValueUInt64(uint64_t value, uint64_t* number) = 0;
+
+    /// Reads a signed 64-bit integer from a member of an object named by reference.
+    /// \param[in] value reference of the object
+    /// \param[in] key key of the member
+    /// \param[out] number receives the number
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no integer that fits int64
     virtual int GetMemberInt64OfValue(uint64_t value, const wchar_t* key, int64_t* number) = 0;
+
+    /// Reads a signed 64-bit integer from a value named by reference.
+    /// \param[in] value reference of the value
+    /// \param[out] number receives the number
+    /// \return 1; -2 null reference, 0 null output, -3 no integer that fits int64
     virtual int GetValueInt64(uint64_t value, int64_t* number) = 0;
+
+    /// Reads an unsigned 32-bit integer from a member of an object named by reference.
+    /// \param[in] value reference of the object
+    /// \param[in] key key of the member
+    /// \param[out] number receives the number
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no integer that fits uint32
     virtual int GetMemberUIntOfValue(uint64_t value, const wchar_t* key, uint32_t* number) = 0;
+
+    /// Reads an unsigned 32-bit integer from a value named by reference.
+    /// \param[in] value reference of the value
+    /// \param[out] number receives the number
+    /// \return 1; -2 null reference, 0 null output, -3 no integer that fits uint32
     virtual int GetValueUInt(uint64_t value, uint32_t* number) = 0;
+
+    /// Reads a signed 32-bit integer from a member of an object named by reference.
+    /// \param[in] value reference of the object
+    /// \param[in] key key of the member
+    /// \param[out] number receives the number
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no integer that fits int32
     virtual int GetMemberIntOfValue(uint64_t value, const wchar_t* key, int32_t* number) = 0;
+
+    /// Reads a signed 32-bit integer from a value named by reference.
+    /// \param[in] value reference of the value
+    /// \param[out] number receives the number
+    /// \return 1; -2 null reference, 0 null output, -3 no integer that fits int32
     virtual int GetValueInt(uint64_t value, int32_t* number) = 0;
+
+    /// Reads a number as double from a value named by path.
+    /// \param[in] path item path of the value
+    /// \param[out] number receives the number
+    /// \return 1; -10 bad path, 0 null output, -3 no number
     virtual int GetItemDoubleByPath(const wchar_t* path, double* number) = 0;
+
+    /// Reads a number as float from a value named by path.
+    /// \param[in] path item path of the value
+    /// \param[out] number receives the number
+    /// \return 1; -10 bad path, 0 null output, -3 no number
     virtual int GetItemFloatByPath(const wchar_t* path, float* number) = 0;
+
+    /// Reads an unsigned 64-bit integer from a value named by path.
+    /// \param[in] path item path of the value
+    /// \param[out] number receives the number
+    /// \return 1; -10 bad path, 0 null output, -3 no integer that fits uint64
     virtual int GetItemUInt64ByPath(const wchar_t* path, uint64_t* number) = 0;
+
+    /// Reads a signed 64-bit integer from a value named by path.
+    /// \param[in] path item path of the value
+    /// \param[out] number receives the number
+    /// \return 1; -10 bad path, 0 null output, -3 no integer that fits int64
     virtual int GetItemInt64ByPath(const wchar_t* path, int64_t* number) = 0;
+
+    /// Reads an unsigned 32-bit integer from a value named by path.
+    /// \param[in] path item path of the value
+    /// \param[out] number receives the number
+    /// \return 1; -10 bad path, 0 null output, -3 no integer that fits uint32
     virtual int GetItemUIntByPath(const wchar_t* path, uint32_t* number) = 0;
+
+    /// Reads a signed 32-bit integer from a value named by path.
+    /// \param[in] path item path of the value
+    /// \param[out] number receives the number
+    /// \return 1; -10 bad path, 0 null output, -3 no integer that fits int32
     virtual int GetItemIntByPath(const wchar_t* path, int32_t* number) = 0;
+
+    /// Reads a number as double from a member of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] number receives the number
+    /// \return 1; -2 unknown handle, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no number
     virtual int GetMemberDouble(uint32_t handle, const wchar_t* key, double* number) = 0;
+
+    /// Reads a number as double from a value named by handle.
+    /// \param[in] handle handle of the value
+    /// \param[out] number receives the number
+    /// \return 1; -2 unknown handle, 0 null output, -3 no number
     virtual int GetItemDouble(uint32_t handle, double* number) = 0;
+
+    /// Reads a number as float from a member of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] number receives the number
+    /// \return 1; -2 unknown handle, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no number
     virtual int GetMemberFloat(uint32_t handle, const wchar_t* key, float* number) = 0;
+
+    /// Reads a number as float from a value named by handle.
+    /// \param[in] handle handle of the value
+    /// \param[out] number receives the number
+    /// \return 1; -2 unknown handle, 0 null output, -3 no number
     virtual int GetItemFloat(uint32_t handle, float* number) = 0;
+
+    /// Reads an unsigned 64-bit integer from a member of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] number receives the number
+    /// \return 1; -2 unknown handle, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no integer that fits uint64
     virtual int GetMemberUInt64(uint32_t handle, const wchar_t* key, uint64_t* number) = 0;
+
+    /// Reads an unsigned 64-bit integer from a value named by handle.
+    /// \param[in] handle handle of the value
+    /// \param[out] number receives the number
+    /// \return 1; -2 unknown handle, 0 null output, -3 no integer that fits uint64
     virtual int GetItemUInt64(uint32_t handle, uint64_t* number) = 0;
+
+    /// Reads a signed 64-bit integer from a member of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] number receives the number
+    /// \return 1; -2 unknown handle, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no integer that fits int64
     virtual int GetMemberInt64(uint32_t handle, const wchar_t* key, int64_t* number) = 0;
+
+    /// Reads a signed 64-bit integer from a value named by handle.
+    /// \param[in] handle handle of the value
+    /// \param[out] number receives the number
+    /// \return 1; -2 unknown handle, 0 null output, -3 no integer that fits int64
     virtual int GetItemInt64(uint32_t handle, int64_t* number) = 0;
+
+    /// Reads an unsigned 32-bit integer from a member of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] number receives the number
+    /// \return 1; -2 unknown handle, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no integer that fits uint32
     virtual int GetMemberUInt(uint32_t handle, const wchar_t* key, uint32_t* number) = 0;
+
+    /// Reads an unsigned 32-bit integer from a value named by handle.
+    /// \param[in] handle handle of the value
+    /// \param[out] number receives the number
+    /// \return 1; -2 unknown handle, 0 null output, -3 no integer that fits uint32
     virtual int GetItemUInt(uint32_t handle, uint32_t* number) = 0;
+
+    /// Reads a signed 32-bit integer from a member of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] number receives the number
+    /// \return 1; -2 unknown handle, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no integer that fits int32
     virtual int GetMemberInt(uint32_t handle, const wchar_t* key, int32_t* number) = 0;
+
+    /// Reads a signed 32-bit integer from a value named by handle.
+    /// \param[in] handle handle of the value
+    /// \param[out] number receives the number
+    /// \return 1; -2 unknown handle, 0 null output, -3 no integer that fits int32
     virtual int GetItemInt(uint32_t handle, int32_t* number) = 0;
 
-    // ---- Blobs: a string that holds base64, decoded --------------------------------------------
-    // Results of the string getter of the same name, then 0 for a null output pointer, and -3 when
-    // the text is no base64. `data`
-    // receives the bytes, `size` their count.
+    /// \}
 
+    // ---------------------------------------------------------------------------------------------
+    /// \name Blobs
+    /// A blob is a string that holds base64; its bytes are handed out. The results are those of the
+    /// string getter of the same name; only then are the outputs looked at, and the text decoded.
+    /// \{
+
+    /// Reads bytes from a member of an object named by reference.
+    /// \param[in] value reference of the object
+    /// \param[in] key key of the member
+    /// \param[out] data receives the bytes, which live until the next blob, message or load
+    /// \param[out] size receives their count
+    /// \return 1; -2 null reference, -1 null key, -3 no object, -1 no such member, -3 no string,
+    ///     0 null output, -3 no base64
     virtual int GetMemberBlobOfValue(uint64_t value, const wchar_t* key, const uint8_t** data,
                                      uint32_t* size) = 0;
+
+    /// Reads bytes from a value named by reference.
+    /// \param[in] value reference of the value
+    /// \param[out] data receives the bytes, which live until the next blob, message or load
+    /// \param[out] size receives their count
+    /// \return 1; -2 null reference, -3 no string, 0 null output, -3 no base64
     virtual int GetValueBlob(uint64_t value, const uint8_t** data, uint32_t* size) = 0;
+
+    /// Reads bytes from a value named by path.
+    /// \param[in] path item path of the value
+    /// \param[out] data receives the bytes, which live until the next blob, message or load
+    /// \param[out] size receives their count
+    /// \return 1; -10 bad path, -3 no string, 0 null output, -3 no base64
     virtual int GetItemBlobByPath(const wchar_t* path, const uint8_t** data, uint32_t* size) = 0;
+
+    /// Reads bytes from a member of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] data receives the bytes, which live until the next blob, message or load
+    /// \param[out] size receives their count
+    /// \return 1; -2 unknown handle, -1 null key, -3 no object, -1 no such member, -3 no string,
+    ///     0 null output, -3 no base64
     virtual int GetMemberBlob(uint32_t handle, const wchar_t* key, const uint8_t** data,
                               uint32_t* size) = 0;
+
+    /// Reads bytes from a value named by handle.
+    /// \param[in] handle handle of the value
+    /// \param[out] data receives the bytes, which live until the next blob, message or load
+    /// \param[out] size receives their count
+    /// \return 1; -2 unknown handle, -3 no string, 0 null output, -3 no base64
     virtual int GetItemBlob(uint32_t handle, const uint8_t** data, uint32_t* size) = 0;
 
-    // ---- Strings: the characters inside the document -------------------------------------------
+    /// \}
 
+    // ---------------------------------------------------------------------------------------------
+    /// \name Strings
+    /// The characters inside the document, zero-terminated.
+    /// \{
+
+    /// Reads a string from a member of an object named by reference.
+    /// \param[in] value reference of the object
+    /// \param[in] key key of the member
+    /// \param[out] text receives the characters, which live until the next load or Release()
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no string
     virtual int GetMemberStringOfValue(uint64_t value, const wchar_t* key,
                                        const wchar_t** text) = 0;
+
+    /// Reads a string from a value named by reference.
+    /// \param[in] value reference of the value
+    /// \param[out] text receives the characters, which live until the next load or Release()
+    /// \return 1; -2 null reference, 0 null output, -3 no string
     virtual int GetValueString(uint64_t value, const wchar_t** text) = 0;
+
+    /// Reads a string from a value named by path.
+    /// \param[in] path item path of the value
+    /// \param[out] text receives the characters, which live until the next load or Release()
+    /// \return 1; -10 bad path, 0 null output, -3 no string
     virtual int GetItemStringByPath(const wchar_t* path, const wchar_t** text) = 0;
+
+    /// Reads a string from a member of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] text receives the characters, which live until the next load or Release()
+    /// \return 1; -2 unknown handle, -1 null key, 0 null output, -3 no object, -1 no such member,
+    ///     -3 no string
     virtual int GetMemberString(uint32_t handle, const wchar_t* key, const wchar_t** text) = 0;
+
+    /// Reads a string from a value named by handle.
+    /// \param[in] handle handle of the value
+    /// \param[out] text receives the characters, which live until the next load or Release()
+    /// \return 1; -2 unknown handle, 0 null output, -3 no string
     virtual int GetItemString(uint32_t handle, const wchar_t** text) = 0;
 
-    // ---- Objects and arrays by their kind ------------------------------------------------------
-    // As GetMemberValue, GetMemberItem and GetItemByPath with the item type; 0, and no handle
-    // issued, when the value found is not of the kind in the name.
+    /// \}
 
+    // ---------------------------------------------------------------------------------------------
+    /// \name Objects and arrays by their kind
+    /// No handle is issued where the value is not of the kind in the name.
+    /// \{
+
+    /// Gets the reference of a member that is an object of an object named by reference.
+    /// \param[in] value reference of the object
+    /// \param[in] key key of the member
+    /// \param[out] member receives the member's reference
+    /// \param[out] valueType receives its value type
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object, 0 no such member, or
+    ///     no object
     virtual int GetMemberObjectValue(uint64_t value, const wchar_t* key, uint64_t* member,
                                      uint32_t* valueType) = 0;
+
+    /// Gets the handle of an object named by path.
+    /// \param[in] path item path of the value
+    /// \param[out] handle receives the handle
+    /// \param[out] itemType receives the item type
+    /// \return 1; -10 bad path, 0 null output, or no object
     virtual int GetObjectItemByPath(const wchar_t* path, uint32_t* handle, uint32_t* itemType) = 0;
+
+    /// Gets the handle of a member that is an object of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] member receives the member's handle
+    /// \param[out] itemType receives its item type
+    /// \return 1; -2 unknown handle, -1 null key, 0 null output, -3 no object, 0 no such member, or
+    ///     no object
     virtual int GetMemberObjectItem(uint32_t handle, const wchar_t* key, uint32_t* member,
                                     uint32_t* itemType) = 0;
+
+    /// Gets the reference of a member that is an array of an object named by reference.
+    /// \param[in] value reference of the object
+    /// \param[in] key key of the member
+    /// \param[out] member receives the member's reference
+    /// \param[out] valueType receives its value type
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object, 0 no such member, or
+    ///     no array
     virtual int GetMemberArrayValue(uint64_t value, const wchar_t* key, uint64_t* member,
                                     uint32_t* valueType) = 0;
+
+    /// Gets the handle of an array named by path.
+    /// \param[in] path item path of the value
+    /// \param[out] handle receives the handle
+    /// \param[out] itemType receives the item type
+    /// \return 1; -10 bad path, 0 null output, or no array
     virtual int GetArrayItemByPath(const wchar_t* path, uint32_t* handle, uint32_t* itemType) = 0;
+
+    /// Gets the handle of a member that is an array of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] member receives the member's handle
+    /// \param[out] itemType receives its item type
+    /// \return 1; -2 unknown handle, -1 null key, 0 null output, -3 no object, 0 no such member, or
+    ///     no array
     virtual int GetMemberArrayItem(uint32_t handle, const wchar_t* key, uint32_t* member,
                                    uint32_t* itemType) = 0;
-    /// The handle of the value at `path`. A path that fails answers -2 here, not -10.
+
+    /// Gets the handle of a value named by path. A path that fails answers -2 here, not -10.
+    /// \param[in] path item path of the value
+    /// \param[out] handle receives the handle
+    /// \return 1; -2 bad path, 0 null output
     virtual int GetItemByPath(const wchar_t* path, uint32_t* handle) = 0;
 
-    // ---- The JSON text of an object or array ---------------------------------------------------
-    // Compact; numbers that are not finite are written NaN, Infinity and -Infinity. 0 when the
-    // value is not of the kind in the name (or, by key, the item is no object or has no such
-    // member). An unknown handle faults: -5, not -2. -5 as well where the nesting is too deep for
-    // the stack.
+    /// \}
 
+    // ---------------------------------------------------------------------------------------------
+    /// \name The JSON text of an object or array
+    /// Compact, as UTF-16. Numbers that are not finite are written NaN, Infinity and -Infinity. All
+    /// answer -5 where the nesting is too deep for the stack; an unknown handle faults here, so
+    /// that it answers -5 and not -2.
+    /// \{
+
+    /// Writes the JSON text of an object named by path.
+    /// \param[in] path item path of the object
+    /// \param[out] text receives the text, which lives until the next such text, load or Release()
+    /// \return 1; -10 bad path, 0 null output, or no object
     virtual int GetObjectJsonByPath(const wchar_t* path, const wchar_t** text) = 0;
+
+    /// Writes the JSON text of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[out] text receives the text, which lives until the next such text, load or Release()
+    /// \return 1; -5 unknown handle, 0 null output, or no object
     virtual int GetObjectJson(uint32_t handle, const wchar_t** text) = 0;
+
+    /// Writes the JSON text of a member that is an object of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] text receives the text, which lives until the next such text, load or Release()
+    /// \return 1; -5 unknown handle, -1 null key, 0 null output, no object, no such member, or no
+    ///     object
     virtual int GetMemberObjectJson(uint32_t handle, const wchar_t* key, const wchar_t** text) = 0;
+
+    /// Writes the JSON text of an array named by path.
+    /// \param[in] path item path of the array
+    /// \param[out] text receives the text, which lives until the next such text, load or Release()
+    /// \return 1; -10 bad path, 0 null output, or no array
     virtual int GetArrayJsonByPath(const wchar_t* path, const wchar_t** text) = 0;
+
+    /// Writes the JSON text of an array named by handle.
+    /// \param[in] handle handle of the array
+    /// \param[out] text receives the text, which lives until the next such text, load or Release()
+    /// \return 1; -5 unknown handle, 0 null output, or no array
     virtual int GetArrayJson(uint32_t handle, const wchar_t** text) = 0;
+
+    /// Writes the JSON text of a member that is an array of an object named by handle.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] text receives the text, which lives until the next such text, load or Release()
+    /// \return 1; -5 unknown handle, -1 null key, 0 null output, no object, no such member, or no
+    ///     array
     virtual int GetMemberArrayJson(uint32_t handle, const wchar_t* key, const wchar_t** text) = 0;
 
-    // ---- Number classes: 0 finite, 1 NaN, 2 Infinity, 3 -Infinity ------------------------------
+    /// \}
 
-    /// The class of the number at `path`.
+    // ---------------------------------------------------------------------------------------------
+    /// \name Number classes
+    /// 0 an integer or a finite double, 1 NaN, 2 Infinity, 3 -Infinity.
+    /// \{
+
+    /// Gets the class of a number named by path.
+    /// \param[in] path item path of the number
+    /// \param[out] numberClass receives the class
+    /// \return 1; -10 bad path, 0 null output, -3 no number
     virtual int GetNumberClassByPath(const wchar_t* path, uint32_t* numberClass) = 0;
-    /// The class of a member; a missing member answers -2.
+
+    /// Gets the class of a number that is a member of an object named by handle. A missing member
+    /// answers -2 here.
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \param[out] numberClass receives the class
+    /// \return 1; -2 unknown handle, -1 null key, 0 null output, -3 no object, -2 no such member,
+    ///     -3 no number
     virtual int GetMemberNumberClass(uint32_t handle, const wchar_t* key,
                                      uint32_t* numberClass) = 0;
-    /// The class of an item.
+
+    /// Gets the class of a number named by handle.
+    /// \param[in] handle handle of the number
+    /// \param[out] numberClass receives the class
+    /// \return 1; -2 unknown handle, 0 null output, -3 no number
     virtual int GetNumberClass(uint32_t handle, uint32_t* numberClass) = 0;
 
-    // ---- Existence -----------------------------------------------------------------------------
-    // These return bool and are not guarded. A processor fault inside reaches the caller as the
-    // exception that it is: an access violation that a structured exception handler of the caller
-    // can catch. It happens for a bad pointer, and for a path with a segment that contains a digit
-    // below a parent that does not exist ("/missing/1"). The parser stays usable.
+    /// \}
 
-    /// Whether the path is well-formed and a value exists at it.
+    // ---------------------------------------------------------------------------------------------
+    /// \name Existence
+    /// These return bool and are not guarded. A processor fault inside reaches the caller as the
+    /// exception that it is: an access violation that a structured exception handler of the caller
+    /// can catch. It happens for a bad pointer, and for a path with a segment that contains a digit
+    /// below a parent that does not exist ("/missing/1"). The parser stays usable.
+    /// \{
+
+    /// Tells whether a path is well-formed and a value exists at it.
+    /// \param[in] path the item path; null is no path
+    /// \return true when it does
     virtual bool ExistsItemByPath(const wchar_t* path) = 0;
-    /// Whether GetMemberItem would succeed; the member receives a handle as there.
+
+    /// Tells whether an object named by handle has a member. The member receives a handle, as from
+    /// GetMemberItem().
+    /// \param[in] handle handle of the object
+    /// \param[in] key key of the member
+    /// \return true when it has; false also for an unknown handle, a value that is no object, and a
+    ///     null key
     virtual bool ExistsMember(uint32_t handle, const wchar_t* key) = 0;
-    /// Whether the value at `path` is an object with a member named exactly `key`: the case of
-    /// letters counts here, unlike everywhere else.
+
+    /// Tells whether the value named by path is an object with a member that is named exactly so:
+    /// the case of letters counts here, unlike everywhere else.
+    /// \param[in] path item path of the object
+    /// \param[in] key exact key of the member
+    /// \return true when it is; false also for a path that fails and a null key
     virtual bool ExistsMemberByPath(const wchar_t* path, const wchar_t* key) = 0;
 
-    // ---- Variants ------------------------------------------------------------------------------
+    /// \}
 
-    /// The member (null key: the value itself) as text if it is a string, else as a signed 64-bit
-    /// integer; when it is neither, the result of that integer getter.
+    // ---------------------------------------------------------------------------------------------
+    /// \name Variants
+    /// \{
+
+    /// Reads a string, or else a signed 64-bit integer, from a member of an object named by
+    /// reference, or from the value itself.
+    /// \param[in] value reference of the object, or of the value where the key is null
+    /// \param[in] key key of the member; null for the value itself
+    /// \param[out] variant receives the text (tag 16384), which lives as a string does, or the
+    ///     number (tag 20)
+    /// \return 1; -2 null reference, 0 null output, -3 no object (with a key), -1 no such member
+    ///     (with a key), -3 neither string nor integer that fits int64
     virtual int GetVariantOfValue(uint64_t value, const wchar_t* key, JsonVariant* variant) = 0;
-    /// As GetVariantOfValue, for an item.
+
+    /// Reads a string, or else a signed 64-bit integer, from a member of an object named by handle,
+    /// or from the value itself.
+    /// \param[in] handle handle of the object, or of the value where the key is null
+    /// \param[in] key key of the member; null for the value itself
+    /// \param[out] variant receives the text (tag 16384), which lives as a string does, or the
+    ///     number (tag 20)
+    /// \return 1; -2 unknown handle, 0 null output, -3 no object (with a key), -1 no such member
+    ///     (with a key), -3 neither string nor integer that fits int64
     virtual int GetItemVariant(uint32_t handle, const wchar_t* key, JsonVariant* variant) = 0;
 
-    /// Ends the parser's life; the pointer and all that was handed out are invalid afterwards.
-    /// Returns 1. Not guarded.
+    /// \}
+
+    // ---------------------------------------------------------------------------------------------
+    /// \name End of life
+    /// \{
+
+    /// Ends the parser's life; the pointer and all that was handed out are invalid afterwards. Not
+    /// guarded.
+    /// \return 1
     virtual int Release() = 0;
 
+    /// \}
+
 protected:
+    /// A parser is ended by Release() alone.
     ~IJsonParser() = default;
 };
 

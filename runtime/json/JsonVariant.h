@@ -2,6 +2,9 @@
 
 #include <stdint.h>
 
+/// \file
+/// A value of one of two types.
+
 namespace QXJSON {
 
 /// The tags of a JsonVariant that carry something; every other tag is refused.
@@ -13,10 +16,10 @@ enum JsonVariantTag : uint16_t {
 /// A text or a whole number, as the runtime passes either in one record. 16 bytes: the tag, then
 /// the payload at offset 8.
 struct JsonVariant {
-    uint16_t tag;
+    uint16_t tag;  ///< which of the two the payload is: one of JsonVariantTag
     union {
-        int64_t number;
-        const wchar_t* text;
+        int64_t number;       ///< with kVariantInt64
+        const wchar_t* text;  ///< with kVariantText; not owned by the record
     };
 };
 

@@ -4,6 +4,7 @@
 #include "IJsonPackage.h"
 #include "IJsonParser.h"
 
+/// \file
 /// The exports of Json_Dll.dll. A host either links with the import library or looks the names up
 /// with GetProcAddress; they are undecorated C names.
 ///
@@ -12,12 +13,15 @@
 /// be allocated, the object is returned and its operations answer -5.
 extern "C" {
 
-/// A parser with no document.
+/// Makes a parser with no document.
+/// \return the parser; null without memory
 QXJSON::IJsonParser* CreateJsonParser();
 
-/// A generator with no document: its root is null until one is created or loaded.
+/// Makes a generator with no document: its root is null until one is created or loaded.
+/// \return the generator; null without memory
 QXJSON::IJsonGenerator* CreateJsonGenerator();
 
-/// A package without keys and without a delegate.
+/// Makes a package without keys and without a delegate.
+/// \return the package; null without memory
 QXJSON::IJsonPackage* CreateJsonPackageInterface();
 }

@@ -1,10 +1,13 @@
 #pragma once
 
+/// \file
+/// What is known about the last load.
+
 namespace QXJSON {
 
 /// What the last load of a parser or package left behind; 0 after a successful one. The codes up to
 /// 17 are those of RapidJSON's parser, passed on as it reports them; the rest are the library's
-/// own.
+/// own. The English sentence stands behind each; nine other languages have theirs.
 enum MessageCode : int {
     kNoError = 0,                ///< "No error."
     kDocumentEmpty = 1,          ///< "The document is empty."
@@ -14,7 +17,7 @@ enum MessageCode : int {
     kMissingColon = 5,           ///< "Missing a colon after a name of object member."
     kMissingCommaOrBrace = 6,    ///< "Missing a comma or '}' after an object member."
     kMissingCommaOrBracket = 7,  ///< "Missing a comma or ']' after an array element."
-    kInvalidHexEscape = 8,       ///< "Incorrect hex digit after \u escape in string."
+    kInvalidHexEscape = 8,       ///< "Incorrect hex digit after \\u escape in string."
     kInvalidSurrogate = 9,       ///< "The surrogate pair in string is invalid."
     kInvalidEscape = 10,         ///< "Invalid escape character in string."
     kMissingQuote = 11,          ///< "Missing a closing quotation mark in string."

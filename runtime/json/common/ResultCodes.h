@@ -1,5 +1,8 @@
 #pragma once
 
+/// \file
+/// The results of operations.
+
 namespace QXJSON {
 
 /// A failure that an operation's own checks find. The check that fails first decides the result of

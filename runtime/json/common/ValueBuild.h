@@ -37,6 +37,7 @@ int CheckAdd(const JsonValue* parent, rapidjson::Type kind, bool hasKey, const I
              bool hasOutput) {
     if (!parent) return kNoValue;
     if (!hasKey) return kNoMember;
+    if (!item.Known()) return kPlainFailure;
     if (!item.HasText()) return kNoText;
     if (!hasOutput) return kPlainFailure;
     return parent->GetType() == kind ? kSuccess : static_cast<int>(kWrongKind);

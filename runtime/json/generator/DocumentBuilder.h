@@ -143,7 +143,6 @@ template <class Item>
 int DocumentBuilder::AddMember(const Parent& parent, const wchar_t* key, const Item& item,
                                uint32_t* handle) {
     if (!parent.node) return parent.absence;
-    if (!item.Known()) return kPlainFailure;
     if (!key) throw ProcessorFault();  // by contract the key is used without a test
     const std::wstring_view name = KeyOf(key);
     const Node child = paths.Child(*parent.node, name);
@@ -161,7 +160,6 @@ int DocumentBuilder::AddMember(const Parent& parent, const wchar_t* key, const I
 template <class Item>
 int DocumentBuilder::Append(const Parent& parent, const Item& item, uint32_t* handle) {
     if (!parent.node) return parent.absence;
-    if (!item.Known()) return kPlainFailure;
     JsonValue* const array = parent.value;
     const int result = CheckAdd(array, rapidjson::kArrayType, true, item, handle);
     if (result != kSuccess) return result;
@@ -178,6 +176,7 @@ int DocumentBuilder::Append(const Parent& parent, const Item& item, uint32_t* ha
 /// above it was overwritten, there is nothing to replace; some kinds of item do not test for that.
 template <class Item>
 int DocumentBuilder::Overwrite(Node child, const Item& item, uint32_t* handle) {
+    if (!item.Known()) return kPlainFailure;
     if (!item.HasText()) throw ProcessorFault();  // used without a test here, by contract
     if (!handle) return kPlainFailure;
     JsonValue* const value = Resolve(child);

@@ -91,13 +91,6 @@ int ResultOf(Mistake mistake, const Operation& operation) {
     }
 }
 
-/// A selector that does not exist is found once the parent is there; whether that is before a key
-/// that is not there, or a parent that is no longer there, is nobody's concern.
-bool IsOrdered(Mistake first, Mistake second) {
-    return second != Mistake::kBadSelector ||
-           (first != Mistake::kNoKey && first != Mistake::kLostPlace);
-}
-
 class Calls {
 public:
     explicit Calls(Scene& of) : scene(of) {}
@@ -195,7 +188,6 @@ TEST_F(BuildingFailures, OfTwoMistakesTheOneFoundFirstDecides) {
             for (const Mistake second : kAllMistakes) {
                 if (second <= first || PartOf(first) == PartOf(second)) continue;
                 if (!CanMake(first, operation) || !CanMake(second, operation)) continue;
-                if (!IsOrdered(first, second)) continue;
                 SCOPED_TRACE(testing::Message() << operation.name << ", " << NameOf(first)
                                                 << " and " << NameOf(second));
                 Calls calls = NewCalls();
