@@ -1,32 +1,50 @@
 #include "ItemPath.h"
 
-#include <windows.h>
+#include <cwchar>
+#include <string>
 
 #include "FaultGuard.h"
 #include "PointerWalk.h"
 #include "ResultCodes.h"
+#include "UnitBlocks.h"
 
 namespace QXJSON {
 namespace {
 
 bool IsDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+
+/// The first unit that means something in a path, or its end.
+const wchar_t* EndOfName(const wchar_t* path) {
+    // "/" and the digits lie side by side.
+    while (*path != 0 && (*path < L'/' || *path > L'9') && *path != L'~') ++path;
+    return path;
+}
+
 bool IsEscapedSlash(const wchar_t* at) { return at[0] == L'~' && at[1] == L'/'; }
+
+/// Whether a path is its own pointer: names that mean nothing but themselves.
+bool IsPlain(const wchar_t* path) {
+    if (*path != L'/' || path[1] == 0 || !IsAligned(path)) return false;
+    const wchar_t* const end = FindUnit(path, [](UnitBlock units) {
+        return MaskOf(_mm_or_si128(
+            _mm_cmpeq_epi16(units, _mm_setzero_si128()),
+            _mm_or_si128(InRange(units, '0', '9'), _mm_cmpeq_epi16(units, AllUnits('~')))));
+    });
+    return *end == 0 && end - path < static_cast<ptrdiff_t>(kPathCapacity);
+}
 
 /// The pointer that is being written; refuses what does not fit.
 class PointerWriter {
 public:
     explicit PointerWriter(wchar_t (&buffer)[kPathCapacity]) : begin(buffer) {}
 
-    bool Put(wchar_t c) {
-        if (length + 1 >= kPathCapacity) return false;
-        begin[length++] = c;
-        begin[length] = 0;
-        return true;
-    }
+    bool Put(wchar_t c) { return Put(std::wstring_view(&c, 1)); }
 
-    bool Put(const wchar_t* text) {
-        while (*text)
-            if (!Put(*text++)) return false;
+    bool Put(std::wstring_view text) {
+        if (length + text.size() >= kPathCapacity) return false;
+        CopyUnits(begin + length, text.data(), text.size());
+        length += text.size();
+        begin[length] = 0;
         return true;
     }
 
@@ -78,11 +96,15 @@ private:
         return kSuccess;
     }
 
-    /// Copies the next character, or the two of an escaped slash.
+    /// Copies an escaped slash, or the next unit with all behind it that mean nothing.
     bool Copy() {
-        if (!IsEscapedSlash(at)) return out.Put(*at++);
-        at += 2;
-        return out.Put(L"~1");
+        const wchar_t* const begin = at;
+        if (IsEscapedSlash(at)) {
+            at += 2;
+            return out.Put(L'~') && out.Put(L'1');
+        }
+        at = EndOfName(at + 1);
+        return out.Put({begin, static_cast<size_t>(at - begin)});
     }
 
     Parent ExamineParent(size_t parentLength) const {
@@ -96,12 +118,13 @@ private:
     /// Replaces what was copied of a segment below an array by its position counted from 0, and
     /// passes over the rest of the segment. A segment that is no number has the position -1.
     int Position(const wchar_t* name, size_t parentLength) {
-        wchar_t position[16];
         // Unsigned, for the lowest integer has no predecessor.
-        wsprintfW(position, L"/%d", static_cast<int>(static_cast<unsigned>(_wtoi(name)) - 1u));
+        const auto position = static_cast<int>(static_cast<unsigned>(_wtoi(name)) - 1u);
+        const std::string digits = std::to_string(position);
         out.Truncate(parentLength);
         while (*at && *at != L'/') at += IsEscapedSlash(at) ? 2 : 1;
-        return out.Put(position) ? kSuccess : kBadPath;
+        const bool fits = out.Put(L'/') && out.Put(std::wstring(digits.begin(), digits.end()));
+        return fits ? kSuccess : kBadPath;
     }
 
     MemberLookup& members;
@@ -121,6 +144,7 @@ int TranslateItemPath(MemberLookup& members, JsonValue& root, const wchar_t* pat
 }
 
 JsonValue* ResolveItemPath(MemberLookup& members, JsonValue& root, const wchar_t* path) {
+    if (path && IsPlain(path)) return ResolvePointer(members, root, KeyOf(path));
     wchar_t pointer[kPathCapacity];
     if (TranslateItemPath(members, root, path, pointer) != kSuccess) return nullptr;
     return ResolvePointer(members, root, pointer);

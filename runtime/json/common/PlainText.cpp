@@ -49,7 +49,7 @@ size_t CountUnalignedUnits(const wchar_t* text) {
 }  // namespace
 
 size_t CountUnits(const wchar_t* text) {
-    if (reinterpret_cast<uintptr_t>(text) % sizeof(wchar_t) != 0) return CountUnalignedUnits(text);
+    if (!IsAligned(text)) return CountUnalignedUnits(text);
     return static_cast<size_t>(FindUnit(text, Zeros) - text);
 }
 

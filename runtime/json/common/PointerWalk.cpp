@@ -5,7 +5,13 @@
 namespace QXJSON {
 namespace {
 
-constexpr auto kNone = std::wstring_view::npos;
+/// How many units stand before the first of a kind; all of them where there is none. Segments are
+/// short: a loop beats the call that std::wstring_view::find makes.
+size_t CountUpTo(wchar_t unit, std::wstring_view text) {
+    size_t count = 0;
+    while (count < text.size() && text[count] != unit) ++count;
+    return count;
+}
 
 /// The name that a well-formed segment stands for, which is not the segment itself.
 std::wstring Unescape(std::wstring_view segment) {
@@ -41,18 +47,18 @@ JsonValue* FindNamed(MemberLookup& members, JsonValue& object, std::wstring_view
 }  // namespace
 
 bool IsWellFormed(std::wstring_view pointer) {
-    for (size_t i = pointer.find(L'~'); i != kNone; i = pointer.find(L'~', i + 2)) {
-        const bool escape =
-            i + 1 < pointer.size() && (pointer[i + 1] == L'0' || pointer[i + 1] == L'1');
-        if (!escape) return false;
+    for (;;) {
+        pointer.remove_prefix(CountUpTo(L'~', pointer));
+        if (pointer.empty()) return true;
+        if (pointer.size() == 1 || (pointer[1] != L'0' && pointer[1] != L'1')) return false;
+        pointer.remove_prefix(2);
     }
-    return true;
 }
 
 JsonValue* FindChild(MemberLookup& members, JsonValue& value, std::wstring_view segment) {
     if (value.IsArray()) return FindElement(value, segment);
     if (!value.IsObject()) return nullptr;
-    if (segment.find(L'~') == kNone) return FindNamed(members, value, segment);
+    if (CountUpTo(L'~', segment) == segment.size()) return FindNamed(members, value, segment);
     return IsWellFormed(segment) ? FindNamed(members, value, Unescape(segment)) : nullptr;
 }
 
@@ -60,7 +66,7 @@ JsonValue* ResolvePointer(MemberLookup& members, JsonValue& root, std::wstring_v
     JsonValue* value = &root;
     while (value && !pointer.empty()) {
         pointer.remove_prefix(1);
-        const std::wstring_view segment = pointer.substr(0, pointer.find(L'/'));
+        const std::wstring_view segment = pointer.substr(0, CountUpTo(L'/', pointer));
         value = FindChild(members, *value, segment);
         pointer.remove_prefix(segment.size());
     }

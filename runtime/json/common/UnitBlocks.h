@@ -61,8 +61,12 @@ inline void CopyUnits(wchar_t* to, const wchar_t* from, size_t count) {
     }
 }
 
-/// The first unit of a text that a test of blocks finds; there must be one, and the text must lie
-/// at an even address.
+/// Whether units lie where blocks of them can.
+inline bool IsAligned(const wchar_t* text) {
+    return reinterpret_cast<uintptr_t>(text) % sizeof(wchar_t) == 0;
+}
+
+/// The first unit of an aligned text that a test of blocks finds; there must be one.
 template <class Test>
 [[gnu::no_sanitize_address]] inline const wchar_t* FindUnit(const wchar_t* text, Test test) {
     // In numbers, for the block may begin in front of the text's memory.
