@@ -4,6 +4,7 @@ if(NOT EXISTS ${GOOGLETEST_SOURCE_DIR}/CMakeLists.txt)
   message(FATAL_ERROR "GoogleTest's sources were not found in ${GOOGLETEST_SOURCE_DIR}. Install Debian's "
     "package googletest (script/bootstrap does), or set GOOGLETEST_SOURCE_DIR.")
 endif()
+hide_folder(${GOOGLETEST_SOURCE_DIR} /googletest)
 set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
 set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
 add_subdirectory(${GOOGLETEST_SOURCE_DIR} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)

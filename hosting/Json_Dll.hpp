@@ -53,6 +53,7 @@ inline const char* Describe(int code) noexcept {
 /// code inside of the host, never by the library.
 class Error : public std::runtime_error {
 public:
+    /// The error of a result code.
     explicit Error(int failure) : std::runtime_error(Describe(failure)), code(failure) {}
     /// The result code of the operation.
     int Code() const noexcept { return code; }
@@ -81,6 +82,8 @@ public:
     const T& operator*() const noexcept { return value; }
     /// A member of what came with success.
     T* operator->() noexcept { return &value; }
+    /// A member of what came with success.
+    const T* operator->() const noexcept { return &value; }
     /// What came with success; throws Error after a failure.
     T Get() && {
         if (code != kSuccess) throw Error(code);
@@ -175,6 +178,14 @@ enum class ValueKind : uint32_t {
 constexpr ValueKind KindOf(uint32_t type) noexcept {
     return type < 6 ? static_cast<ValueKind>(type) : ValueKind::kNumber;
 }
+
+/// The classes of numbers.
+enum class NumberClass : uint32_t {
+    kFinite,
+    kNotANumber,
+    kInfinity,
+    kMinusInfinity,
+};
 
 /// The encodings of output. Bytes have no byte-order mark; files begin with that of their encoding.
 enum class Encoding : int32_t {
@@ -309,7 +320,7 @@ public:
     /// The handle or reference.
     using Place = typename Way::Place;
 
-    /// No place.
+    /// No place, to be assigned one before it is asked for anything.
     Node() = default;
     /// A place that an operation of the interface handed out, with its item type or value type.
     Node(IJsonParser& owner, Place raw, uint32_t rawType)
@@ -328,6 +339,8 @@ public:
     }
     /// The member or element at an index from 0.
     Result<Node> At(uint32_t index) const { return Hand(Way::kChild, index); }
+    /// Whether there is such a member: the same search, for those who do not need it.
+    bool Has(const TextArgument& key) const { return static_cast<bool>(Member(key)); }
     /// How many members or elements there are.
     Result<uint32_t> Count() const { return detail::Read<uint32_t>(*parser, Way::kCount, place); }
     /// The key of the member at an index from 0.
@@ -357,6 +370,13 @@ public:
             *parser,
             Kind() == ValueKind::kArray ? &IJsonParser::GetArrayJson : &IJsonParser::GetObjectJson,
             place);
+    }
+
+    /// Whether a number is finite, or what else it is; by handle only.
+    Result<NumberClass> Class() const {
+        static_assert(std::is_same_v<Way, detail::HandleWay>, "there is no such operation");
+        const auto number = detail::Read<uint32_t>(*parser, &IJsonParser::GetNumberClass, place);
+        return {number.Code(), static_cast<NumberClass>(*number)};
     }
 
     class Iterator;
@@ -466,7 +486,7 @@ private:
 /// Why a load failed.
 struct LoadFailure {
     uint64_t offset = 0;        ///< where: see GetErrorOffset of the interface
-    std::wstring_view message;  ///< the library's sentence, which lives as long as the process
+    std::wstring_view message;  ///< the library's sentence; a parser's lives as long as the process
 };
 
 /// A parser. After a load, all that the document before handed out is invalid.
@@ -630,7 +650,7 @@ public:
     /// The handle or reference.
     using Place = typename Way::Place;
 
-    /// No container.
+    /// No container, to be assigned one before anything is added to it.
     Builder() = default;
     /// A container that an operation of the interface handed out.
     Builder(IJsonGenerator& owner, Place raw) : generator(&owner), place(raw) {}
@@ -833,7 +853,8 @@ public:
         return {result, KindOf(type)};
     }
 
-    /// Sets a key to a bool, a number, a text or Bytes.
+    /// Sets a key to a bool, a text, Bytes or a number. A package takes every number as a double:
+    /// whole numbers beyond 2^53 are rounded.
     template <class T>
     Result<void> Set(const TextArgument& key, const T& value) const {
         if constexpr (std::is_same_v<T, bool>) {
@@ -872,22 +893,23 @@ public:
     }
     /// Removes all keys.
     Result<void> Clear() const { return Result<void>(Raw().RemoveAll()); }
-    /// Whether the case of ASCII letters in keys does not count; it does not at first.
+    /// Has the case of ASCII letters in keys ignored, as a new package does, or not.
     Result<void> IgnoreCase(bool ignored) const {
         return Result<void>(Raw().SetIgnoreCase(ignored ? 1 : 0));
     }
 
-    /// Replaces the package by a text.
+    /// Replaces the package by a text. An array succeeds and leaves no keys: see HasError.
     Result<void> Load(const TextArgument& json) const {
         return Result<void>(Raw().LoadString(json));
     }
-    /// Replaces the package by a file.
+    /// Replaces the package by a file, in the same way.
     Result<void> LoadFile(const TextArgument& fileName) const {
         return Result<void>(Raw().LoadFile(fileName));
     }
-    /// What the last load that failed left; the message lives until the next blob or message.
+    /// Whether the last load failed or left no keys because its root was an array.
+    bool HasError() const { return Raw().HasError() != 0; }
+    /// What such a load left; the message lives until the next blob or message.
     LoadFailure Failure() const {
-        LoadFailure failure;
         size_t offset = 0;
         const wchar_t* text = nullptr;
         Raw().GetErrorOffset(&offset);
@@ -932,6 +954,9 @@ public:
     explicit operator bool() const noexcept {
         return createParser && createGenerator && createPackage;
     }
+
+    /// The DLL, for what else a host may want of it; null where the host is linked with it.
+    HMODULE Module() const noexcept { return module.get(); }
 
     /// A new parser; kPlainFailure without the library or without memory.
     Result<Parser> NewParser() const { return New<Parser>(createParser); }

@@ -1,6 +1,7 @@
 #include "ItemPath.h"
 
-#include <cwchar>
+#include <windows.h>
+
 #include <string>
 
 #include "FaultGuard.h"

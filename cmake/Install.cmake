@@ -1,0 +1,60 @@
+# What an installed library consists of, for a host's build and for the package (Package.cmake).
+#
+#   bin/      the DLL, its symbols, jsontool
+#   lib/      the import library, CMake's package files
+#   include/  the headers, in a folder of their own
+#   doc/      what to read
+#   tests/    the contract tests, with a DLL to test
+#
+# Components: runtime, development, symbols, documentation, tests. The target installed builds what they
+# need.
+include(CMakePackageConfigHelpers)
+add_custom_target(installed DEPENDS Json_Dll jsontool)
+
+# ---- The library ---------------------------------------------------------------------------------
+set(package_files lib/cmake/Json_Dll)
+install(TARGETS Json_Dll json_headers EXPORT Json_Dll
+  RUNTIME DESTINATION bin COMPONENT runtime
+  ARCHIVE DESTINATION lib COMPONENT development
+  FILE_SET HEADERS DESTINATION include/Json_Dll COMPONENT development)
+install(TARGETS jsontool RUNTIME DESTINATION bin COMPONENT runtime)
+# For Visual Studio, which makes an import library of its own from it.
+install(FILES runtime/json/Json_Dll.def DESTINATION lib COMPONENT development)
+if(JSON_SPLIT_SYMBOLS)
+  install(FILES $<TARGET_FILE:Json_Dll>.debug DESTINATION bin COMPONENT symbols)
+endif()
+
+# ---- find_package(Json_Dll) ----------------------------------------------------------------------
+set(generated ${CMAKE_BINARY_DIR}/package-files)
+configure_package_config_file(cmake/Json_DllConfig.cmake.in ${generated}/Json_DllConfig.cmake
+  INSTALL_DESTINATION ${package_files}
+  NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(${generated}/Json_DllConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${generated}/Json_DllConfig.cmake ${generated}/Json_DllConfigVersion.cmake
+  DESTINATION ${package_files} COMPONENT development)
+install(EXPORT Json_Dll NAMESPACE Json_Dll:: FILE Json_DllTargets.cmake
+  DESTINATION ${package_files} COMPONENT development)
+
+# ---- What to read --------------------------------------------------------------------------------
+install(FILES README.md CHANGELOG.md THIRD-PARTY.md docs/package.md DESTINATION doc COMPONENT documentation)
+# The reference, where script/docs has made it.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/docs/html/ DESTINATION doc/reference
+  COMPONENT documentation OPTIONAL)
+
+# The notices of what is linked in, in the words of the packages that it was built from.
+# THIRD-PARTY.md says what they are for.
+foreach(package rapidjson-dev mingw-w64-x86-64-dev libcli11-dev)
+  install(FILES /usr/share/doc/${package}/copyright DESTINATION doc/notices RENAME ${package}.txt
+    COMPONENT documentation)
+endforeach()
+
+# ---- The contract tests --------------------------------------------------------------------------
+if(BUILD_TESTING)
+  # They load the DLL of their own folder.
+  add_dependencies(installed json_contract_tests)
+  install(TARGETS json_contract_tests RUNTIME DESTINATION tests COMPONENT tests)
+  install(FILES $<TARGET_FILE:Json_Dll> DESTINATION tests COMPONENT tests)
+  install(FILES tests/contract/README.md DESTINATION tests COMPONENT tests)
+  install(FILES /usr/share/doc/googletest/copyright DESTINATION tests/notices RENAME googletest.txt
+    COMPONENT tests)
+endif()

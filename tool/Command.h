@@ -1,0 +1,34 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <string>
+
+namespace tool {
+
+/// A command of the program: its part of the command line, and what it does. Returns the exit code.
+struct Command {
+    CLI::App* line;
+    std::function<int()> run;
+};
+
+constexpr int kGood = 0;
+constexpr int kBad = 1;     ///< the data is bad, or not there
+constexpr int kMisuse = 2;  ///< the call is wrong, or the library is missing
+
+// Each adds itself to the program.
+
+Command Convert(CLI::App& program);
+Command Format(CLI::App& program);
+Command Get(CLI::App& program);
+Command Inspect(CLI::App& program);
+Command Merge(CLI::App& program);
+Command Set(CLI::App& program);
+Command Validate(CLI::App& program);
+
+/// The FILE that most commands have.
+void AddInput(CLI::App& command, std::string& file);
+/// The option -o; without it the output goes to the standard output.
+CLI::Option* AddOutput(CLI::App& command, std::string& out);
+
+}  // namespace tool

@@ -1,0 +1,54 @@
+// jsontool convert: the same document in another encoding.
+
+#include <map>
+#include <memory>
+
+#include "Command.h"
+#include "Input.h"
+#include "Output.h"
+
+namespace tool {
+
+using QXJSON::hosting::Encoding;
+
+namespace {
+
+struct Options {
+    std::string file, out;
+    Encoding encoding = Encoding::kUtf8;
+};
+
+const std::map<std::string, Encoding>& Encodings() {
+    static const std::map<std::string, Encoding> encodings = {
+        {"ascii", Encoding::kAscii},
+        {"utf-16be", Encoding::kUtf16Be},
+        {"utf-16le", Encoding::kUtf16Le},
+        {"utf-8", Encoding::kUtf8},
+    };
+    return encodings;
+}
+
+int Run(const Options& options) {
+    Layout layout;
+    layout.encoding = options.encoding;
+    Write(Input(options.file).Generate(), options.out, layout);
+    return kGood;
+}
+
+}  // namespace
+
+Command Convert(CLI::App& program) {
+    const auto options = std::make_shared<Options>();
+    CLI::App* const line =
+        program.add_subcommand("convert", "Writes a document, compact, in another encoding");
+    AddInput(*line, options->file);
+    AddOutput(*line, options->out)->required();
+    line->add_option("--to", options->encoding,
+                     "utf-8, utf-16le, utf-16be, or ascii, which escapes all other characters")
+        ->required()
+        ->type_name("ENCODING")
+        ->transform(CLI::Transformer(Encodings(), CLI::ignore_case).description(""));
+    return {line, [options] { return Run(*options); }};
+}
+
+}  // namespace tool

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "Json_Dll.hpp"
+
+namespace tool {
+
+// The library, which is loaded from the program's own folder on the first call: Misuse is thrown
+// where it is not there. Where there is no memory for an object, hosting::Error is.
+
+QXJSON::hosting::Parser NewParser();
+QXJSON::hosting::Generator NewGenerator();
+QXJSON::hosting::Package NewPackage();
+
+/// The version in the library's resources.
+std::wstring LibraryVersion();
+
+}  // namespace tool

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "Library.h"
+
+namespace tool {
+
+/// Writes a text to the standard output, in UTF-8.
+void Print(std::wstring_view text);
+/// Has all of it written, or throws Failure.
+void Flush();
+
+/// How a document is written.
+struct Layout {
+    QXJSON::hosting::Encoding encoding = QXJSON::hosting::Encoding::kUtf8;
+    bool indented = false;
+};
+
+/// Writes a document to an OUT of the command line: a file, with the byte-order mark of its
+/// encoding, or the standard output, which is named "-", without one. A file is replaced when all
+/// has been written, and stays as it was otherwise. Throws Failure.
+void Write(const QXJSON::hosting::Generator& document, const std::string& out,
+           const Layout& layout);
+
+}  // namespace tool

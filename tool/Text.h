@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tool {
+
+// The program speaks UTF-8 with the console and with other programs, and UTF-16 with the library
+// and with Windows.
+
+/// What cannot be told in UTF-8, halves of surrogate pairs, becomes U+FFFD.
+std::string ToUtf8(std::wstring_view text);
+std::wstring FromUtf8(std::string_view text);
+
+/// Whether bytes are UTF-8 from end to end.
+bool IsUtf8(std::string_view bytes);
+
+}  // namespace tool

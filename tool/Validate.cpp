@@ -1,0 +1,119 @@
+// jsontool validate: whether files are JSON.
+
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+#include "Command.h"
+#include "Files.h"
+#include "Input.h"
+#include "Output.h"
+#include "Text.h"
+
+namespace tool {
+
+using namespace QXJSON::hosting;
+
+namespace {
+
+struct Options {
+    std::vector<std::string> names;
+    std::string pattern = "*.json";
+};
+
+/// A line on the console that tells how far things are; nothing where there is no console.
+class Progress {
+public:
+    Progress() {
+        DWORD mode = 0;
+        shown = GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+    }
+    ~Progress() { Clear(); }
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void Show(size_t files, size_t bad) {
+        const ULONGLONG now = GetTickCount64();
+        if (!shown || now - last < kPause) return;
+        last = now;
+        visible = true;
+        std::fprintf(stderr, "\r%zu files, %zu bad", files, bad);
+    }
+    /// Makes room for something else.
+    void Clear() {
+        if (visible) std::fprintf(stderr, "\r%40s\r", "");
+        visible = false;
+    }
+
+private:
+    static constexpr ULONGLONG kPause = 100;  // milliseconds
+    bool shown = false;
+    bool visible = false;
+    ULONGLONG last = 0;
+};
+
+class Validation {
+public:
+    void Check(const Input& input) {
+        ++files;
+        if (const auto wrong = input.LoadInto(parser)) {
+            ++bad;
+            progress.Clear();
+            Print(*wrong + L"\n");
+            Flush();
+        }
+        progress.Show(files, bad);
+    }
+
+    int Conclude() {
+        progress.Clear();
+        Print(std::to_wstring(files) + (files == 1 ? L" file, " : L" files, ") +
+              std::to_wstring(bad) + L" bad\n");
+        return bad > 0 ? kBad : kGood;
+    }
+
+private:
+    Parser parser = NewParser();
+    Progress progress;
+    size_t files = 0, bad = 0;
+};
+
+int Run(const Options& options) {
+    Validation validation;
+    for (const std::string& name : options.names) {
+        const std::wstring wide = FromUtf8(name);
+        if (IsFolder(wide)) {
+            for (const std::wstring& file : FilesBelow(wide, FromUtf8(options.pattern)))
+                validation.Check(Input(file));
+        } else {
+            validation.Check(Input(name));
+        }
+    }
+    return validation.Conclude();
+}
+
+}  // namespace
+
+Command Validate(CLI::App& program) {
+    const auto options = std::make_shared<Options>();
+    CLI::App* const line = program.add_subcommand(
+        "validate",
+        "Tells which files are not JSON, and where; the exit code is 1 if there are any");
+    line->add_option(
+            "FILE_OR_FOLDER", options->names,
+            "JSON files; folders, which are searched with all folders below them; - for the "
+            "standard input")
+        ->required();
+    line->add_option("--pattern", options->pattern, "Which files of folders: a name with * and ?")
+        ->capture_default_str();
+    line->footer(
+        "A line for each failure: FILE:OFFSET: MESSAGE (line LINE, column COLUMN)\n"
+        "The offset is that in bytes of where reading stopped; the line and the column, in "
+        "characters "
+        "from 1,\nare those of the last character that was read. Text that is not UTF-8 is read in "
+        "the "
+        "ANSI code page,\nwhere the offset counts characters.");
+    return {line, [options] { return Run(*options); }};
+}
+
+}  // namespace tool

@@ -1,0 +1,97 @@
+// jsontool: looks into JSON documents, checks and changes them, from the command line.
+
+#include <fcntl.h>
+#include <io.h>
+
+#include <cstdio>
+#include <exception>
+#include <iostream>
+#include <vector>
+
+#include "Command.h"
+#include "Failure.h"
+#include "Library.h"
+#include "Output.h"
+#include "Text.h"
+
+// Arguments are taken as they are: the start-up code of MinGW is not to look for files that match.
+extern "C" {
+int _dowildcard = 0;
+}
+
+namespace {
+
+using namespace tool;
+
+/// Lets a console show UTF-8 as long as the program runs.
+class ConsoleInUtf8 {
+public:
+    ConsoleInUtf8() : before(GetConsoleOutputCP()) { SetConsoleOutputCP(CP_UTF8); }
+    ~ConsoleInUtf8() { SetConsoleOutputCP(before); }
+    ConsoleInUtf8(const ConsoleInUtf8&) = delete;
+    ConsoleInUtf8& operator=(const ConsoleInUtf8&) = delete;
+
+private:
+    UINT before;
+};
+
+void Complain(const std::string& message) {
+    std::fprintf(stderr, "jsontool: %s\n", message.c_str());
+}
+
+std::string Version() {
+    return "jsontool " JSONTOOL_VERSION ", Json_Dll " + ToUtf8(LibraryVersion());
+}
+
+/// In the order that the parser of the command line wants: the last one first.
+std::vector<std::string> Arguments(int count, wchar_t** arguments) {
+    std::vector<std::string> reversed;
+    for (int i = count - 1; i > 0; --i) reversed.push_back(ToUtf8(arguments[i]));
+    return reversed;
+}
+
+int RunProgram(std::vector<std::string> arguments) {
+    CLI::App program{"Looks into JSON documents, checks and changes them, by way of Json_Dll.dll."};
+    program.name("jsontool");
+    program.allow_windows_style_options(false);  // item paths begin with a slash
+    program.set_version_flag("--version", Version);
+    program.require_subcommand(1);
+    program.footer(
+        "Item paths: / is the root, /berths/1/number a member of the first element of an array.\n"
+        "A slash inside of a key is written ~/.\n"
+        "Exit codes: 0 good, 1 the data is bad or not there, 2 the call is wrong.\n"
+        "jsontool COMMAND --help tells more.");
+    const Command commands[] = {Inspect(program), Get(program), Validate(program), Format(program),
+                                Convert(program), Set(program), Merge(program)};
+    try {
+        program.parse(arguments);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0) return program.exit(error);  // --help, --version
+        Complain(std::string(error.what()) + " (--help tells more)");
+        return kMisuse;
+    }
+    int code = kMisuse;
+    for (const Command& command : commands)
+        if (command.line->parsed()) code = command.run();
+    Flush();
+    return code;
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** arguments) {
+    _setmode(_fileno(stdin), _O_BINARY);
+    _setmode(_fileno(stdout), _O_BINARY);
+    const ConsoleInUtf8 console;
+    try {
+        return RunProgram(Arguments(count, arguments));
+    } catch (const Misuse& misuse) {
+        Complain(ToUtf8(misuse.message));
+        return kMisuse;
+    } catch (const Failure& failure) {
+        Complain(ToUtf8(failure.message));
+    } catch (const std::exception& failure) {
+        Complain(failure.what());
+    }
+    return kBad;
+}
