@@ -70,6 +70,7 @@ void RunSize(Bench& bench, Table& table, const Series& series, size_t members) {
     job.expected = static_cast<uint64_t>(ExpectedSum(scene, job.fewest, series.present));
     job.Add<FindContender<RapidJson>>(scene);
     job.Add<FindContender<ByHandle>>(scene);
+    job.Add<FindContender<ByLayer>>(scene);
     job.Add<FindContender<ByItem>>(scene);
     job.Add<FindContender<ByReference>>(scene);
     job.Add<FindContender<ByPath>>(scene);

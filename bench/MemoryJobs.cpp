@@ -105,7 +105,7 @@ void RunMemoryJobs(Bench& bench) {
     Table* table =
         bench.Begin({"memory", "a document in memory, MB", "document", 1, false, {}, {}});
     if (!table) return;
-    host::NewParser();  // loads the library
+    TheLibrary();
     for (const Document& document : LargeDocuments()) {
         const size_t floor = Measured<RapidJson>(document).loaded;
         const Use handle = Measured<ByHandle>(document);

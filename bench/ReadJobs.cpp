@@ -45,6 +45,7 @@ void RunReadJobs(Bench& bench) {
         job.expected = SumOf(document.utf8);
         job.Add<ReadContender<RapidJson>>(document);
         job.Add<ReadContender<ByHandle>>(document);
+        job.Add<ReadContender<ByLayer>>(document);
         job.Add<ReadContender<ByReference>>(document);
         job.Add<ReadContender<Nlohmann>>(document);
         job.Add<ReadContender<BoostJson>>(document);

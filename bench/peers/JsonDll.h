@@ -4,12 +4,24 @@
 
 #include "Checksum.h"
 #include "Form.h"
-#include "Library.h"
+#include "Json_Dll.hpp"
 #include "peers/RapidJson.h"
 
 namespace bench {
 
-using host::Expect;
+namespace hosting = QXJSON::hosting;
+
+/// The library, loaded from the program's folder when it is first asked for.
+inline const hosting::Library& TheLibrary() {
+    static const hosting::Library library;
+    if (!library) throw std::runtime_error("Json_Dll.dll was not found beside the program");
+    return library;
+}
+
+inline void Expect(int result, const char* step) {
+    if (result != 1)
+        throw std::runtime_error(std::string(step) + " answered " + std::to_string(result));
+}
 
 // The library, by each of its ways of naming a value. All results are looked at: a host would.
 
@@ -30,7 +42,7 @@ public:
     }
 
 protected:
-    host::Parser parser = host::NewParser();
+    hosting::Parser parser = TheLibrary().NewParser().Get();
 };
 
 /// The walk over a document, the same for handles and references: `Way` only names the operations.
@@ -40,7 +52,7 @@ public:
     uint64_t Walk() {
         Place root = 0;
         uint32_t type = 0;
-        Expect(Way::Root(*parser, &root, &type), "the root");
+        Expect(Way::Root(parser.Raw(), &root, &type), "the root");
         return Sum(root, type);
     }
 
@@ -51,10 +63,10 @@ private:
         double number = 0;
         switch (type) {
             case 0:
-                Expect(Way::String(*parser, place, &text), "a string");
+                Expect(Way::String(parser.Raw(), place, &text), "a string");
                 return StringSum(text);
             case 2:
-                Expect(Way::Boolean(*parser, place, &flag), "a boolean");
+                Expect(Way::Boolean(parser.Raw(), place, &flag), "a boolean");
                 return BooleanSum(flag != 0);
             case 3:
                 return kNullSum;
@@ -62,7 +74,7 @@ private:
             case 5:
                 return Children(place, type == 4);
             default:  // numbers have one item type, but several value types
-                Expect(Way::Double(*parser, place, &number), "a number");
+                Expect(Way::Double(parser.Raw(), place, &number), "a number");
                 return NumberSum(number);
         }
     }
@@ -71,14 +83,14 @@ private:
         Place child = 0;
         uint32_t count = 0, type = 0;
         const wchar_t* name = nullptr;
-        Expect(Way::Count(*parser, place, &count), "a count");
+        Expect(Way::Count(parser.Raw(), place, &count), "a count");
         uint64_t sum = ContainerSum(count);
         for (uint32_t i = 0; i < count; ++i) {
             if (named) {
-                Expect(Way::Name(*parser, place, i, &name), "a name");
+                Expect(Way::Name(parser.Raw(), place, i, &name), "a name");
                 sum += NameSum(name);
             }
-            Expect(Way::Child(*parser, place, i, &child, &type), "a child");
+            Expect(Way::Child(parser.Raw(), place, i, &child, &type), "a child");
             sum += Sum(child, type);
         }
         return sum;
@@ -130,6 +142,48 @@ public:
         uint32_t root = 0, type = 0;
         Expect(parser->GetRootItem(&root, &type), "GetRootItem");  // it is handle 1
     }
+};
+
+/// By handle, through the C++ layer for hosts: what it adds to ByHandle is what it costs.
+class ByLayer : public DllReader {
+public:
+    static constexpr const char* kName = "C++ layer, handle";
+
+    uint64_t Walk() { return Sum(parser.Root().Get()); }
+
+    int64_t Find(const std::wstring& key) { return root.MemberAs<int32_t>(key).Or(kAbsent); }
+
+    void LoadText(const std::wstring& text) {
+        DllReader::LoadText(text);
+        root = parser.Root().Get();
+    }
+
+private:
+    static uint64_t Sum(const hosting::Item& item) {
+        switch (item.Kind()) {
+            case hosting::ValueKind::kString:
+                return StringSum(item.As<std::wstring_view>().Get());
+            case hosting::ValueKind::kNumber:
+                return NumberSum(item.As<double>().Get());
+            case hosting::ValueKind::kBoolean:
+                return BooleanSum(item.As<bool>().Get());
+            case hosting::ValueKind::kNull:
+                return kNullSum;
+            default:
+                return Children(item);
+        }
+    }
+
+    static uint64_t Children(const hosting::Item& item) {
+        uint64_t sum = ContainerSum(item.Count().Get());
+        for (const auto& child : item.Children()) {
+            if (item.Kind() == hosting::ValueKind::kObject) sum += NameSum(child.name);
+            sum += Sum(child.value);
+        }
+        return sum;
+    }
+
+    hosting::Item root;
 };
 
 /// By handle, with a handle issued for the member that is found.
@@ -215,7 +269,7 @@ public:
     }
 
 protected:
-    host::Generator generator = host::NewGenerator();
+    hosting::Generator generator = TheLibrary().NewGenerator().Get();
 };
 
 class BuildByHandle : public DllBuilder {
@@ -336,7 +390,7 @@ public:
     }
 
 private:
-    host::Package package = host::NewPackage();
+    hosting::Package package = TheLibrary().NewPackage().Get();
 };
 
 }  // namespace bench
