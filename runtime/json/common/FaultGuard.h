@@ -20,10 +20,7 @@ bool RunsWithoutFault(Work&& work) {
 }
 
 /// A processor fault, as a C++ exception.
-class ProcessorFault : public std::exception {
-public:
-    const char* what() const noexcept override { return "processor fault"; }
-};
+class ProcessorFault : public std::exception {};
 
 /// Does `work` on memory that the caller handed in, and which may not be readable: a fault becomes
 /// an exception, so that everything alive around `work` is destroyed properly.

@@ -38,14 +38,7 @@ bool TakeContinuation(Utf8Stream& stream, int count, uint32_t& character) {
 
 }  // namespace
 
-/// At the source's end, where the last block is empty, the stream stays on the zero behind it.
-void Utf8Stream::NextBlock() {
-    if (end != block)
-        Refill();
-    else
-        at = end;
-}
-
+/// At the source's end the block is empty, and the stream stays on the zero behind it.
 void Utf8Stream::Refill() {
     before += static_cast<size_t>(end - block);
     const size_t count = source->Read(block, ByteBlock::kSize);
