@@ -1,5 +1,7 @@
 #include "HandleTable.h"
 
+#include <new>
+
 namespace QXJSON {
 
 void HandleTable::Clear() {
@@ -7,33 +9,60 @@ void HandleTable::Clear() {
     count = 0;
     pages.clear();
     slots.clear();
-    lastPage = nullptr;
+    lastPage = 0;
 }
 
 uint32_t HandleTable::HandleOf(JsonValue& value) {
     // Values do not overlap, so that no two of them share this number.
     const uintptr_t number = reinterpret_cast<uintptr_t>(&value) / sizeof(JsonValue);
     const uintptr_t stretch = number / kStretch;
-    if (!lastPage || lastPage->stretch != stretch) lastPage = &PageOf(stretch);
-    uint32_t& handle = lastPage->handles[number % kStretch];
-    if (handle != 0) return handle;
+    const auto place = static_cast<uint32_t>(number % kStretch);
+    if (pages.empty() || pages[lastPage].stretch != stretch) lastPage = PageOf(stretch);
+    Handles& handles = *pages[lastPage].handles;
+    if (const uint32_t known = Known(handles, place)) return known;
     if (count == blocks.size() * kBlock) {
-        std::unique_ptr<JsonValue*[]> block(new JsonValue*[kBlock]);
+        std::unique_ptr<Location[]> block(new Location[kBlock]);
         blocks.push_back(std::move(block));
     }
-    blocks[count / kBlock][count % kBlock] = &value;
-    return handle = ++count;
+    Note(handles, place, count + 1);
+    blocks[count / kBlock][count % kBlock] = lastPage * kStretch + place;
+    return ++count;
 }
 
-HandleTable::Page& HandleTable::PageOf(uintptr_t stretch) {
+/// The handle of a place, or 0.
+uint32_t HandleTable::Known(const Handles& handles, uint32_t place) {
+    if (handles.absolute) return handles.absolute[place];
+    const uint32_t distance = handles.distances[place];
+    return distance != 0 ? handles.base + distance : 0;
+}
+
+void HandleTable::Note(Handles& handles, uint32_t place, uint32_t handle) {
+    const uint32_t distance = handle - handles.base;
+    if (!handles.absolute && distance > UINT16_MAX) {
+        auto absolute = std::make_unique<uint32_t[]>(kStretch);
+        for (uint32_t i = 0; i < kStretch; ++i) absolute[i] = Known(handles, i);
+        handles.absolute = std::move(absolute);
+    }
+    if (handles.absolute)
+        handles.absolute[place] = handle;
+    else
+        handles.distances[place] = static_cast<uint16_t>(distance);
+}
+
+HandleTable::PageNumber HandleTable::PageOf(uintptr_t stretch) {
     if (pages.size() >= slots.size() / 2) Grow();
     PageNumber& slot = SlotOf(stretch);
     if (slot == 0) {
-        pages.push_back(std::make_unique<Page>());
-        pages.back()->stretch = stretch;
+        constexpr size_t kMostPages = UINT32_MAX / kStretch;
+        // LCOV_EXCL_START: takes a document of 64 GiB
+        if (pages.size() == kMostPages) throw std::bad_alloc();
+        // LCOV_EXCL_STOP
+        auto handles = std::make_unique<Handles>();
+        handles->base = count;
+        pages.push_back({stretch, std::move(handles)});
         slot = static_cast<PageNumber>(pages.size());
     }
-    return *pages[slot - 1];
+    return slot - 1;
 }
 
 /// The slot that holds the page of a stretch, or else the free one where it belongs.
@@ -41,7 +70,7 @@ HandleTable::PageNumber& HandleTable::SlotOf(uintptr_t stretch) {
     constexpr uint64_t kGoldenRatio = 0x9E37'79B9'7F4A'7C15;
     const size_t mask = slots.size() - 1;
     size_t slot = static_cast<size_t>(stretch * kGoldenRatio >> 32) & mask;
-    while (slots[slot] != 0 && pages[slots[slot] - 1]->stretch != stretch) slot = (slot + 1) & mask;
+    while (slots[slot] != 0 && pages[slots[slot] - 1].stretch != stretch) slot = (slot + 1) & mask;
     return slots[slot];
 }
 
@@ -50,7 +79,7 @@ void HandleTable::Grow() {
     std::vector<PageNumber> bigger(slots.empty() ? kFirstSize : slots.size() * 2);
     slots.swap(bigger);
     for (size_t i = 0; i < pages.size(); ++i)
-        SlotOf(pages[i]->stretch) = static_cast<PageNumber>(i + 1);
+        SlotOf(pages[i].stretch) = static_cast<PageNumber>(i + 1);
 }
 
 }  // namespace QXJSON

@@ -12,9 +12,10 @@ namespace QXJSON {
 /// The item handles of one loaded document: dense numbers from 1, in the order in which the values
 /// were first asked for; one value has one handle.
 ///
-/// The way from a value to its handle follows the document's memory: values lie side by side, and
-/// so do their handles. Memory is cut into stretches of 64 values; each stretch in which a value
-/// has a handle has a page of handles, and a walk from value to value stays on one page for long.
+/// Both ways follow the document's memory. Memory is cut into stretches of 64 values, and each
+/// stretch in which a value has a handle has a page: a handle leads to a page and a place on it, a
+/// value's address to its place on the page of its stretch. A walk from value to value stays on one
+/// page for long, and is issued handles that lie close together: a page keeps their distances.
 class HandleTable {
 public:
     /// Forgets all handles; the next one is 1 again.
@@ -27,32 +28,47 @@ public:
     JsonValue* ValueOf(uint32_t handle) const {
         // A handle of 0 wraps around and is out of range like any unknown one.
         const uint32_t index = handle - 1;
-        return index < count ? blocks[index / kBlock][index % kBlock] : nullptr;
+        if (index >= count) return nullptr;
+        const Location location = blocks[index / kBlock][index % kBlock];
+        const uintptr_t number =
+            pages[location / kStretch].stretch * kStretch + location % kStretch;
+        return reinterpret_cast<JsonValue*>(number * sizeof(JsonValue));
     }
 
 private:
-    static constexpr uint32_t kBlock = 1024;   // handles of one block of handleToValue
-    static constexpr uintptr_t kStretch = 64;  // values of one stretch of memory
+    static constexpr uint32_t kBlock = 1024;  // handles of one block
+    static constexpr uint32_t kStretch = 64;  // values of one stretch of memory
 
-    /// The handles of one stretch; 0 for a value without one.
-    struct Page {
-        uintptr_t stretch;
-        uint32_t handles[kStretch];
-    };
+    /// A place on a page: the number of the page times kStretch, plus the value's in its stretch.
+    using Location = uint32_t;
     using PageNumber = uint32_t;
 
-    Page& PageOf(uintptr_t stretch);
+    /// The handles of the values in one stretch.
+    struct Handles {
+        uint32_t base = 0;                  // one less than the first handle that was issued here
+        uint16_t distances[kStretch] = {};  // from the base; 0 for a value without a handle
+        // The handles themselves, once one of them is too far from the base.
+        std::unique_ptr<uint32_t[]> absolute;
+    };
+
+    struct Page {
+        uintptr_t stretch;
+        std::unique_ptr<Handles> handles;
+    };
+
+    static uint32_t Known(const Handles& handles, uint32_t place);
+    static void Note(Handles& handles, uint32_t place, uint32_t handle);
+    PageNumber PageOf(uintptr_t stretch);
     PageNumber& SlotOf(uintptr_t stretch);
     void Grow();
 
-    // By handle - 1, in blocks that never move.
-    std::vector<std::unique_ptr<JsonValue*[]>> blocks;
+    std::vector<std::unique_ptr<Location[]>> blocks;  // by handle - 1; blocks never move
     uint32_t count = 0;
-    std::vector<std::unique_ptr<Page>> pages;
+    std::vector<Page> pages;
     // The pages by their stretch: a hash table with open addressing, of a size that is a power of
     // two and at most half full, of page numbers plus 1; 0 is free.
     std::vector<PageNumber> slots;
-    Page* lastPage = nullptr;
+    PageNumber lastPage = 0;
 };
 
 }  // namespace QXJSON

@@ -183,6 +183,28 @@ TEST(ReadingHandles, ManyHandlesStayDenseAndStable) {
 }
 
 /// Only the operations that hand out items issue handles, whatever else is read.
+/// Neighbours whose handles are issued long after each other, in every order of asking for them.
+TEST(ReadingHandles, NeighboursMayHaveDistantHandles) {
+    constexpr uint32_t kCount = 150'000, kStride = 70'000;
+    std::wstring text = L"[0";
+    for (uint32_t i = 1; i < kCount; ++i) text += L',' + std::to_wstring(i);
+    const Parser parser = LoadedWithRoot((text + L"]").c_str());
+    std::vector<uint32_t> handles(kCount);
+    uint32_t last = 1, type = 0;
+    for (uint32_t start = 0; start < kStride; ++start)
+        for (uint32_t i = start; i < kCount; i += kStride) {
+            ASSERT_EQ(1, parser->GetChildItem(1, i, &handles[i], &type));
+            ASSERT_EQ(++last, handles[i]);
+        }
+    for (uint32_t i = 0; i < kCount; ++i) {
+        uint32_t again = 0, number = 0;
+        ASSERT_EQ(1, parser->GetItemUInt(handles[i], &number));
+        ASSERT_EQ(i, number);
+        ASSERT_EQ(1, parser->GetChildItem(1, i, &again, &type));
+        ASSERT_EQ(handles[i], again);
+    }
+}
+
 TEST(ReadingHandles, OtherOperationsIssueNone) {
     const Parser parser = Loaded(kEveryKind);
     const Calls calls(*parser);
