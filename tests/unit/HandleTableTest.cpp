@@ -62,6 +62,19 @@ TEST(HandleTable, InTheOrderOfMemory) {
     subject.Check();
 }
 
+/// Values begin where a pool puts them, at any multiple of their alignment, and those of one
+/// stretch need not have the same distance to a multiple of their size.
+TEST(HandleTable, AtEveryAlignment) {
+    std::vector<JsonValue> memory(1000);
+    auto* const bytes = reinterpret_cast<char*>(memory.data());
+    Subject subject;
+    for (size_t at = 0, i = 0; at + sizeof(JsonValue) <= memory.size() * sizeof(JsonValue); ++i) {
+        subject.Ask(*reinterpret_cast<JsonValue*>(bytes + at));
+        at += sizeof(JsonValue) + i % 3 * alignof(JsonValue);
+    }
+    subject.Check();
+}
+
 TEST(HandleTable, AgainstTheOrderOfMemory) {
     std::vector<JsonValue> memory(kMany);
     Subject subject;

@@ -13,8 +13,9 @@ void HandleTable::Clear() {
 }
 
 uint32_t HandleTable::HandleOf(JsonValue& value) {
+    const auto address = reinterpret_cast<uintptr_t>(&value);
     // Values do not overlap, so that no two of them share this number.
-    const uintptr_t number = reinterpret_cast<uintptr_t>(&value) / sizeof(JsonValue);
+    const uintptr_t number = address / sizeof(JsonValue);
     const uintptr_t stretch = number / kStretch;
     const auto place = static_cast<uint32_t>(number % kStretch);
     if (pages.empty() || pages[lastPage].stretch != stretch) lastPage = PageOf(stretch);
@@ -25,7 +26,8 @@ uint32_t HandleTable::HandleOf(JsonValue& value) {
         blocks.push_back(std::move(block));
     }
     Note(handles, place, count + 1);
-    blocks[count / kBlock][count % kBlock] = lastPage * kStretch + place;
+    const auto step = static_cast<uint32_t>(address / alignof(JsonValue) % kSteps);
+    blocks[count / kBlock][count % kBlock] = lastPage * kSteps + step;
     return ++count;
 }
 
@@ -53,8 +55,8 @@ HandleTable::PageNumber HandleTable::PageOf(uintptr_t stretch) {
     if (pages.size() >= slots.size() / 2) Grow();
     PageNumber& slot = SlotOf(stretch);
     if (slot == 0) {
-        constexpr size_t kMostPages = UINT32_MAX / kStretch;
-        // LCOV_EXCL_START: takes a document of 64 GiB
+        constexpr size_t kMostPages = UINT32_MAX / kSteps;
+        // LCOV_EXCL_START: takes a document of 32 GiB
         if (pages.size() == kMostPages) throw std::bad_alloc();
         // LCOV_EXCL_STOP
         auto handles = std::make_unique<Handles>();

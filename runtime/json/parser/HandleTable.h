@@ -30,16 +30,18 @@ public:
         const uint32_t index = handle - 1;
         if (index >= count) return nullptr;
         const Location location = blocks[index / kBlock][index % kBlock];
-        const uintptr_t number =
-            pages[location / kStretch].stretch * kStretch + location % kStretch;
-        return reinterpret_cast<JsonValue*>(number * sizeof(JsonValue));
+        const uintptr_t begin = pages[location / kSteps].stretch * kStretch * sizeof(JsonValue);
+        return reinterpret_cast<JsonValue*>(begin + location % kSteps * alignof(JsonValue));
     }
 
 private:
     static constexpr uint32_t kBlock = 1024;  // handles of one block
     static constexpr uint32_t kStretch = 64;  // values of one stretch of memory
 
-    /// A place on a page: the number of the page times kStretch, plus the value's in its stretch.
+    /// Where a value can begin in a stretch: values are half as well aligned as they are large.
+    static constexpr uint32_t kSteps = kStretch * sizeof(JsonValue) / alignof(JsonValue);
+
+    /// The number of a page times kSteps, plus the step of the value in its stretch.
     using Location = uint32_t;
     using PageNumber = uint32_t;
 
