@@ -43,9 +43,16 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/docs/html/ DESTINATION doc/referen
 
 # The notices of what is linked in, in the words of the packages that it was built from.
 # THIRD-PARTY.md says what they are for.
+function(install_notice package component destination)
+  set(notice /usr/share/doc/${package}/copyright)
+  if(EXISTS ${notice})
+    install(FILES ${notice} DESTINATION ${destination} RENAME ${package}.txt COMPONENT ${component})
+  elseif(JSON_REPRODUCIBLE)
+    message(FATAL_ERROR "${notice} is missing: what is handed out has to contain it.")
+  endif()
+endfunction()
 foreach(package rapidjson-dev mingw-w64-x86-64-dev libcli11-dev)
-  install(FILES /usr/share/doc/${package}/copyright DESTINATION doc/notices RENAME ${package}.txt
-    COMPONENT documentation)
+  install_notice(${package} documentation doc/notices)
 endforeach()
 
 # ---- The contract tests --------------------------------------------------------------------------
@@ -55,6 +62,5 @@ if(BUILD_TESTING)
   install(TARGETS json_contract_tests RUNTIME DESTINATION tests COMPONENT tests)
   install(FILES $<TARGET_FILE:Json_Dll> DESTINATION tests COMPONENT tests)
   install(FILES tests/contract/README.md DESTINATION tests COMPONENT tests)
-  install(FILES /usr/share/doc/googletest/copyright DESTINATION tests/notices RENAME googletest.txt
-    COMPONENT tests)
+  install_notice(googletest tests tests/notices)
 endif()

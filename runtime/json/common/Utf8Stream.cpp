@@ -38,7 +38,8 @@ bool TakeContinuation(Utf8Stream& stream, int count, uint32_t& character) {
 
 }  // namespace
 
-/// At the source's end the block is empty, and the stream stays on the zero behind it.
+/// At the source's end the block is empty, and the stream stays on the zero behind it. (The source
+/// would be asked again only for what lies behind that zero, which the reader never takes.)
 void Utf8Stream::Refill() {
     before += static_cast<size_t>(end - block);
     const size_t count = source->Read(block, ByteBlock::kSize);

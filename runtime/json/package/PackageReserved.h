@@ -8,7 +8,7 @@ namespace QXJSON {
 /// The operations of IJsonPackage that only the facade has: everything that goes through the
 /// delegate. The layers behind it answer them with 0.
 class PackageReserved : public IJsonPackage {
-    // LCOV_EXCL_START: no call of a host comes this far; the unit tests of the layers do
+    // LCOV_EXCL_START: no call of a host comes this far; unit tests call it directly
 public:
     int DelegateExport0(void*, uint16_t, uint32_t, uint32_t, uint32_t, uint32_t, uint8_t,
                         const wchar_t**) override {
