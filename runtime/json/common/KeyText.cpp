@@ -39,7 +39,8 @@ bool BlocksMatch(UnitBlock a, UnitBlock b) {
     return MaskOf(_mm_cmpeq_epi16(a, b)) == 0xFFFF;
 }
 
-/// Blocks at the beginning and at the end of `length` units cover the others, or some of them twice.
+/// Blocks at the beginning and at the end of `length` units cover the others, or some of them
+/// twice.
 template <KeyMatch match>
 bool AllMatch(const wchar_t* a, const wchar_t* b, size_t length) {
     if (length >= kBlockUnits) {
