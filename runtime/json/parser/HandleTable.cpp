@@ -1,5 +1,7 @@
 #include "HandleTable.h"
 
+#include <algorithm>
+#include <iterator>
 #include <new>
 
 namespace QXJSON {
@@ -9,7 +11,7 @@ void HandleTable::Clear() {
     count = 0;
     pages.clear();
     slots.clear();
-    lastPage = 0;
+    std::fill(std::begin(recent), std::end(recent), 0);
 }
 
 uint32_t HandleTable::HandleOf(JsonValue& value) {
@@ -18,8 +20,9 @@ uint32_t HandleTable::HandleOf(JsonValue& value) {
     const uintptr_t number = address / sizeof(JsonValue);
     const uintptr_t stretch = number / kStretch;
     const auto place = static_cast<uint32_t>(number % kStretch);
-    if (pages.empty() || pages[lastPage].stretch != stretch) lastPage = PageOf(stretch);
-    Handles& handles = *pages[lastPage].handles;
+    PageNumber& page = recent[stretch % kRecent];
+    if (pages.empty() || pages[page].stretch != stretch) page = PageOf(stretch);
+    Handles& handles = *pages[page].handles;
     if (const uint32_t known = Known(handles, place)) return known;
     if (count == blocks.size() * kBlock) {
         std::unique_ptr<Location[]> block(new Location[kBlock]);
@@ -27,7 +30,7 @@ uint32_t HandleTable::HandleOf(JsonValue& value) {
     }
     Note(handles, place, count + 1);
     const auto step = static_cast<uint32_t>(address / alignof(JsonValue) % kSteps);
-    blocks[count / kBlock][count % kBlock] = lastPage * kSteps + step;
+    blocks[count / kBlock][count % kBlock] = page * kSteps + step;
     return ++count;
 }
 

@@ -14,8 +14,8 @@ namespace QXJSON {
 ///
 /// Both ways follow the document's memory. Memory is cut into stretches of 64 values, and each
 /// stretch in which a value has a handle has a page: a handle leads to a page and a place on it, a
-/// value's address to its place on the page of its stretch. A walk from value to value stays on one
-/// page for long, and is issued handles that lie close together: a page keeps their distances.
+/// value's address to its place on the page of its stretch. A walk from value to value stays on few
+/// pages for long, and is issued handles that lie close together: a page keeps their distances.
 class HandleTable {
 public:
     /// Forgets all handles; the next one is 1 again.
@@ -70,7 +70,10 @@ private:
     // The pages by their stretch: a hash table with open addressing, of a size that is a power of
     // two and at most half full, of page numbers plus 1; 0 is free.
     std::vector<PageNumber> slots;
-    PageNumber lastPage = 0;
+    // The pages that were used last: a walk goes to and fro between a container's children and
+    // theirs.
+    static constexpr uintptr_t kRecent = 16;
+    PageNumber recent[kRecent] = {};
 };
 
 }  // namespace QXJSON
