@@ -38,8 +38,9 @@ const wchar_t* NextSurrogate(const wchar_t* at, const wchar_t* end) {
     return at;
 }
 
-/// For text at an odd address, where no unit may be read as one.
-size_t CountUnalignedUnits(const wchar_t* text) {
+/// For text at an odd address, where no unit may be read as one, and text so near to null that its
+/// block would begin there.
+size_t CountOneByOne(const wchar_t* text) {
     const auto* const bytes = reinterpret_cast<const char*>(text);
     size_t at = 0;
     while (bytes[at] != 0 || bytes[at + 1] != 0) at += sizeof(wchar_t);
@@ -49,14 +50,14 @@ size_t CountUnalignedUnits(const wchar_t* text) {
 }  // namespace
 
 size_t CountUnits(const wchar_t* text) {
-    if (!IsAligned(text)) return CountUnalignedUnits(text);
+    if (!IsAligned(text) || reinterpret_cast<uintptr_t>(text) < kBlockBytes)
+        return CountOneByOne(text);
     return static_cast<size_t>(FindUnit(text, Zeros) - text);
 }
 
 size_t LengthOf(const wchar_t* text) {
     size_t length = 0;
-    // Null, or so near to it that its block would begin there.
-    if (reinterpret_cast<uintptr_t>(text) < kBlockBytes) return length;
+    if (!text) return length;
     RunsWithoutFault([&] { length = CountUnits(text); });
     return length;
 }
