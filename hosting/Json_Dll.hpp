@@ -25,6 +25,17 @@ namespace QXJSON::hosting {
 
 // ---- Results -----------------------------------------------------------------------------------
 
+/// @cond for this header alone
+namespace detail {
+
+/// For a T that is a view, and a text that is a string without a name: an rvalue.
+template <class T, class Text>
+using IfViewOfTemporary = std::enable_if_t<std::is_same_v<T, std::wstring_view> &&
+                                           std::is_same_v<std::remove_const_t<Text>, std::wstring>>;
+
+}  // namespace detail
+/// @endcond
+
 /// What a result code means, in a few words; for messages of the host's own.
 inline const char* Describe(int code) noexcept {
     switch (code) {
@@ -96,6 +107,9 @@ public:
     }
     /// What came with success, or this in place of it.
     T Or(T otherwise) const { return code == kSuccess ? value : std::move(otherwise); }
+    /// A view of a string that is about to end would be left with nothing to view.
+    template <class Text, class = detail::IfViewOfTemporary<T, Text>>
+    T Or(Text&& otherwise) const = delete;
 
 private:
     int code;
@@ -125,7 +139,8 @@ private:
 
 /// A text as an argument. The interfaces take zero-terminated UTF-16: pointers and strings are
 /// passed on as they are, and only a view, whose end nobody knows to be marked, is copied. What
-/// follows a U+0000 inside of a text is not seen.
+/// follows a U+0000 inside of a text is not seen. It is made for parameters: one with a name of its
+/// own must not be made of a temporary string, which ends before it does.
 class TextArgument {
 public:
     /// Zero-terminated text; null is passed on, and refused by the operation.
@@ -211,9 +226,29 @@ inline std::wstring_view View(const wchar_t* text) {
 template <class>
 inline constexpr bool kNever = false;
 
-/// Which operation serves which type: Row<Operation for bool, int32_t, ...>.
+template <class T, class... Others>
+inline constexpr bool kIsOneOf = (std::is_same_v<T, Others> || ...);
+
+/// Characters, which C++ takes for integers, and hosts do not.
+template <class T>
+inline constexpr bool kIsCharacter =
+    kIsOneOf<T, char, wchar_t, char16_t, char32_t, decltype(u8' ')>;
+
+template <class T>
+inline constexpr bool kIsInteger =
+    std::is_integral_v<T> && !std::is_same_v<T, bool> && !kIsCharacter<T>;
+
+/// The type of number that the operations take or give for a T: for an integer, whatever it is
+/// called, the one of 32 or 64 bits that holds it.
+template <class T>
+using Carrier = std::conditional_t<
+    !kIsInteger<T>, T,
+    std::conditional_t<std::is_signed_v<T>, std::conditional_t<(sizeof(T) > 4), int64_t, int32_t>,
+                       std::conditional_t<(sizeof(T) > 4), uint64_t, uint32_t>>>;
+
+/// Which operation serves which carrier: Choose<T, operation for bool, int32_t, ...>.
 template <class T, auto flag, auto int32, auto uint32, auto int64, auto uint64, auto real,
-          auto small, auto text, auto blob>
+          auto single, auto text, auto blob>
 constexpr auto Choose() {
     if constexpr (std::is_same_v<T, bool>) {
         return flag;
@@ -228,14 +263,13 @@ constexpr auto Choose() {
     } else if constexpr (std::is_same_v<T, double>) {
         return real;
     } else if constexpr (std::is_same_v<T, float>) {
-        return small;
+        return single;
     } else if constexpr (std::is_same_v<T, std::wstring_view>) {
         return text;
     } else if constexpr (std::is_same_v<T, Bytes>) {
         return blob;
     } else {
-        static_assert(kNever<T>,
-                      "bool, (u)int32_t, (u)int64_t, double, float, std::wstring_view or Bytes");
+        static_assert(kNever<T>, "bool, an integer, double, float, std::wstring_view or Bytes");
     }
 }
 
@@ -256,9 +290,12 @@ Result<T> Read(Interface& object, Operation operation, const Arguments&... argum
         const int result = (object.*operation)(arguments..., &data, &size);
         return {result, {data, size}};
     } else {
-        T output{};
+        Carrier<T> output{};
         const int result = (object.*operation)(arguments..., &output);
-        return {result, output};
+        const T value = static_cast<T>(output);
+        // A narrower integer refuses what it does not hold, as the operations do.
+        const bool fits = !kIsInteger<T> || static_cast<Carrier<T>>(value) == output;
+        return {result == kSuccess && !fits ? kWrongKind : result, value};
     }
 }
 
@@ -348,17 +385,17 @@ public:
         return detail::Read<std::wstring_view>(*parser, Way::kName, place, index);
     }
 
-    /// The value as a bool, int32_t, uint32_t, int64_t, uint64_t, double, float, as the
-    /// std::wstring_view of a string, or as the Bytes of its base64. Views and bytes belong to the
-    /// parser.
+    /// The value as a bool, any integer type that holds it, double, float, as the std::wstring_view
+    /// of a string, or as the Bytes of its base64. Views and bytes belong to the parser; Bytes live
+    /// until its next blob or message (Failure()), views until its next load.
     template <class T>
     Result<T> As() const {
-        return detail::Read<T>(*parser, Way::template Getter<T>(), place);
+        return detail::Read<T>(*parser, Way::template Getter<detail::Carrier<T>>(), place);
     }
     /// A member of an object in the same way, in one call.
     template <class T>
     Result<T> MemberAs(const TextArgument& key) const {
-        return detail::Read<T>(*parser, Way::template MemberGetter<T>(), place,
+        return detail::Read<T>(*parser, Way::template MemberGetter<detail::Carrier<T>>(), place,
                                static_cast<const wchar_t*>(key));
     }
 
@@ -414,8 +451,12 @@ public:
     using iterator_category = std::input_iterator_tag;
     using value_type = Child<Way>;
     using difference_type = std::ptrdiff_t;
-    using pointer = const value_type*;
     using reference = value_type;
+    /// Keeps a child for as long as one of its members is used.
+    struct pointer {
+        value_type child;
+        const value_type* operator->() const noexcept { return &child; }
+    };
     /// @endcond
 
     /// The iterator at an index of a container.
@@ -426,10 +467,18 @@ public:
         return {named ? container.NameAt(index).Get() : std::wstring_view(),
                 container.At(index).Get()};
     }
+    /// A member of the child.
+    pointer operator->() const { return {**this}; }
     /// Goes on to the next one.
     Iterator& operator++() {
         ++index;
         return *this;
+    }
+    /// Goes on to the next one, and returns where it was.
+    Iterator operator++(int) {
+        const Iterator before = *this;
+        ++index;
+        return before;
     }
     /// Whether both are at the same index.
     bool operator==(const Iterator& other) const noexcept { return index == other.index; }
@@ -508,7 +557,7 @@ public:
     Result<void> LoadFile(const TextArgument& fileName) const {
         return Result<void>(Raw().LoadJsonFile(fileName));
     }
-    /// What the last load that failed left.
+    /// What the last load that failed left. This is a message: it ends the last Bytes.
     LoadFailure Failure() const {
         LoadFailure failure;
         const wchar_t* text = nullptr;
@@ -531,21 +580,22 @@ public:
         const int result = Raw().GetRootValue(&value, &type);
         return {result, Value(Raw(), value, type)};
     }
-    /// The value at an item path.
+    /// The value at an item path; by two calls, for the second one asks for its type.
     Result<Item> At(const TextArgument& path) const {
         uint32_t handle = 0, type = 0;
         int result = Raw().GetItemByPath(path, &handle);
         if (result == kSuccess) result = Raw().GetItemType(handle, &type);
         return {result, Item(Raw(), handle, type)};
     }
-    /// The value at an item path as one of the types of Node::As.
+    /// The value at an item path as one of the types of Node::As. Bytes live until the next blob or
+    /// message of the parser.
     template <class T>
     Result<T> As(const TextArgument& path) const {
         using P = IJsonParser;
         constexpr auto kGetter =
-            detail::Choose<T, &P::GetItemBooleanByPath, &P::GetItemIntByPath, &P::GetItemUIntByPath,
-                           &P::GetItemInt64ByPath, &P::GetItemUInt64ByPath, &P::GetItemDoubleByPath,
-                           &P::GetItemFloatByPath, &P::GetItemStringByPath,
+            detail::Choose<detail::Carrier<T>, &P::GetItemBooleanByPath, &P::GetItemIntByPath,
+                           &P::GetItemUIntByPath, &P::GetItemInt64ByPath, &P::GetItemUInt64ByPath,
+                           &P::GetItemDoubleByPath, &P::GetItemFloatByPath, &P::GetItemStringByPath,
                            &P::GetItemBlobByPath>();
         return detail::Read<T>(Raw(), kGetter, static_cast<const wchar_t*>(path));
     }
@@ -642,8 +692,8 @@ struct ReferenceBuild {
 
 /// An object or array under construction, named by a handle (Container) or a reference
 /// (ValueContainer) of its generator, which it does not own. `Add...` adds a member to an object,
-/// `Append...` an element to an array. Values are bool, (u)int32_t, (u)int64_t, double, float,
-/// nullptr, texts and Bytes; what comes back for them is the handle or reference of the new value.
+/// `Append...` an element to an array. Values are bool, integers, double, float, nullptr, texts and
+/// Bytes; what comes back for them is the handle or reference of the new value.
 template <class Way>
 class Builder {
 public:
@@ -726,7 +776,8 @@ private:
             const TextArgument text(value);
             return Call(Row::kString, key..., static_cast<const wchar_t*>(text));
         } else {
-            return Call(Row::template Number<T>(), key..., value);
+            using Carrier = detail::Carrier<T>;
+            return Call(Row::template Number<Carrier>(), key..., static_cast<Carrier>(value));
         }
     }
 
@@ -819,7 +870,7 @@ public:
     using Owner::Owner;
 
     /// The value of a key as a bool, a double, the std::wstring_view of a string or the Bytes of
-    /// its base64.
+    /// its base64. Bytes live until the next blob, set or read, or message of the package.
     template <class T>
     Result<T> As(const TextArgument& key) const {
         if constexpr (std::is_same_v<T, bool>) {
@@ -853,9 +904,9 @@ public:
         return {result, KindOf(type)};
     }
 
-    /// Sets a key to a bool, a text, Bytes or a number. A package takes every number as a double:
-    /// whole numbers beyond 2^53 are rounded.
-    template <class T>
+    /// Sets a key to a bool, a text, Bytes or a number, which no single character is. A package
+    /// takes every number as a double: whole numbers beyond 2^53 are rounded.
+    template <class T, class = std::enable_if_t<!detail::kIsCharacter<T>>>
     Result<void> Set(const TextArgument& key, const T& value) const {
         if constexpr (std::is_same_v<T, bool>) {
             return Result<void>(Raw().SetValueBoolean(key, value));
@@ -949,6 +1000,22 @@ public:
     /// Uses the factories of a host that is linked with the import library.
     Library(IJsonParser* (*parser)(), IJsonGenerator* (*generator)(), IJsonPackage* (*package)())
         : createParser(parser), createGenerator(generator), createPackage(package) {}
+
+    /// Takes a library over; the other one is as if it had not been found.
+    Library(Library&& other) noexcept
+        : module(std::move(other.module)),
+          createParser(std::exchange(other.createParser, nullptr)),
+          createGenerator(std::exchange(other.createGenerator, nullptr)),
+          createPackage(std::exchange(other.createPackage, nullptr)) {}
+    /// The same; the library before is unloaded.
+    Library& operator=(Library&& other) noexcept {
+        Library taken(std::move(other));
+        std::swap(module, taken.module);
+        std::swap(createParser, taken.createParser);
+        std::swap(createGenerator, taken.createGenerator);
+        std::swap(createPackage, taken.createPackage);
+        return *this;
+    }
 
     /// Whether the DLL was found, with all that this layer needs of it.
     explicit operator bool() const noexcept {

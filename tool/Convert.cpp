@@ -14,8 +14,7 @@ using QXJSON::hosting::Encoding;
 namespace {
 
 struct Options {
-    std::string file, out;
-    Encoding encoding = Encoding::kUtf8;
+    std::string file, out, encoding;
 };
 
 const std::map<std::string, Encoding>& Encodings() {
@@ -30,7 +29,7 @@ const std::map<std::string, Encoding>& Encodings() {
 
 int Run(const Options& options) {
     Layout layout;
-    layout.encoding = options.encoding;
+    layout.encoding = Encodings().at(options.encoding);
     Write(Input(options.file).Generate(), options.out, layout);
     return kGood;
 }
@@ -47,7 +46,7 @@ Command Convert(CLI::App& program) {
                      "utf-8, utf-16le, utf-16be, or ascii, which escapes all other characters")
         ->required()
         ->type_name("ENCODING")
-        ->transform(CLI::Transformer(Encodings(), CLI::ignore_case).description(""));
+        ->transform(CLI::IsMember(Encodings(), CLI::ignore_case).description(""));
     return {line, [options] { return Run(*options); }};
 }
 

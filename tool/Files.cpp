@@ -34,15 +34,17 @@ std::wstring NewTemporaryName() {
                      std::to_wstring(++count) + L".json");
 }
 
-void Collect(const std::wstring& folder, const std::wstring& pattern,
-             std::vector<std::wstring>& files) {
+void Collect(const std::wstring& folder, const std::wstring& pattern, FoundFiles& found) {
     struct Closer {
         using pointer = HANDLE;
         void operator()(HANDLE search) const { FindClose(search); }
     };
     WIN32_FIND_DATAW entry;
     const HANDLE first = FindFirstFileW(Openable(folder + L"\\*").c_str(), &entry);
-    if (first == INVALID_HANDLE_VALUE) return;
+    if (first == INVALID_HANDLE_VALUE) {
+        if (GetLastError() != ERROR_FILE_NOT_FOUND) found.unlisted.push_back(folder);
+        return;
+    }
     const std::unique_ptr<void, Closer> search(first);
 
     std::vector<std::wstring> here, below;
@@ -55,11 +57,12 @@ void Collect(const std::wstring& folder, const std::wstring& pattern,
             below.push_back(name);  // links could lead in circles
         }
     } while (FindNextFileW(search.get(), &entry));
+    if (GetLastError() != ERROR_NO_MORE_FILES) found.unlisted.push_back(folder);
 
     std::sort(here.begin(), here.end());
     std::sort(below.begin(), below.end());
-    for (const std::wstring& name : here) files.push_back(folder + L"\\" + name);
-    for (const std::wstring& name : below) Collect(folder + L"\\" + name, pattern, files);
+    for (const std::wstring& name : here) found.files.push_back(folder + L"\\" + name);
+    for (const std::wstring& name : below) Collect(folder + L"\\" + name, pattern, found);
 }
 
 }  // namespace
@@ -73,14 +76,19 @@ std::wstring Openable(const std::wstring& name) {
     return L"\\\\?\\" + full;
 }
 
+std::optional<std::string> ReadAll(std::FILE* file) {
+    std::string bytes;
+    char block[64 * 1024];
+    while (const size_t count = std::fread(block, 1, sizeof block, file))
+        bytes.append(block, count);
+    if (std::ferror(file)) return std::nullopt;
+    return bytes;
+}
+
 std::optional<std::string> ReadBytes(const std::wstring& name) {
     const OpenFile file(_wfopen(Openable(name).c_str(), L"rb"));
     if (!file) return std::nullopt;
-    std::string bytes;
-    char block[64 * 1024];
-    while (const size_t count = std::fread(block, 1, sizeof block, file.get()))
-        bytes.append(block, count);
-    return bytes;
+    return ReadAll(file.get());
 }
 
 bool IsFolder(const std::wstring& name) {
@@ -88,30 +96,39 @@ bool IsFolder(const std::wstring& name) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
-std::vector<std::wstring> FilesBelow(const std::wstring& folder, const std::wstring& pattern) {
+FoundFiles FilesBelow(const std::wstring& folder, const std::wstring& pattern) {
     std::wstring bare = folder;
     while (bare.size() > 1 && (bare.back() == L'\\' || bare.back() == L'/')) bare.pop_back();
-    std::vector<std::wstring> files;
-    Collect(bare, pattern, files);
-    return files;
+    FoundFiles found;
+    Collect(bare, pattern, found);
+    return found;
 }
 
-TemporaryFile::TemporaryFile(const std::string& bytes) : name(NewTemporaryName()) {
-    const OpenFile file(_wfopen(name.c_str(), L"wb"));
-    const bool whole =
-        file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-    if (!whole || std::fflush(file.get()) != 0)
-        throw Failure{name + L": a temporary file cannot be written"};
-}
+TemporaryFile::TemporaryFile() : name(NewTemporaryName()) {}
 
 TemporaryFile::TemporaryFile(const std::wstring& neighbour)
-    : name(Openable(neighbour + L".jsontool-" + std::to_wstring(GetCurrentProcessId()))) {}
+    : name(Openable(FullName(neighbour) + L".jsontool-" + std::to_wstring(GetCurrentProcessId()))) {
+}
 
 TemporaryFile::~TemporaryFile() { DeleteFileW(name.c_str()); }
 
+bool TemporaryFile::Fill(const std::string& bytes) const {
+    const OpenFile file(_wfopen(name.c_str(), L"wb"));
+    const bool whole =
+        file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
+    return whole && std::fflush(file.get()) == 0;
+}
+
 void TemporaryFile::Replace(const std::wstring& other) const {
-    if (!MoveFileExW(name.c_str(), Openable(other).c_str(), MOVEFILE_REPLACE_EXISTING))
+    const std::wstring target = Openable(FullName(other));
+    // A file that is there leaves its rights and attributes to the new one. It is kept until all
+    // is done, for Windows can fail between taking the one away and putting the other in its place.
+    const std::wstring old = name + L".old";
+    if (!ReplaceFileW(target.c_str(), name.c_str(), old.c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS,
+                      nullptr, nullptr) &&
+        !MoveFileExW(name.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING))
         throw Failure{other + L": the file cannot be written"};
+    DeleteFileW(old.c_str());
 }
 
 }  // namespace tool

@@ -26,8 +26,18 @@ int Run(const Options& options) {
     const std::wstring path = FromUtf8(options.path);
     const auto item = parser.At(path);
     if (!item) throw Failure{input.Label() + L": there is nothing at " + path};
-    const bool raw = item->Kind() == ValueKind::kString && !options.json;
-    Print((raw ? std::wstring(item->As<std::wstring_view>().Get()) : JsonText().Of(*item)) + L"\n");
+    const std::wstring root = JsonOf(parser.Root().Get());
+    const std::wstring_view json = ValueAt(root, ItemPath(path)).value();
+    if (!HasWholePairs(json))
+        throw Failure{path + L" holds a surrogate without its other half, which UTF-8 cannot tell"};
+    if (options.json || item->Kind() != ValueKind::kString) {
+        Print(std::wstring(json) + L"\n");
+        return kGood;
+    }
+    const auto text = item->As<std::wstring_view>().Get();
+    if (Quoted(text) != json)
+        throw Failure{path + L" holds a U+0000, which ends the text; --json prints it whole"};
+    Print(std::wstring(text) + L"\n");
     return kGood;
 }
 

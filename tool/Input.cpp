@@ -1,6 +1,7 @@
 #include "Input.h"
 
 #include <cstdio>
+#include <utility>
 
 #include "Failure.h"
 #include "Files.h"
@@ -14,23 +15,22 @@ using namespace QXJSON::hosting;
 namespace {
 
 std::string ReadStandardInput() {
-    std::string bytes;
-    char block[64 * 1024];
-    while (const size_t count = std::fread(block, 1, sizeof block, stdin))
-        bytes.append(block, count);
-    return bytes;
+    auto bytes = ReadAll(stdin);
+    if (!bytes) throw Failure{L"the standard input cannot be read"};
+    return std::move(*bytes);
 }
 
 /// What an offset means, or why it is 0.
-std::wstring Remark(uint64_t offset, const std::string& bytes) {
-    if (offset == 0 && !bytes.empty()) return L" (the root has to be an object or an array)";
-    if (const auto position = PositionBefore(offset, bytes))
+std::wstring Remark(const LoadFailure& failure, const std::string& bytes) {
+    // Other failures without an offset have sentences of their own that say all.
+    if (failure.offset == 0 && failure.message == L"Invalid value.")
+        return L" (the root has to be an object or an array)";
+    if (const auto position = PositionBefore(failure.offset, bytes))
         return L" (line " + std::to_wstring(position->line) + L", column " +
                std::to_wstring(position->column) + L")";
     if (!IsUtf8(bytes))
         return L" (not UTF-8: the offset counts characters of the ANSI code page if the failure "
-               L"lies "
-               L"behind the first byte that is no UTF-8)";
+               L"lies behind the first byte that is no UTF-8)";
     return L"";
 }
 
@@ -43,6 +43,8 @@ Input::Input(const std::string& argument) : name(FromUtf8(argument)) {
 std::wstring Input::Label() const { return standardInput ? L"(standard input)" : name; }
 
 std::optional<std::wstring> Input::LoadInto(const Parser& parser) const {
+    if (standardInput && standardInput->size() > UINT32_MAX)
+        return Label() + L": 4 GiB at most; a file can be larger";
     const Result<void> loaded = standardInput
                                     ? parser.LoadBytes(standardInput->data(), standardInput->size())
                                     : parser.LoadFile(Openable(name));
@@ -57,7 +59,7 @@ std::wstring Input::Diagnosis(const Parser& parser, int result) const {
     std::wstring text = Label() + L":" + std::to_wstring(failure.offset) + L": ";
     text += failure.message;
     const std::optional<std::string> bytes = standardInput ? standardInput : ReadBytes(name);
-    return bytes ? text + Remark(failure.offset, *bytes) : text;
+    return bytes ? text + Remark(failure, *bytes) : text;
 }
 
 Parser Input::Parse() const {
@@ -69,7 +71,8 @@ Parser Input::Parse() const {
 Generator Input::Generate() const {
     Generator generator = NewGenerator();
     std::optional<TemporaryFile> file;  // for generators load no bytes
-    if (standardInput) file.emplace(*standardInput);
+    if (standardInput && !file.emplace().Fill(*standardInput))
+        throw Failure{file->Name() + L": a temporary file cannot be written"};
     const auto loaded = generator.LoadFile(file ? file->Name() : Openable(name));
     if (loaded) return generator;
     // A generator does not say what is wrong, a parser does.

@@ -1,6 +1,8 @@
 // jsontool inspect: a document as an outline.
 
+#include <algorithm>
 #include <memory>
+#include <vector>
 
 #include "Command.h"
 #include "Failure.h"
@@ -38,65 +40,72 @@ const wchar_t* NameOf(ValueKind kind) {
     }
 }
 
-std::wstring Counted(uint32_t count, const wchar_t* one, const wchar_t* many) {
+std::wstring Counted(size_t count, const wchar_t* one, const wchar_t* many) {
     return std::to_wstring(count) + L" " + (count == 1 ? one : many);
+}
+
+/// Whether a character moves the cursor, or turns the direction of what stands around it.
+bool MovesText(wchar_t c) {
+    return c < L' ' || (c >= 0x7F && c <= 0x9F) || (c >= 0x2028 && c <= 0x202E) ||
+           (c >= 0x2066 && c <= 0x2069);
 }
 
 class Outline {
 public:
     explicit Outline(const Options& how) : options(how) {}
 
-    void Show(const std::wstring& name, const Item& item, unsigned level) {
-        Print(std::wstring(2 * size_t{level}, L' ') + name + L"  " + NameOf(item.Kind()) +
-              Detail(item) + L"\n");
+    void Show(const std::wstring& name, std::wstring_view json, unsigned level) {
+        const ValueKind kind = KindOf(json);
+        const std::vector<Part> parts = PartsOf(json);
+        Print(std::wstring(2 * size_t{level}, L' ') + name + L"  " + NameOf(kind) +
+              Detail(kind, json, parts.size()) + L"\n");
         if (level == options.depth) return;
-        uint32_t position = 0;
-        for (const auto& child : item.Children()) {
+        size_t position = 0;
+        for (const Part& part : parts) {
             ++position;
-            Show(item.Kind() == ValueKind::kObject ? OnOneLine(std::wstring(child.name))
-                                                   : L"[" + std::to_wstring(position) + L"]",
-                 child.value, level + 1);
+            Show(kind == ValueKind::kObject ? OnOneLine(part.key.substr(1, part.key.size() - 2))
+                                            : L"[" + std::to_wstring(position) + L"]",
+                 part.value, level + 1);
         }
     }
 
 private:
     /// What there is to say of a value besides its kind.
-    std::wstring Detail(const Item& item) const {
-        switch (item.Kind()) {
+    std::wstring Detail(ValueKind kind, std::wstring_view json, size_t count) const {
+        switch (kind) {
             case ValueKind::kObject:
-                return L", " + Counted(item.Count().Get(), L"member", L"members");
+                return L", " + Counted(count, L"member", L"members");
             case ValueKind::kArray:
-                return L", " + Counted(item.Count().Get(), L"element", L"elements");
+                return L", " + Counted(count, L"element", L"elements");
             case ValueKind::kNull:
                 return L"";
             default:
-                return L"  " + OnOneLine(json.Of(item));
+                return L"  " + OnOneLine(json);
         }
     }
 
-    /// A text that is cut when it is long, and lets no character move the cursor.
-    std::wstring OnOneLine(std::wstring text) const {
+    /// A text that is cut when it is long, and stays where it is put.
+    std::wstring OnOneLine(std::wstring_view whole) const {
+        std::wstring text(whole);
         if (text.size() > options.width) {
             size_t length = options.width;
             if (IS_HIGH_SURROGATE(text[length - 1])) --length;
             text = text.substr(0, length) + L"...";
         }
-        for (wchar_t& c : text)
-            if (c < L' ' || c == 0x7F) c = L' ';
+        std::replace_if(text.begin(), text.end(), MovesText, L' ');
         return text;
     }
 
     const Options& options;
-    JsonText json;
 };
 
 int Run(const Options& options) {
     const Input input(options.file);
     const Parser parser = input.Parse();
     const std::wstring path = FromUtf8(options.path);
-    const auto start = parser.At(path);
-    if (!start) throw Failure{input.Label() + L": there is nothing at " + path};
-    Outline(options).Show(path, *start, 0);
+    if (!parser.At(path)) throw Failure{input.Label() + L": there is nothing at " + path};
+    const std::wstring root = JsonOf(parser.Root().Get());
+    Outline(options).Show(path, ValueAt(root, ItemPath(path)).value(), 0);
     return kGood;
 }
 

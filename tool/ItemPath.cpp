@@ -1,46 +1,49 @@
 #include "ItemPath.h"
 
+#include <cstdlib>
+
 #include "Failure.h"
 
 namespace tool {
-namespace {
-
-/// Replaces every occurrence of one pair of characters, from left to right.
-std::wstring Replaced(std::wstring text, const wchar_t* pair, const std::wstring& by) {
-    for (size_t at = 0; (at = text.find(pair, at, 2)) != std::wstring::npos; at += by.size())
-        text.replace(at, 2, by);
-    return text;
-}
-
-}  // namespace
 
 ItemPath::ItemPath(const std::wstring& path) {
     if (path.empty() || path[0] != L'/')
         throw Failure{path + L": an item path begins with a slash"};
-    size_t last = 0;
+    if (path == L"/") return;
     for (size_t at = 0; at < path.size(); ++at) {
-        if (path[at] == L'~' && path.compare(at, 2, L"~/") == 0)
-            ++at;  // a slash inside of a key
-        else if (path[at] == L'/')
-            last = at;
+        if (path[at] == L'/') {
+            segments.emplace_back();
+            continue;
+        }
+        segments.back() += path[at];
+        if (path.compare(at, 2, L"~/") == 0) segments.back() += path[++at];
     }
-    parent = last == 0 ? L"/" : path.substr(0, last);
-    segment = path.substr(last + 1);
 }
 
-std::wstring ItemPath::RememberedKey() const { return Replaced(segment, L"~/", L"~1"); }
-
-std::wstring ItemPath::Key() const {
-    return Replaced(Replaced(RememberedKey(), L"~1", L"/"), L"~0", L"~");
+std::wstring ItemPath::Text() const {
+    std::wstring text;
+    for (const std::wstring& segment : segments) text += L"/" + segment;
+    return text.empty() ? L"/" : text;
 }
 
-uint32_t ItemPath::Position() const {
-    uint32_t position = 0;
-    for (const wchar_t c : segment) {
-        if (c < L'0' || c > L'9' || position > 100000000) return 0;
-        position = 10 * position + static_cast<uint32_t>(c - L'0');
+std::wstring KeyOf(const std::wstring& segment) {
+    std::wstring key;
+    for (size_t at = 0; at < segment.size(); ++at) {
+        if (segment[at] != L'~') {
+            key += segment[at];
+            continue;
+        }
+        const wchar_t escaped = ++at < segment.size() ? segment[at] : L'\0';
+        if (escaped != L'0' && escaped != L'1' && escaped != L'/')
+            throw Failure{segment + L": a tilde inside of a key is written ~0, a slash ~/"};
+        key += escaped == L'0' ? L'~' : L'/';
     }
-    return position;
+    return key;
+}
+
+uint32_t PositionOf(const std::wstring& segment) {
+    const int position = _wtoi(segment.c_str());  // as the library reads it
+    return position > 0 ? static_cast<uint32_t>(position) : 0;
 }
 
 }  // namespace tool

@@ -1,24 +1,27 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace tool {
 
-/// An item path, taken apart into the path of the parent and the last segment. Not for the root.
+/// An item path, taken apart.
 struct ItemPath {
     /// Throws Failure for what does not begin with a slash.
     explicit ItemPath(const std::wstring& path);
 
-    std::wstring parent;
-    std::wstring segment;  ///< as it stands in the path
+    std::vector<std::wstring> segments;  ///< as they stand in the path; none for the root
 
-    /// The key that the segment stands for.
-    std::wstring Key() const;
-    /// The segment as the generator remembers it for a member that has a handle: the key with its
-    /// slashes and tildes escaped as in a JSON Pointer.
-    std::wstring RememberedKey() const;
-    /// The position that the segment stands for in an array, from 1; 0 for none.
-    uint32_t Position() const;
+    /// The path again.
+    std::wstring Text() const;
 };
+
+/// The key that a segment stands for in an object. Throws Failure for a tilde that is none of an
+/// escape, for no key is written so.
+std::wstring KeyOf(const std::wstring& segment);
+
+/// The position that a segment stands for in an array, from 1; 0 for none.
+uint32_t PositionOf(const std::wstring& segment);
 
 }  // namespace tool

@@ -1,27 +1,41 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "ItemPath.h"
 #include "Library.h"
 
 namespace tool {
 
-/// Has the library write single values, as it writes them inside of documents.
-class JsonText {
-public:
-    JsonText() : scratch(NewGenerator()) {}
+// The library hands strings and keys out without their lengths, so that a U+0000 ends them for
+// their reader. In its JSON text they are whole, and documents are taken apart and put together in
+// that form: compact, as the library writes it.
 
-    /// The JSON of a value.
-    std::wstring Of(const QXJSON::hosting::Item& item) const;
-    /// A text as a JSON string.
-    std::wstring Of(std::wstring_view text) const;
+/// The JSON of an object or array; Failure where it is nested too deeply.
+std::wstring JsonOf(const QXJSON::hosting::Item& container);
 
-private:
-    std::wstring OfNumber(const QXJSON::hosting::Item& item) const;
-    std::wstring OfOnlyElement() const;
+/// A text as a JSON string.
+std::wstring Quoted(std::wstring_view text);
 
-    QXJSON::hosting::Generator scratch;
+/// The kind of the value that a JSON text is.
+QXJSON::hosting::ValueKind KindOf(std::wstring_view json);
+
+/// A member or element inside of the JSON of its container.
+struct Part {
+    std::wstring_view key;  ///< in its quotation marks; empty for an element
+    std::wstring_view value;
 };
+
+/// What a container holds; nothing for any other value.
+std::vector<Part> PartsOf(std::wstring_view json);
+
+/// Finds the member, the first of its key, or the element that a segment of a path names.
+std::optional<Part> Find(std::wstring_view container, const std::wstring& segment);
+
+/// The JSON of the value at a path, inside of the JSON of the root.
+std::optional<std::wstring_view> ValueAt(std::wstring_view json, const ItemPath& path);
 
 }  // namespace tool

@@ -1,6 +1,8 @@
 // jsontool merge: one object of several.
 
 #include <memory>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "Command.h"
@@ -21,12 +23,19 @@ struct Options {
     bool ignoreCase = false;
 };
 
-/// The members of some objects, kept in a package: it knows which keys are the same, and keeps the
-/// places of those that come again. Each value is wrapped into an array, for a package can be given
-/// any value inside of JSON, but no null and no number beyond a double by itself.
+/// A key as the one that it is the same as: ASCII letters in small. The letters of escapes in JSON
+/// are not in the way, for none of them exists in both cases with two meanings.
+std::wstring Folded(std::wstring_view key) {
+    std::wstring folded(key);
+    for (wchar_t& c : folded)
+        if (c >= L'A' && c <= L'Z') c = static_cast<wchar_t>(c - L'A' + L'a');
+    return folded;
+}
+
+/// The members of some objects, in JSON. Those that come again keep their place.
 class Members {
 public:
-    explicit Members(bool ignoreCase) { package.IgnoreCase(ignoreCase).Get(); }
+    explicit Members(bool casesAreIgnored) : ignoreCase(casesAreIgnored) {}
 
     /// Adds the members of an object, in the place of earlier ones of the same key.
     void Add(const Input& input) {
@@ -34,36 +43,33 @@ public:
         const Item root = parser.Root().Get();
         if (root.Kind() != ValueKind::kObject)
             throw Failure{input.Label() + L": the root has to be an object"};
-        for (const auto& member : root.Children())
-            if (!package.SetJson(member.name, L"[" + json.Of(member.value) + L"]"))
-                throw Failure{input.Label() + L": the member " + json.Of(member.name) +
-                              L" cannot be merged: it holds a number that is not finite"};
+        const std::wstring json = JsonOf(root);
+        for (const Part& part : PartsOf(json)) {
+            const std::wstring key = ignoreCase ? Folded(part.key) : std::wstring(part.key);
+            const auto [place, isNew] = places.try_emplace(key, members.size());
+            if (isNew) members.emplace_back(part.key, L"");
+            members[place->second].second = part.value;
+        }
     }
 
     /// The object of all members.
-    Generator Document() const {
-        std::wstring text = L"{";
-        const uint32_t count = package.Count().Get();
-        for (uint32_t i = 0; i < count; ++i) {
-            const std::wstring_view name = package.NameAt(i).Get();
-            const std::wstring_view wrapped = package.Text(name).Get();
-            text += (i > 0 ? L"," : L"") + json.Of(name) + L":";
-            text += wrapped.substr(1, wrapped.size() - 2);
-        }
-        Generator document = NewGenerator();
-        document.Load(text + L"}").Get();
-        return document;
+    std::wstring Json() const {
+        std::wstring json = L"{";
+        for (const auto& [key, value] : members)
+            json.append(json.size() > 1 ? L"," : L"").append(key).append(L":").append(value);
+        return json + L"}";
     }
 
 private:
-    Package package = NewPackage();
-    JsonText json;
+    bool ignoreCase;
+    std::vector<std::pair<std::wstring, std::wstring>> members;  ///< keys and values
+    std::unordered_map<std::wstring, size_t> places;
 };
 
 int Run(const Options& options) {
     Members members(options.ignoreCase);
     for (const std::string& file : options.files) members.Add(Input(file));
-    Write(members.Document(), options.out, {});
+    Write(members.Json(), options.out);
     return kGood;
 }
 

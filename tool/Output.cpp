@@ -12,7 +12,15 @@ using namespace QXJSON::hosting;
 
 namespace {
 
+constexpr wchar_t kLoneSurrogate[] = L"a surrogate is without its other half";
+
 void PrintBytes(std::string_view bytes) { std::fwrite(bytes.data(), 1, bytes.size(), stdout); }
+
+[[noreturn]] void FailWriting(const std::wstring& label, const Layout& layout) {
+    const std::wstring notFinite = layout.indented ? L", or a number is not finite" : L"";
+    throw Failure{label + L": not all could be written: there is no room for it, or " +
+                  kLoneSurrogate + notFinite};
+}
 
 /// The library tells of a file that it cannot open, and of nothing that happens to it later. So it
 /// reads what it has written.
@@ -23,25 +31,27 @@ void Save(const Generator& document, const std::wstring& file, const std::wstrin
     if (saved.Code() == QXJSON::kEscapedFailure)
         throw Failure{label + L": nested too deeply to be written"};
     if (!saved) throw Failure{label + L": the file cannot be written"};
-    if (NewParser().LoadFile(file)) return;
-    throw Failure{label + (layout.indented
-                               ? L": not all could be written; numbers that are not finite "
-                                 L"have no indented form"
-                               : L": not all could be written")};
+    if (!NewParser().LoadFile(file)) FailWriting(label, layout);
 }
 
 /// The document for the standard output, without a mark.
 std::string BytesOf(const Generator& document, const Layout& layout) {
+    const std::wstring label = L"(standard output)";
     if (layout.indented) {
         // There is no such text in memory.
-        const TemporaryFile file{std::string()};
-        Save(document, file.Name(), L"(standard output)", layout);
+        const TemporaryFile file;
+        Save(document, file.Name(), label, layout);
+        const auto bytes = ReadBytes(file.Name());
         constexpr size_t kMark = 3;
-        return ReadBytes(file.Name()).value_or("").substr(kMark);
+        if (!bytes || bytes->size() < kMark)
+            throw Failure{file.Name() + L": a temporary file cannot be read"};
+        return bytes->substr(kMark);
     }
     const auto bytes = document.Encoded(layout.encoding);
     if (!bytes)
         throw Failure{L"the document cannot be written: " + FromUtf8(Describe(bytes.Code()))};
+    if (bytes->size > UINT32_MAX) throw Failure{label + L": 4 GiB at most; a file can be larger"};
+    if (!NewParser().LoadBytes(bytes->data, bytes->size)) FailWriting(label, layout);
     return {bytes->begin(), bytes->end()};
 }
 
@@ -66,6 +76,21 @@ void Write(const Generator& document, const std::string& out, const Layout& layo
     const TemporaryFile file(name);
     Save(document, file.Name(), name, layout);
     file.Replace(name);
+}
+
+void Write(std::wstring_view json, const std::string& out) {
+    const std::wstring label = out == "-" ? L"(standard output)" : FromUtf8(out);
+    if (!HasWholePairs(json)) throw Failure{label + L": " + kLoneSurrogate};
+    if (out == "-") {
+        Print(json);
+        Print(L"\n");
+        return;
+    }
+    const TemporaryFile file(label);
+    if (!file.Fill("\xEF\xBB\xBF" + ToUtf8(json)))
+        throw Failure{label + L": the file cannot be written"};
+    if (!NewParser().LoadFile(file.Name())) throw Failure{label + L": not all could be written"};
+    file.Replace(label);
 }
 
 }  // namespace tool

@@ -23,5 +23,8 @@ struct Layout {
 /// has been written, and stays as it was otherwise. Throws Failure.
 void Write(const QXJSON::hosting::Generator& document, const std::string& out,
            const Layout& layout);
+/// Writes the compact JSON of a document in the same way, in UTF-8: as it is, so that no number is
+/// read and written once more.
+void Write(std::wstring_view json, const std::string& out);
 
 }  // namespace tool

@@ -1,7 +1,7 @@
 // jsontool set: a document with another value in one place.
 
 #include <memory>
-#include <optional>
+#include <vector>
 
 #include "Command.h"
 #include "Failure.h"
@@ -22,129 +22,59 @@ struct Options {
     bool isString = false;
 };
 
-/// A place in a document under construction that a value can be put into.
-struct Place {
-    const Generator& document;
-    Container parent;
-    std::wstring parentPath;
-    std::optional<std::wstring> key;  ///< none to append
-
-    template <class T>
-    int Put(const T& value) const {
-        return (key ? parent.Add(*key, value) : parent.Append(value)).Code();
-    }
-    /// By path, where a number without a fraction stays a double.
-    int PutDouble(double value) const {
-        uint32_t handle = 0;
-        const wchar_t* const path = parentPath.c_str();
-        return key ? document->AddObjectItemDoubleByPath(path, key->c_str(), value, &handle)
-                   : document->AddArrayItemDoubleByPath(path, value, &handle);
-    }
-    int PutJson(std::wstring_view json) const {
-        return (key ? parent.AddJson(*key, json) : parent.AppendJson(json)).Code();
-    }
-};
-
-int Put(const Place& place, const Item& value) {
-    switch (value.Kind()) {
-        case ValueKind::kString:
-            return place.Put(value.As<std::wstring_view>().Get());
-        case ValueKind::kNumber:
-            if (const auto number = value.As<int64_t>()) return place.Put(*number);
-            if (const auto number = value.As<uint64_t>()) return place.Put(*number);
-            return place.PutDouble(value.As<double>().Get());
-        case ValueKind::kBoolean:
-            return place.Put(value.As<bool>().Get());
-        case ValueKind::kNull:
-            return place.Put(nullptr);
-        default:
-            return place.PutJson(value.Json().Get());
-    }
-}
-
-/// Puts a value in the place of an element that is there.
-int Replace(const Place& element, const std::wstring& path, const Item& value) {
-    const bool object = value.Kind() == ValueKind::kObject;
-    if (!object && value.Kind() != ValueKind::kArray) return Put(element, value);
-    // No JSON can be grafted there, but an empty container can be put there and filled.
-    const auto container =
-        object ? element.parent.AddObject(*element.key) : element.parent.AddArray(*element.key);
-    int result = container.Code();
-    for (const auto& child : value.Children()) {
-        if (result != QXJSON::kSuccess) break;
-        Place place = {element.document, *container, path, std::nullopt};
-        if (object) place.key = child.name;
-        result = Put(place, child.value);
-    }
-    return result;
-}
-
-int SetMember(const Place& object, const ItemPath& path, bool exists, const Item& value) {
-    Place member = object;
-    member.key = exists ? path.RememberedKey() : path.Key();
-    return Put(member, value);
-}
-
-int SetElement(const Place& array, const ItemPath& path, uint32_t count, const Item& value) {
-    const uint32_t position = path.Position();
-    if (position == 0 || position > count + 1)
-        throw Failure{path.segment + L": the array has the positions 1 to " +
-                      std::to_wstring(count) + L", and " + std::to_wstring(count + 1) +
-                      L" to append"};
-    if (position == count + 1) return Put(array, value);
-    // An item that has a handle is overwritten in any parent, by the last part of the path that its
-    // handle is remembered under. In an array that is its position from 0.
-    Place element = array;
-    element.key = std::to_wstring(position - 1);
-    return Replace(element, array.parentPath + L"/" + path.segment, value);
-}
-
-/// Sets a value in a document, which `original` has loaded as well.
-void SetAt(const Generator& document, const Parser& original, const std::wstring& path,
-           const Item& value) {
-    int result = 0;
-    if (path == L"/") {
-        if (value.Kind() != ValueKind::kObject && value.Kind() != ValueKind::kArray)
-            throw Failure{L"the root has to be an object or an array"};
-        result = document.Load(value.Json().Get()).Code();
-    } else {
-        const ItemPath parts(path);
-        const auto parent = original.At(parts.parent);
-        if (!parent) throw Failure{L"there is nothing at " + parts.parent};
-        // What has a handle is overwritten, and all else would be there twice.
-        const bool exists = static_cast<bool>(document.At(path));
-        const Place place = {document, document.At(parts.parent).Get(), parts.parent, std::nullopt};
-        if (parent->Kind() == ValueKind::kObject)
-            result = SetMember(place, parts, exists, value);
-        else if (parent->Kind() == ValueKind::kArray)
-            result = SetElement(place, parts, parent->Count().Get(), value);
-        else
-            throw Failure{parts.parent + L" is neither an object nor an array"};
-    }
-    if (result != QXJSON::kSuccess)
-        throw Failure{path + L" cannot be set: " + FromUtf8(Describe(result))};
-}
-
-/// The only element of an array that holds what the command line says.
-Parser ValueOf(const Options& options) {
+/// The JSON of the value on the command line.
+std::wstring ValueOf(const Options& options) {
     const std::wstring text = FromUtf8(options.value);
-    Parser parser = NewParser();
-    const auto loaded = parser.Load(L"[" + (options.isString ? JsonText().Of(text) : text) + L"]");
-    if (!loaded) {
+    if (options.isString) return Quoted(text);
+    const Parser parser = NewParser();
+    if (!parser.Load(L"[" + text + L"]")) {
         std::wstring message = text + L": no JSON; --string takes it for a text: ";
         throw Failure{message.append(parser.Failure().message)};
     }
-    if (parser.Root().Get().Count().Get() != 1) throw Failure{text + L": not one value"};
-    return parser;
+    const std::wstring array = JsonOf(parser.Root().Get());
+    const std::vector<Part> parts = PartsOf(array);
+    if (parts.size() != 1) throw Failure{text + L": not one value"};
+    return std::wstring(parts[0].value);
+}
+
+bool IsContainer(std::wstring_view json) {
+    return KindOf(json) == ValueKind::kObject || KindOf(json) == ValueKind::kArray;
+}
+
+/// What stands in front of a value that a container does not have yet.
+std::wstring Introduction(std::wstring_view container, const std::wstring& segment) {
+    const size_t count = PartsOf(container).size();
+    const std::wstring separator = count > 0 ? L"," : L"";
+    if (KindOf(container) == ValueKind::kObject) return separator + Quoted(KeyOf(segment)) + L":";
+    if (PositionOf(segment) == count + 1) return separator;
+    throw Failure{segment + L": the array has the positions 1 to " + std::to_wstring(count) +
+                  L", and " + std::to_wstring(count + 1) + L" to append"};
+}
+
+/// The JSON of a document with another value in one place.
+std::wstring WithValueAt(std::wstring_view json, ItemPath path, const std::wstring& value) {
+    if (path.segments.empty()) {
+        if (!IsContainer(value)) throw Failure{L"the root has to be an object or an array"};
+        return value;
+    }
+    const std::wstring last = path.segments.back();
+    path.segments.pop_back();
+    const auto parent = ValueAt(json, path);
+    if (!parent) throw Failure{L"there is nothing at " + path.Text()};
+    if (!IsContainer(*parent)) throw Failure{path.Text() + L" is neither an object nor an array"};
+
+    const auto before = Find(*parent, last);
+    const std::wstring added = before ? value : Introduction(*parent, last) + value;
+    const std::wstring_view place = before ? before->value : parent->substr(parent->size() - 1, 0);
+    const auto at = static_cast<size_t>(place.data() - json.data());
+    return std::wstring(json.substr(0, at)).append(added).append(json.substr(at + place.size()));
 }
 
 int Run(const Options& options) {
-    const Parser value = ValueOf(options);
-    const Input input(options.file);
-    const Parser original = input.Parse();
-    const Generator document = input.Generate();
-    SetAt(document, original, FromUtf8(options.path), value.At(L"/1").Get());
-    Write(document, options.out, {});
+    const std::wstring value = ValueOf(options);
+    const Parser document = Input(options.file).Parse();
+    const std::wstring json = JsonOf(document.Root().Get());
+    Write(WithValueAt(json, ItemPath(FromUtf8(options.path)), value), options.out);
     return kGood;
 }
 

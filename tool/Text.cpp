@@ -47,4 +47,15 @@ bool IsUtf8(std::string_view bytes) {
     return bytes.empty() || WideLength(bytes, MB_ERR_INVALID_CHARS) > 0;
 }
 
+bool HasWholePairs(std::wstring_view text) {
+    for (size_t at = 0; at < text.size(); ++at) {
+        if (!IS_HIGH_SURROGATE(text[at])) {
+            if (IS_LOW_SURROGATE(text[at])) return false;
+        } else if (++at == text.size() || !IS_LOW_SURROGATE(text[at])) {
+            return false;
+        }
+    }
+    return true;
+}
+
 }  // namespace tool

@@ -15,4 +15,7 @@ std::wstring FromUtf8(std::string_view text);
 /// Whether bytes are UTF-8 from end to end.
 bool IsUtf8(std::string_view bytes);
 
+/// Whether UTF-8 can tell all of a text: no half of a surrogate pair is without the other.
+bool HasWholePairs(std::wstring_view text);
+
 }  // namespace tool

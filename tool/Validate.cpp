@@ -58,24 +58,36 @@ public:
         ++files;
         if (const auto wrong = input.LoadInto(parser)) {
             ++bad;
-            progress.Clear();
-            Print(*wrong + L"\n");
-            Flush();
+            Tell(*wrong);
         }
         progress.Show(files, bad);
+    }
+
+    /// Takes note of a folder whose files cannot be checked.
+    void Miss(const std::wstring& folder) {
+        ++missed;
+        Tell(folder + L": the folder cannot be listed");
     }
 
     int Conclude() {
         progress.Clear();
         Print(std::to_wstring(files) + (files == 1 ? L" file, " : L" files, ") +
-              std::to_wstring(bad) + L" bad\n");
-        return bad > 0 ? kBad : kGood;
+              std::to_wstring(bad) + L" bad" +
+              (missed > 0 ? L", " + std::to_wstring(missed) + L" not listed\n" : L"\n"));
+        return bad + missed > 0 ? kBad : kGood;
     }
 
 private:
+    void Tell(const std::wstring& finding) {
+        progress.Clear();
+        Print(finding + L"\n");
+        Flush();
+    }
+
     Parser parser = NewParser();
     Progress progress;
     size_t files = 0, bad = 0;
+    size_t missed = 0;  ///< folders
 };
 
 int Run(const Options& options) {
@@ -83,8 +95,9 @@ int Run(const Options& options) {
     for (const std::string& name : options.names) {
         const std::wstring wide = FromUtf8(name);
         if (IsFolder(wide)) {
-            for (const std::wstring& file : FilesBelow(wide, FromUtf8(options.pattern)))
-                validation.Check(Input(file));
+            const FoundFiles found = FilesBelow(wide, FromUtf8(options.pattern));
+            for (const std::wstring& file : found.files) validation.Check(Input(file));
+            for (const std::wstring& folder : found.unlisted) validation.Miss(folder);
         } else {
             validation.Check(Input(name));
         }
@@ -109,9 +122,8 @@ Command Validate(CLI::App& program) {
     line->footer(
         "A line for each failure: FILE:OFFSET: MESSAGE (line LINE, column COLUMN)\n"
         "The offset is that in bytes of where reading stopped; the line and the column, in "
-        "characters "
-        "from 1,\nare those of the last character that was read. Text that is not UTF-8 is read in "
-        "the "
+        "characters from 1,\nare those of the last character that was read. Text that is not UTF-8 "
+        "is read in the "
         "ANSI code page,\nwhere the offset counts characters.");
     return {line, [options] { return Run(*options); }};
 }

@@ -1,6 +1,6 @@
 // Building documents, by handle and by reference, and handing them back.
 
-#include <vector>
+#include <limits>
 
 #include "Host.h"
 #include "TempFile.h"
@@ -80,6 +80,41 @@ TEST(HostBuilding, EveryTypeByReference) {
     EXPECT_EQ(kEveryMember, generator.Text().Get());
     AppendEveryType(generator.NewArrayValue().Get());
     EXPECT_EQ(kEveryElement, generator.Text().Get());
+}
+
+/// The least and the greatest value of an integer type, by all ways into a document.
+template <class T>
+void ExpectBounds(const wchar_t* json) {
+    SCOPED_TRACE(testing::PrintToString(json));
+    const T least = (std::numeric_limits<T>::min)(), greatest = (std::numeric_limits<T>::max)();
+    const Generator generator = NewGenerator();
+    const Container array = generator.NewArray().Get();
+    array.Append(least).Get();
+    array.Append(greatest).Get();
+    EXPECT_EQ(L"[" + std::wstring(json) + L"]", generator.Text().Get());
+
+    const ValueContainer object = generator.NewObjectValue().Get();
+    object.Add(L"least", least).Get();
+    object.Add(L"greatest", greatest).Get();
+    const Parser parser = Loaded(generator.Text().Get());
+    EXPECT_EQ(least, parser.As<T>(L"/least").Get());
+    EXPECT_EQ(greatest, parser.RootValue().Get().MemberAs<T>(L"greatest").Get());
+    EXPECT_EQ(greatest, parser.At(L"/greatest").Get().As<T>().Get());
+}
+
+TEST(HostBuilding, IntegersByAnyNameOfTheirType) {
+    ExpectBounds<signed char>(L"-128,127");
+    ExpectBounds<unsigned char>(L"0,255");
+    ExpectBounds<short>(L"-32768,32767");
+    ExpectBounds<unsigned short>(L"0,65535");
+    ExpectBounds<int>(L"-2147483648,2147483647");
+    ExpectBounds<unsigned>(L"0,4294967295");
+    ExpectBounds<long>(L"-2147483648,2147483647");
+    ExpectBounds<unsigned long>(L"0,4294967295");
+    ExpectBounds<DWORD>(L"0,4294967295");
+    ExpectBounds<long long>(L"-9223372036854775808,9223372036854775807");
+    ExpectBounds<unsigned long long>(L"0,18446744073709551615");
+    ExpectBounds<size_t>(L"0,18446744073709551615");
 }
 
 TEST(HostBuilding, WhatComesBackNamesTheValue) {

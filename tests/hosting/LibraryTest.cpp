@@ -44,13 +44,26 @@ TEST(HostLibrary, UnloadedWithItsOwner) {
     {
         Library first(copy.c_str());
         ExpectUseful(first);
-        const Library second = std::move(first);
+        Library second = std::move(first);
         ExpectUseful(second);
+        ExpectUseless(first);
+        EXPECT_EQ(nullptr, first.Module());
+        first = std::move(second);
+        ExpectUseful(first);
+        ExpectUseless(second);
+        second = std::move(first);
         EXPECT_EQ(GetModuleHandleW(copy.c_str()), second.Module());
         EXPECT_NE(nullptr, second.Module());
     }
     EXPECT_EQ(nullptr, GetModuleHandleW(copy.c_str()));
     std::filesystem::remove(copy);
+}
+
+TEST(HostLibrary, ALinkedOneMoves) {
+    Library first(CreateJsonParser, CreateJsonGenerator, CreateJsonPackageInterface);
+    const Library second = std::move(first);
+    ExpectUseful(second);
+    ExpectUseless(first);
 }
 
 TEST(HostLibrary, NotThere) {

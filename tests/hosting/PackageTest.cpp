@@ -49,6 +49,23 @@ TEST(HostPackages, SetAndRead) {
     EXPECT_EQ(5.0, package.As<double>(L"nothing").Or(5.0));
 }
 
+/// Whether a package takes a T for the value of a key.
+template <class T, class = void>
+constexpr bool kTakes = false;
+template <class T>
+constexpr bool
+    kTakes<T, std::void_t<decltype(std::declval<const Package&>().Set(L"", std::declval<T>()))>> =
+        true;
+
+TEST(HostPackages, CharactersAreNoNumbers) {
+    static_assert(!kTakes<char> && !kTakes<wchar_t> && !kTakes<char16_t> && !kTakes<char32_t>);
+    static_assert(kTakes<unsigned char> && kTakes<short> && kTakes<DWORD> && kTakes<float>);
+    const Package package = NewPackage();
+    package.Set(L"byte", uint8_t{65}).Get();
+    package.Set(L"long", DWORD{4000000000}).Get();
+    EXPECT_EQ(L"{\"byte\":65,\"long\":4000000000}", package.Text().Get());
+}
+
 TEST(HostPackages, Kinds) {
     struct Row {
         const wchar_t* key;

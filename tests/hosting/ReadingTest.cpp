@@ -70,6 +70,10 @@ TEST(HostReading, Int64) {
 TEST(HostReading, Uint64) {
     ExpectOnly<uint64_t>({{L"uint", 3000000000u}, {L"uint64", UINT64_MAX}});
 }
+TEST(HostReading, Int16) { ExpectOnly<int16_t>({{L"int", -5}}); }
+TEST(HostReading, Uint8) { ExpectOnly<uint8_t>({}); }
+TEST(HostReading, Long) { ExpectOnly<long>({{L"int", -5}}); }
+TEST(HostReading, UnsignedLong) { ExpectOnly<unsigned long>({{L"uint", 3000000000u}}); }
 TEST(HostReading, Texts) {
     ExpectOnly<std::wstring_view>({{L"text", L"\u00C6r\u00F8"}, {L"blob", L"AAEC/w=="}});
 }
@@ -232,6 +236,25 @@ TEST(HostReading, ClassesOfNumbers) {
     for (const auto& child : parser.Root().Get().Children())
         EXPECT_EQ(expected[index++], child.value.Class().Get());
     EXPECT_EQ(-3, parser.Root().Get().Class().Code());
+}
+
+TEST(HostReading, IteratorsAreThoseOfTheStandardLibrary) {
+    const Parser parser = Loaded(kShip);
+    const auto children = parser.Root().Get().Children();
+    auto at = children.begin();
+    EXPECT_EQ(L"name", at->name);
+    EXPECT_EQ(L"name", (*at++).name);
+    EXPECT_EQ(L"crew", at->name);
+    EXPECT_EQ(ValueKind::kArray, at->value.Kind());
+    EXPECT_EQ(L"moored", (++at)->name);
+    const auto isObject = [](const auto& child) {
+        return child.value.Kind() == ValueKind::kObject;
+    };
+    const auto found = std::find_if(children.begin(), children.end(), isObject);
+    ASSERT_NE(children.end(), found);
+    EXPECT_EQ(L"berth", found->name);
+    using Traits = std::iterator_traits<decltype(found)>;
+    static_assert(std::is_same_v<Traits::pointer, decltype(found.operator->())>);
 }
 
 TEST(HostReading, ALoopOverWhatIsGoneThrows) {

@@ -67,6 +67,24 @@ TEST(HostResults, EveryOtherCodeIsAFailureInEveryStyle) {
     }
 }
 
+/// Whether a result of T takes a U in its place.
+template <class T, class U, class = void>
+constexpr bool kTakes = false;
+template <class T, class U>
+constexpr bool
+    kTakes<T, U, std::void_t<decltype(std::declval<const Result<T>&>().Or(std::declval<U>()))>> =
+        true;
+
+TEST(HostResults, ViewsTakeNoStringThatIsAboutToEnd) {
+    using View = std::wstring_view;
+    static_assert(!kTakes<View, std::wstring> && !kTakes<View, const std::wstring>);
+    static_assert(kTakes<View, std::wstring&> && kTakes<View, const std::wstring&>);
+    static_assert(kTakes<View, const wchar_t*> && kTakes<View, View>);
+    static_assert(kTakes<std::wstring, std::wstring>);
+    const std::wstring lasting = L"lasting";
+    EXPECT_EQ(lasting, Result<View>(0).Or(lasting));
+}
+
 TEST(HostResults, SuccessWithoutValue) {
     const Result<void> result(QXJSON::kSuccess);
     EXPECT_TRUE(result);
