@@ -17,11 +17,12 @@ struct CheckedUtf16 : rapidjson::UTF16<wchar_t> {};
 /// The source of a writer's strings.
 using StringSource = rapidjson::GenericStringStream<JsonEncoding>;
 
-/// Moves the units up to `end` from a string to a buffer in which the writer has reserved room for
+/// Moves the units up to `end` from a string to an output in which the writer has reserved room for
 /// the string. The string has its zero behind it, where a run ends too.
-inline void CopyUpTo(const wchar_t* end, StringSource& source, JsonTextBuffer& buffer) {
+template <class Output>
+void CopyUpTo(const wchar_t* end, StringSource& source, Output& output) {
     const auto count = static_cast<size_t>(end - source.src_);
-    CopyUnits(buffer.PushUnsafe(count), source.src_, count);
+    CopyUnits(output.PushUnsafe(count), source.src_, count);
     source.src_ = end;
 }
 
@@ -31,13 +32,15 @@ namespace rapidjson {
 
 template <>
 struct Transcoder<UTF16<wchar_t>, QXJSON::CopiedUtf16> {
-    static bool TranscodeUnsafe(QXJSON::StringSource& is, QXJSON::JsonTextBuffer& os) {
+    template <class Output>
+    static bool TranscodeUnsafe(QXJSON::StringSource& is, Output& os) {
         QXJSON::CopyUpTo(QXJSON::EndOfRun(is.src_), is, os);
         return true;
     }
 
     // LCOV_EXCL_START: needed to compile; no writer of this library validates
-    static bool Validate(QXJSON::StringSource& is, QXJSON::JsonTextBuffer& os) {
+    template <class Output>
+    static bool Validate(QXJSON::StringSource& is, Output& os) {
         return TranscodeUnsafe(is, os);
     }
     // LCOV_EXCL_STOP
@@ -45,7 +48,8 @@ struct Transcoder<UTF16<wchar_t>, QXJSON::CopiedUtf16> {
 
 template <>
 struct Transcoder<UTF16<wchar_t>, QXJSON::CheckedUtf16> {
-    static bool TranscodeUnsafe(QXJSON::StringSource& is, QXJSON::JsonTextBuffer& os) {
+    template <class Output>
+    static bool TranscodeUnsafe(QXJSON::StringSource& is, Output& os) {
         const wchar_t* end = QXJSON::EndOfPlainRun(is.src_);
         if (end == is.src_) {  // a surrogate
             if (!QXJSON::IsHighSurrogate(end[0]) || !QXJSON::IsLowSurrogate(end[1])) return false;
@@ -56,7 +60,8 @@ struct Transcoder<UTF16<wchar_t>, QXJSON::CheckedUtf16> {
     }
 
     // LCOV_EXCL_START: needed to compile; no writer of this library validates
-    static bool Validate(QXJSON::StringSource& is, QXJSON::JsonTextBuffer& os) {
+    template <class Output>
+    static bool Validate(QXJSON::StringSource& is, Output& os) {
         return TranscodeUnsafe(is, os);
     }
     // LCOV_EXCL_STOP

@@ -3,9 +3,9 @@
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/writer.h>
 
-#include <algorithm>
-#include <cstring>
+#include <string_view>
 
+#include "BlockStream.h"
 #include "File.h"
 #include "NestingGuard.h"
 #include "OutputEncodings.h"
@@ -17,25 +17,39 @@ constexpr size_t kCapacity = 256;
 /// Bytes that the C runtime hands to the system at a time.
 constexpr size_t kSystemBlock = 64 * 1024;
 
-template <class Buffer, class Target, unsigned flags>
-using CompactWriter = rapidjson::Writer<Buffer, JsonEncoding, Target, HeapAllocator, flags>;
-template <class Buffer, class Target>
-using IndentingWriter = rapidjson::PrettyWriter<Buffer, JsonEncoding, Target, HeapAllocator>;
+template <class Stream, class Target, unsigned flags>
+using CompactWriter = rapidjson::Writer<Stream, JsonEncoding, Target, HeapAllocator, flags>;
+template <class Stream, class Target>
+using IndentingWriter = rapidjson::PrettyWriter<Stream, JsonEncoding, Target, HeapAllocator>;
 
-/// Writes a value in the encoding `Target` to a buffer of that encoding's units, in place of what
-/// the buffer held.
-template <class Target, class Buffer>
-bool WriteInto(Buffer& buffer, const JsonValue& value, Layout layout) {
-    buffer.Clear();
+/// Writes a value in the encoding `Target` to a stream of that encoding's units; whether all of it.
+template <class Target, class Stream>
+bool WriteTo(Stream& stream, const JsonValue& value, Layout layout) {
     const auto writeWith = [&](auto&& writer) { return Walk(value, writer); };
     switch (layout) {
         case Layout::kCompact:
-            return writeWith(CompactWriter<Buffer, Target, rapidjson::kWriteNanAndInfFlag>(buffer));
+            return writeWith(CompactWriter<Stream, Target, rapidjson::kWriteNanAndInfFlag>(stream));
         case Layout::kCompactFinite:
-            return writeWith(CompactWriter<Buffer, Target, rapidjson::kWriteDefaultFlags>(buffer));
+            return writeWith(CompactWriter<Stream, Target, rapidjson::kWriteDefaultFlags>(stream));
         default:
-            return writeWith(IndentingWriter<Buffer, Target>(buffer));
+            return writeWith(IndentingWriter<Stream, Target>(stream));
     }
+}
+
+/// The same, in place of what a buffer held.
+template <class Target, class Buffer>
+bool WriteInto(Buffer& buffer, const JsonValue& value, Layout layout) {
+    buffer.Clear();
+    return WriteTo<Target>(buffer, value, layout);
+}
+
+/// The same, as a file behind a byte-order mark.
+template <class Target, class Unit>
+void WriteAsFile(std::FILE* file, std::basic_string_view<Unit> mark, bool swapped,
+                 const JsonValue& value, Layout layout) {
+    BlockStream<Unit> stream(file, swapped);
+    for (const Unit unit : mark) stream.Put(unit);
+    if (WriteTo<Target>(stream, value, layout)) stream.End();
 }
 
 template <class Buffer>
@@ -51,46 +65,6 @@ void SwapBytes(JsonTextBuffer& buffer) {
     for (size_t i = 0; i < count; ++i)
         units[i] = static_cast<wchar_t>(units[i] << 8 | units[i] >> 8);
 }
-
-std::string_view MarkOf(int32_t encoding) {
-    switch (encoding) {
-        case kUtf16Le:
-            return "\xFF\xFE";
-        case kUtf8:
-            return "\xEF\xBB\xBF";
-        case kUtf16Be:
-            return "\xFE\xFF";
-        default:
-            return "";
-    }
-}
-
-/// Writes a text to a file in blocks of 260 bytes. A block is written when the next one begins, the
-/// last one only with the end of the text: one that ended early keeps its whole blocks.
-class BlockWriter {
-public:
-    explicit BlockWriter(std::FILE* target) : file(target) {}
-
-    void Put(std::string_view bytes) {
-        while (!bytes.empty()) {
-            if (used == sizeof block) Flush();
-            const size_t count = std::min(bytes.size(), sizeof block - used);
-            std::memcpy(block + used, bytes.data(), count);
-            used += count;
-            bytes.remove_prefix(count);
-        }
-    }
-
-    void Flush() {
-        std::fwrite(block, 1, used, file);
-        used = 0;
-    }
-
-private:
-    std::FILE* file;
-    size_t used = 0;
-    char block[260];
-};
 
 }  // namespace
 
@@ -132,14 +106,22 @@ bool SaveFile(const JsonValue& root, Layout layout, const wchar_t* name, int32_t
     const File file = OpenFile(name, L"wb");
     if (!file) return false;
     if (!IsContainer(root)) return true;
-    EncodedText text;
-    const bool whole = text.Write(root, layout, encoding);
-    if (!text.Bytes().data()) return true;
     std::setvbuf(file.get(), nullptr, _IOFBF, kSystemBlock);
-    BlockWriter blocks(file.get());
-    blocks.Put(MarkOf(encoding));
-    blocks.Put(text.Bytes());
-    if (whole) blocks.Flush();
+    using namespace std::string_view_literals;
+    switch (encoding) {
+        case kAscii:
+            WriteAsFile<rapidjson::ASCII<>>(file.get(), ""sv, false, root, layout);
+            break;
+        case kUtf8:
+            WriteAsFile<rapidjson::UTF8<>>(file.get(), "\xEF\xBB\xBF"sv, false, root, layout);
+            break;
+        case kUtf16Le:
+        case kUtf16Be:
+            WriteAsFile<CheckedUtf16>(file.get(), L"\xFEFF"sv, encoding == kUtf16Be, root, layout);
+            break;
+        default:
+            break;
+    }
     return true;
 }
 
