@@ -14,8 +14,9 @@ constexpr int32_t EncodingNumber(Form form) { return static_cast<int32_t>(form) 
 /// A document as written; what wrote it keeps it alive.
 struct Written {
     const void* data;
-    size_t bytes;
+    size_t bytes;  ///< kZeroTerminated: so many as stand before a unit that is zero
 };
+constexpr size_t kZeroTerminated = SIZE_MAX;
 
 /// What Find answers for a key that is absent.
 constexpr int64_t kAbsent = -1;

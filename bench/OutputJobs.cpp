@@ -34,7 +34,10 @@ public:
 
     void Work(size_t) override { written = this->peer->Write(this->form); }
     uint64_t Result() override {
-        return SumOf({static_cast<const char*>(written.data), written.bytes});
+        const auto* const text = static_cast<const wchar_t*>(written.data);
+        const size_t bytes =
+            written.bytes == kZeroTerminated ? std::wcslen(text) * sizeof(wchar_t) : written.bytes;
+        return SumOf({static_cast<const char*>(written.data), bytes});
     }
 
 private:

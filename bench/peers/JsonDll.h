@@ -249,7 +249,7 @@ public:
         if (form == Form::kText) {
             const wchar_t* text = nullptr;
             Expect(generator->GetJsonString(&text), "GetJsonString");
-            return {text, std::wcslen(text) * sizeof(wchar_t)};
+            return {text, kZeroTerminated};
         }
         const uint8_t* data = nullptr;
         uint64_t length = 0;

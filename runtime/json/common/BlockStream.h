@@ -16,7 +16,7 @@ public:
 
     /// `swapped`: the bytes of each unit go out in reverse.
     BlockStream(std::FILE* target, bool swapped)
-        : file(target), swaps(swapped), buffer(new Unit[kFirst]), end(&buffer[kFirst]) {
+        : file(target), swaps(swapped), buffer(new Unit[kFirst]), end(buffer.get() + kFirst) {
         at = buffer.get();
     }
     BlockStream(const BlockStream&) = delete;
