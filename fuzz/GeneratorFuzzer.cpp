@@ -29,22 +29,6 @@ constexpr int kSteps = 60;
 constexpr size_t kPathCapacity = 1024;
 constexpr uint32_t kUnwritten = 0xCDCDCDCD;
 
-/// The pointers of everything below a value.
-void Collect(const Value& value, const std::wstring& pointer, std::vector<std::wstring>& all) {
-    all.push_back(pointer);
-    if (value.IsArray()) {
-        for (rapidjson::SizeType i = 0; i < value.Size(); ++i)
-            Collect(value[i], pointer + L"/" + std::to_wstring(i), all);
-    } else if (value.IsObject()) {
-        for (auto member = value.MemberBegin(); member != value.MemberEnd(); ++member) {
-            std::wstring token;
-            for (const wchar_t c : fuzz::TextOf(member->name))
-                token += c == L'~' ? L"~0" : c == L'/' ? L"~1" : std::wstring(1, c);
-            Collect(member->value, pointer + L"/" + token, all);
-        }
-    }
-}
-
 const std::vector<Item>& ItemsOf(Kind kind) {
     static const auto itemsByKind = [] {
         std::map<Kind, std::vector<Item>> all;
@@ -293,8 +277,7 @@ private:
     // ---- Choices -------------------------------------------------------------------------------
 
     std::wstring AnyPlace(Value& value) {
-        std::vector<std::wstring> all;
-        Collect(value, L"", all);
+        const std::vector<std::wstring> all = building::PointersIn(value);
         const std::wstring& place = choices.Of(all);
         // Below the second of two members with one name nothing is named, or something else.
         return building::Resolve(value, place) ? place : L"";

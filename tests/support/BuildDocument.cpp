@@ -13,6 +13,22 @@ using Buffer = rapidjson::GenericStringBuffer<Utf16>;
 using TreeWriter = rapidjson::Writer<Buffer, Utf16, Utf16, rapidjson::CrtAllocator,
                                      rapidjson::kWriteNanAndInfFlag>;
 
+void Collect(const Value& value, const std::wstring& pointer, std::vector<std::wstring>& all) {
+    all.push_back(pointer);
+    if (value.IsArray()) {
+        for (rapidjson::SizeType i = 0; i < value.Size(); ++i)
+            Collect(value[i], pointer + L"/" + std::to_wstring(i), all);
+    } else if (value.IsObject()) {
+        for (auto member = value.MemberBegin(); member != value.MemberEnd(); ++member) {
+            std::wstring token;
+            for (const wchar_t c :
+                 std::wstring(member->name.GetString(), member->name.GetStringLength()))
+                token += c == L'~' ? L"~0" : c == L'/' ? L"~1" : std::wstring(1, c);
+            Collect(member->value, pointer + L"/" + token, all);
+        }
+    }
+}
+
 }  // namespace
 
 std::wstring TextOf(const Value& value) {
@@ -33,6 +49,12 @@ std::wstring TextOf(QXJSON::IJsonGenerator& generator) {
 Value* Resolve(Value& root, const std::wstring& pointer) {
     const rapidjson::GenericPointer<Value> parsed(pointer.c_str(), pointer.size());
     return parsed.IsValid() ? parsed.Get(root) : nullptr;
+}
+
+std::vector<std::wstring> PointersIn(const Value& root) {
+    std::vector<std::wstring> all;
+    Collect(root, L"", all);
+    return all;
 }
 
 Value& At(uint64_t reference) { return *reinterpret_cast<Value*>(reference); }

@@ -4,6 +4,7 @@
 #include <stdint.h>
 
 #include <string>
+#include <vector>
 
 #include "IJsonGenerator.h"
 
@@ -22,6 +23,9 @@ std::wstring TextOf(QXJSON::IJsonGenerator& generator);
 /// The value at a JSON Pointer below `root`; null where the pointer does not parse or nothing is
 /// there.
 Value* Resolve(Value& root, const std::wstring& pointer);
+
+/// The JSON Pointers of a value and of everything below it.
+std::vector<std::wstring> PointersIn(const Value& root);
 
 /// The value that a generator's reference is the address of, read where it lies.
 Value& At(uint64_t reference);

@@ -5,6 +5,8 @@
 #include <cstring>
 #include <memory>
 
+#include "OutputEncodings.h"
+
 namespace QXJSON {
 
 /// A file as the target of RapidJSON's writers, in blocks of 260 bytes. A block is written when the
@@ -70,9 +72,9 @@ private:
 
     /// Writes so many bytes, and moves what is behind them to the front.
     void Write(size_t bytes) {
-        if (swaps)
-            std::transform(buffer.get(), buffer.get() + bytes / sizeof(Unit), buffer.get(),
-                           [](Unit unit) { return static_cast<Unit>(unit << 8 | unit >> 8); });
+        if constexpr (sizeof(Unit) > 1) {
+            if (swaps) SwapBytes(buffer.get(), bytes / sizeof(Unit));
+        }
         const auto* const begin = reinterpret_cast<const char*>(buffer.get());
         for (size_t written = 0; written < bytes; written += kBlock)
             std::fwrite(begin + written, 1, std::min(kBlock, bytes - written), file);

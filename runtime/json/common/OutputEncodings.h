@@ -14,6 +14,12 @@ struct CopiedUtf16 : rapidjson::UTF16<wchar_t> {};
 /// UTF-16 that ends at a lone surrogate, as every encoding does into which RapidJSON converts.
 struct CheckedUtf16 : rapidjson::UTF16<wchar_t> {};
 
+/// Reverses the bytes of units.
+inline void SwapBytes(wchar_t* units, size_t count) {
+    for (size_t i = 0; i < count; ++i)
+        units[i] = static_cast<wchar_t>(units[i] << 8 | units[i] >> 8);
+}
+
 /// The source of a writer's strings.
 using StringSource = rapidjson::GenericStringStream<JsonEncoding>;
 

@@ -61,9 +61,7 @@ std::string_view BytesOf(const Buffer& buffer) {
 
 void SwapBytes(JsonTextBuffer& buffer) {
     const size_t count = buffer.GetSize() / sizeof(wchar_t);
-    wchar_t* const units = buffer.Push(0) - count;
-    for (size_t i = 0; i < count; ++i)
-        units[i] = static_cast<wchar_t>(units[i] << 8 | units[i] >> 8);
+    QXJSON::SwapBytes(buffer.Push(0) - count, count);
 }
 
 }  // namespace

@@ -20,22 +20,6 @@ const wchar_t* const kKeys[] = {L"a",   L"b",   L"",  L"0",  L"1",  L"2",    L"a
 const wchar_t* const kSegments[] = {L"a", L"b",    L"",   L"0",  L"1",  L"2",
                                     L"3", L"a~/b", L"~0", L"~1", L"01", L"1x"};
 
-/// Appends the pointers of everything below a value.
-void Collect(const Value& value, const std::wstring& pointer, std::vector<std::wstring>& all) {
-    all.push_back(pointer);
-    if (value.IsArray()) {
-        for (rapidjson::SizeType i = 0; i < value.Size(); ++i)
-            Collect(value[i], pointer + L"/" + std::to_wstring(i), all);
-    } else if (value.IsObject()) {
-        for (auto member = value.MemberBegin(); member != value.MemberEnd(); ++member) {
-            std::wstring token;
-            for (const wchar_t c : std::wstring(member->name.GetString()))
-                token += c == L'~' ? L"~0" : c == L'/' ? L"~1" : std::wstring(1, c);
-            Collect(member->value, pointer + L"/" + token, all);
-        }
-    }
-}
-
 class Walk {
 public:
     Walk(unsigned seed, bool isObject)
@@ -93,11 +77,7 @@ private:
         return item;
     }
 
-    std::wstring AnyPlace() {
-        std::vector<std::wstring> all;
-        Collect(At(root), L"", all);
-        return Any(all);
-    }
+    std::wstring AnyPlace() { return Any(building::PointersIn(At(root))); }
 
     void Add() {
         const Operation& operation = Any(Operations());

@@ -90,6 +90,24 @@ TEST(OutputDepth, TooDeepForASmallStack) {
     EXPECT_EQ(1, released);
 }
 
+/// A file keeps the whole blocks before the place where the stack ended.
+TEST(OutputDepth, AFileKeepsWholeBlocks) {
+    const Generator generator = NewGenerator();
+    Nest(*generator, kTooDeep);
+    std::string whole;
+    while (whole.size() < size_t{6} * kTooDeep) whole += "[{\"k\":";
+    for (const int32_t encoding : {0, 2}) {
+        const support::TempFile file("before");
+        const OutputForm form = {OutputForm::kFile, encoding};
+        EXPECT_EQ(-5, support::SaveIn(form, *generator, file.Name()));
+        const std::string text = file.Bytes();
+        const size_t mark = encoding == 2 ? 3 : 0;
+        EXPECT_EQ(0u, text.size() % 260);
+        ASSERT_GT(text.size(), 260u);
+        EXPECT_EQ(text.substr(mark), whole.substr(0, text.size() - mark));
+    }
+}
+
 /// The document is whole all the while, and can grow.
 TEST(OutputDepth, TheDocumentIsStillThere) {
     const Generator generator = NewGenerator();
