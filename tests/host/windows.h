@@ -8,6 +8,7 @@
 #include "WindowsHandles.h"
 #include "WindowsMemory.h"
 #include "WindowsModules.h"
+#include "WindowsRandom.h"
 #include "WindowsText.h"
 #include "WindowsThreads.h"
 #include "WindowsTypes.h"

@@ -83,8 +83,9 @@ public:
 private:
     const JsonMember* Members() const { return document.MemberBegin().operator->(); }
 
-    JsonDocument document;
-    MemberLookup lookup;
+    DocumentPool pool;
+    JsonDocument document{&pool.Allocator()};
+    MemberLookup lookup{pool};
     int hits = 0;
     int searches = 0;
 };
@@ -190,7 +191,8 @@ TEST(MemberLookup, AlwaysTheSameNumber) {
 /// Objects of one document are searched in turn.
 TEST(MemberLookup, SeveralObjects) {
     constexpr int kObjects = 7;
-    JsonDocument document;
+    DocumentPool pool;
+    JsonDocument document(&pool.Allocator());
     document.SetArray();
     auto& allocator = document.GetAllocator();
     for (int n = 0; n < kObjects; ++n) {
@@ -201,7 +203,7 @@ TEST(MemberLookup, SeveralObjects) {
         }
         document.PushBack(object, allocator);
     }
-    MemberLookup lookup;
+    MemberLookup lookup{pool};
     for (int i = 0; i < 100; ++i)
         for (rapidjson::SizeType n = 0; n < kObjects; ++n) {
             const std::wstring key = std::to_wstring(i);

@@ -42,12 +42,13 @@ public:
     const Known& Any(std::mt19937& random) const { return known[random() % known.size()]; }
 
     void Child(const Known parent, const std::wstring& key) {
-        Check(table.Child(parent.node, key), parent.path + L'/' + key);
+        Check(table.Reach(parent.node, key), parent.path + L'/' + key);
     }
     void Element(const Known parent, uint32_t index) {
-        Check(table.Element(parent.node, index), parent.path + L'/' + std::to_wstring(index));
+        const PathTable::Node node = table.EnterElement(parent.node, index);
+        Check(PathTable::Known(node), parent.path + L'/' + std::to_wstring(index));
     }
-    void Pointer(const std::wstring& path) { Check(table.AtPointer(path), path); }
+    void Pointer(const std::wstring& path) { Check(table.Reach(path), path); }
 
     /// Every handle leads to its path, and no other number to any.
     void CheckHandles() const {
@@ -65,7 +66,10 @@ public:
     size_t Paths() const { return known.size(); }
 
 private:
-    void Check(PathTable::Node node, const std::wstring path) {
+    void Check(const PathTable::Reached reached, const std::wstring path) {
+        const uint32_t before = table.Count();
+        const PathTable::Node node = table.Enter(reached);
+        ASSERT_EQ(reached.Whole(), table.Count() == before);
         const auto handle = handles.find(path);
         ASSERT_EQ(handle == handles.end() ? 0 : handle->second, table.HandleOf(node))
             << testing::PrintToString(path);
@@ -174,12 +178,33 @@ TEST(PathTable, BeforeTheFirstRestart) {
     PathTable table(allocator);
     EXPECT_EQ(0u, table.HandleOf(PathTable::kRoot));
     EXPECT_FALSE(table.NodeOf(1).has_value());
-    EXPECT_EQ(PathTable::kRoot, table.AtPointer(L""));
-    const PathTable::Node child = table.AtPointer(L"/a/1");
+    EXPECT_EQ(PathTable::kRoot, table.Enter(table.Reach(L"")));
+    EXPECT_FALSE(table.Reach(L"/a/1").Whole());
+    const PathTable::Node child = table.Enter(table.Reach(L"/a/1"));
     EXPECT_EQ(L"/a/1", PathOf(table, child));
     EXPECT_EQ(0u, table.HandleOf(child));
     table.PrepareIssue();
     EXPECT_EQ(1u, table.Issue(child));
+}
+
+/// How far a path is known, and that looking for one enters nothing.
+TEST(PathTable, ReachesWhatItKnows) {
+    JsonAllocator allocator;
+    PathTable table(allocator);
+    table.Restart();
+    const PathTable::Node known = table.Enter(table.Reach(L"/a/b"));
+    const uint32_t count = table.Count();
+    const PathTable::Reached part = table.Reach(L"/a/b/c/d");
+    EXPECT_EQ(known, part.node);
+    EXPECT_EQ(L"c/d", part.rest);
+    EXPECT_FALSE(part.Whole());
+    EXPECT_EQ(L"", table.Reach(L"/a/b/").rest);
+    EXPECT_FALSE(table.Reach(L"/a/b/").Whole());
+    EXPECT_TRUE(table.Reach(L"/a/b").Whole());
+    EXPECT_EQ(L"x/a", table.Reach(L"/x/a").rest);
+    EXPECT_EQ(count, table.Count());
+    EXPECT_EQ(L"/a/b/c/d", PathOf(table, table.Enter(part)));
+    EXPECT_EQ(count + 2, table.Count());
 }
 
 }  // namespace

@@ -26,7 +26,8 @@ TEST(PointerWalk, FindsWhatRapidJsonFinds) {
     JsonDocument document = Parsed(
         LR"({"":{"":1},"a":[10,[20,{"b":30}],40],"a/b":2,"m~n":3,"~1":4,
         "0":{"1":5},"01":6,"x":{"~":7,"/":8},"-":9,"a":0,"list":[1,2,3,4,5,6,7,8,9,10,11]})");
-    MemberLookup members;
+    const DocumentPool none;  // nothing here lies in it: small objects are scanned anyway
+    MemberLookup members(none);
     const wchar_t* const pointers[] = {
         L"",
         L"/",
@@ -76,7 +77,8 @@ TEST(PointerWalk, FindsWhatRapidJsonFindsForRandomPointers) {
         LR"({"a":[[0,1,2],{"a":1,"":2}],"":[{"0":1},[]],"~":{"/":{"~":1}},"1":{"0":[5,6]},"/":[7]})");
     constexpr wchar_t kAlphabet[] = L"///a01~~-";
     std::mt19937 random(20);
-    MemberLookup members;
+    const DocumentPool none;  // nothing here lies in it: small objects are scanned anyway
+    MemberLookup members(none);
     int found = 0;
     for (int i = 0; i < 200'000; ++i) {
         std::wstring pointer;

@@ -58,7 +58,8 @@ TEST(ValueAccess, OrderOfChecksOfGettersByKey) {
                                 {"no object", -3},      {"missing", -1}, {"wrong kind", -3}};
     JsonDocument document = Parsed(L"[{\"a\":12,\"t\":\"text\"},[12]]");
     ForEverySet(mistakes, [&](unsigned set, int expected) {
-        MemberLookup members;
+        const DocumentPool none;
+        MemberLookup members(none);
         int32_t number = 4711;
         const Place place = {set & 1 ? nullptr : &document[set & 8 ? 1 : 0], kAbsence};
         const wchar_t* const key = set & 2 ? nullptr : set & 16 ? L"x" : set & 32 ? L"T" : L"A";
@@ -75,7 +76,8 @@ TEST(ValueAccess, OrderOfChecksOfFindMember) {
                                 {"missing", -55}};
     JsonDocument document = Parsed(L"[{\"a\":12},[12]]");
     ForEverySet(mistakes, [&](unsigned set, int expected) {
-        MemberLookup members;
+        const DocumentPool none;
+        MemberLookup members(none);
         const Place place = {set & 1 ? nullptr : &document[set & 8 ? 1 : 0], kAbsence};
         const wchar_t* const key = set & 2 ? nullptr : set & 16 ? L"x" : L"A";
         const Place found = FindMember(members, place, {key, (set & 4) == 0, -55, -66});

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 
 #include "FaultGuard.h"
@@ -23,49 +24,23 @@ const wchar_t* EndOfName(const wchar_t* path) {
 
 bool IsEscapedSlash(const wchar_t* at) { return at[0] == L'~' && at[1] == L'/'; }
 
-/// Whether a path is its own pointer: names that mean nothing but themselves.
-bool IsPlain(const wchar_t* path) {
-    if (*path != L'/' || path[1] == 0 || !IsAligned(path)) return false;
+/// A path that is its own pointer, since it has neither digits nor escapes; else nothing.
+std::optional<std::wstring_view> AsPointer(const wchar_t* path) {
+    if (!path || *path != L'/' || path[1] == 0 || !IsAligned(path)) return std::nullopt;
     const wchar_t* const end = FindUnit(path, [](UnitBlock units) {
-        return MaskOf(_mm_or_si128(
-            _mm_cmpeq_epi16(units, _mm_setzero_si128()),
-            _mm_or_si128(InRange(units, '0', '9'), _mm_cmpeq_epi16(units, AllUnits('~')))));
+        const UnitBlock digit = InRange(units, '0', '9');
+        return MaskOf(Either(EqualTo(units, 0), Either(EqualTo(units, '~'), digit)));
     });
-    return *end == 0 && end - path < static_cast<ptrdiff_t>(kPathCapacity);
+    const auto length = static_cast<size_t>(end - path);
+    if (*end != 0 || length >= kPathCapacity) return std::nullopt;
+    return std::wstring_view(path, length);
 }
-
-/// The pointer that is being written; refuses what does not fit.
-class PointerWriter {
-public:
-    explicit PointerWriter(wchar_t (&buffer)[kPathCapacity]) : begin(buffer) {}
-
-    bool Put(wchar_t c) { return Put(std::wstring_view(&c, 1)); }
-
-    bool Put(std::wstring_view text) {
-        if (length + text.size() >= kPathCapacity) return false;
-        CopyUnits(begin + length, text.data(), text.size());
-        length += text.size();
-        begin[length] = 0;
-        return true;
-    }
-
-    /// Takes back all that was written behind the first `newLength` units.
-    void Truncate(size_t newLength) { begin[length = newLength] = 0; }
-
-    const wchar_t* Text() const { return begin; }
-    size_t Length() const { return length; }
-
-private:
-    wchar_t* begin;
-    size_t length = 0;
-};
 
 /// Walks an item path, one segment after the other.
 class Translator {
 public:
-    Translator(MemberLookup& lookup, JsonValue& document, const wchar_t* path,
-               wchar_t (&pointer)[kPathCapacity])
-        : members(lookup), root(document), at(path), out(pointer) {}
+    Translator(MemberLookup& lookup, JsonValue& document, const wchar_t* path, PointerText& pointer)
+        : members(lookup), examined(&document), at(path), out(pointer) {}
 
     int Run() {
         while (*at) {
@@ -76,79 +51,87 @@ public:
     }
 
 private:
-    /// What a segment turns out to be once its first digit asked for its parent.
-    enum class Parent { kArray, kOther, kMalformed };
-
     /// Translates the segment whose "/" is next.
     int Segment() {
-        const wchar_t* const name = at + 1;
-        const size_t parentLength = out.Length();
-        bool examined = false;
-        if (!Copy()) return kBadPath;
-        while (*at && *at != L'/') {
-            if (!examined && IsDigit(*at)) {
-                examined = true;
-                const Parent parent = ExamineParent(parentLength);
-                if (parent == Parent::kMalformed) return kBadPath;
-                if (parent == Parent::kArray) return Position(name, parentLength);
-            }
-            if (!Copy()) return kBadPath;
+        const wchar_t* const digit = FirstDigit(at + 1);
+        if (!IsDigit(*digit)) return CopyUpTo(digit);
+        if (!ExamineParent()) return kBadPath;
+        return examined->IsArray() ? Position(digit) : CopyUpTo(EndOfSegment(digit));
+    }
+
+    /// The first digit of a segment, or else the segment's end.
+    static const wchar_t* FirstDigit(const wchar_t* name) {
+        while (*(name = EndOfName(name)) == L'~') name += IsEscapedSlash(name) ? 2 : 1;
+        return name;
+    }
+
+    static const wchar_t* EndOfSegment(const wchar_t* name) {
+        while (*name && *name != L'/') name += IsEscapedSlash(name) ? 2 : 1;
+        return name;
+    }
+
+    /// Copies the rest of a segment that stands for itself, but for escaped slashes.
+    int CopyUpTo(const wchar_t* end) {
+        const wchar_t* begin = at;
+        for (at = at + 1; at != end; ++at) {
+            if (!IsEscapedSlash(at)) continue;
+            // Up to the "~", and what stands for the slash behind it.
+            if (!Put(begin, at + 1) || !out.Put(L'1')) return kBadPath;
+            begin = ++at + 1;
         }
-        return kSuccess;
+        return Put(begin, end) ? kSuccess : kBadPath;
     }
 
-    /// Copies an escaped slash, or the next unit with all behind it that mean nothing.
-    bool Copy() {
-        const wchar_t* const begin = at;
-        if (IsEscapedSlash(at)) {
-            at += 2;
-            return out.Put(L'~') && out.Put(L'1');
-        }
-        at = EndOfName(at + 1);
-        return out.Put({begin, static_cast<size_t>(at - begin)});
+    bool Put(const wchar_t* begin, const wchar_t* end) {
+        return out.Put({begin, static_cast<size_t>(end - begin)});
     }
 
-    Parent ExamineParent(size_t parentLength) const {
-        const std::wstring_view pointer(out.Text(), parentLength);
-        if (!IsWellFormed(pointer)) return Parent::kMalformed;
-        const JsonValue* const parent = ResolvePointer(members, root, pointer);
-        if (!parent) RaiseAccessViolation();
-        return parent->IsArray() ? Parent::kArray : Parent::kOther;
+    /// Resolves what is written so far; false where it is malformed. Goes on from what was resolved
+    /// the last time.
+    bool ExamineParent() {
+        const std::wstring_view more = out.Text().substr(examinedLength);
+        if (!IsWellFormed(more)) return false;
+        examined = ResolvePointer(members, *examined, more);
+        if (!examined) RaiseAccessViolation();
+        examinedLength = out.Length();
+        return true;
     }
 
-    /// Replaces what was copied of a segment below an array by its position counted from 0, and
-    /// passes over the rest of the segment. A segment that is no number has the position -1.
-    int Position(const wchar_t* name, size_t parentLength) {
+    /// Writes the position, counted from 0, that a segment below an array stands for: all of it up
+    /// to the next "/", whatever stands before that. A segment that is no number has the position
+    /// -1.
+    int Position(const wchar_t* digit) {
         // Unsigned, for the lowest integer has no predecessor.
-        const auto position = static_cast<int>(static_cast<unsigned>(_wtoi(name)) - 1u);
+        const auto position = static_cast<int>(static_cast<unsigned>(_wtoi(at + 1)) - 1u);
+        // (std::to_wstring would take the way through printf.)
         const std::string digits = std::to_string(position);
-        out.Truncate(parentLength);
-        while (*at && *at != L'/') at += IsEscapedSlash(at) ? 2 : 1;
+        for (at = digit; *at && *at != L'/';) ++at;
         const bool fits = out.Put(L'/') && out.Put(std::wstring(digits.begin(), digits.end()));
         return fits ? kSuccess : kBadPath;
     }
 
     MemberLookup& members;
-    JsonValue& root;
+    JsonValue* examined;  // the value at so much of the pointer
+    size_t examinedLength = 0;
     const wchar_t* at;
-    PointerWriter out;
+    PointerText& out;
 };
 
 }  // namespace
 
 int TranslateItemPath(MemberLookup& members, JsonValue& root, const wchar_t* path,
-                      wchar_t (&pointer)[kPathCapacity]) {
-    pointer[0] = 0;
+                      PointerText& pointer) {
+    pointer.Truncate(0);
     if (!path || *path != L'/') return kBadPath;
     if (path[1] == 0) return kSuccess;
     return Translator(members, root, path, pointer).Run();
 }
 
 JsonValue* ResolveItemPath(MemberLookup& members, JsonValue& root, const wchar_t* path) {
-    if (path && IsPlain(path)) return ResolvePointer(members, root, KeyOf(path));
-    wchar_t pointer[kPathCapacity];
+    if (const auto plain = AsPointer(path)) return ResolvePointer(members, root, *plain);
+    PointerText pointer;
     if (TranslateItemPath(members, root, path, pointer) != kSuccess) return nullptr;
-    return ResolvePointer(members, root, pointer);
+    return ResolvePointer(members, root, pointer.Text());
 }
 
 }  // namespace QXJSON

@@ -4,19 +4,34 @@
 #include <rapidjson/pointer.h>
 #include <rapidjson/stringbuffer.h>
 
-#include "HeapAllocator.h"
+#include "PoolBlocks.h"
 
 namespace QXJSON {
 
 /// The encoding of every document in memory: UTF-16 in the platform's wchar_t.
 using JsonEncoding = rapidjson::UTF16<wchar_t>;
 /// Owns the values and strings of one document; frees them all at once, never one by one.
-using JsonAllocator = rapidjson::MemoryPoolAllocator<HeapAllocator>;
+using JsonAllocator = rapidjson::MemoryPoolAllocator<PoolBlocks>;
 using JsonValue = rapidjson::GenericValue<JsonEncoding, JsonAllocator>;
 using JsonMember = JsonValue::Member;
 using JsonDocument = rapidjson::GenericDocument<JsonEncoding, JsonAllocator, HeapAllocator>;
 using JsonPointer = rapidjson::GenericPointer<JsonValue, HeapAllocator>;
 using JsonTextBuffer = rapidjson::GenericStringBuffer<JsonEncoding, HeapAllocator>;
+
+/// The pool of one document, which can tell what lies in it.
+class DocumentPool {
+public:
+    JsonAllocator& Allocator() { return allocator; }
+    bool Contains(const void* address) const { return blocks.Contain(address); }
+    /// How much of its memory is in use.
+    size_t Size() const { return allocator.Size(); }
+
+private:
+    static constexpr size_t kBlockSize = 64 * 1024;
+
+    PoolBlocks blocks;
+    JsonAllocator allocator{kBlockSize, &blocks};
+};
 
 /// Whether a value is one of the two kinds that a document may have as its root.
 inline bool IsContainer(const JsonValue& value) { return value.IsObject() || value.IsArray(); }

@@ -1,5 +1,6 @@
 #include "KeyText.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "PlainText.h"
@@ -30,6 +31,11 @@ UnitBlock LowerAscii(UnitBlock units) {
     return _mm_or_si128(units, _mm_and_si128(InRange(units, 'A', 'Z'), AllUnits(kCaseBit)));
 }
 
+/// Two halves of a block.
+UnitBlock Both(Units low, Units high) {
+    return _mm_set_epi64x(static_cast<long long>(high), static_cast<long long>(low));
+}
+
 template <KeyMatch match>
 bool BlocksMatch(UnitBlock a, UnitBlock b) {
     if constexpr (match == KeyMatch::kIgnoreCase) {
@@ -49,15 +55,12 @@ bool AllMatch(const wchar_t* a, const wchar_t* b, size_t length) {
             if (!BlocksMatch<match>(LoadBlock(a + at), LoadBlock(b + at))) return false;
         return BlocksMatch<match>(LoadBlock(a + last), LoadBlock(b + last));
     }
-    const auto both = [](Units low, Units high) {
-        return _mm_set_epi64x(static_cast<long long>(high), static_cast<long long>(low));
-    };
     if (length >= kUnits) {
         const size_t last = length - kUnits;
-        return BlocksMatch<match>(both(LoadUnits(a), LoadUnits(a + last)),
-                                  both(LoadUnits(b), LoadUnits(b + last)));
+        return BlocksMatch<match>(Both(LoadUnits(a), LoadUnits(a + last)),
+                                  Both(LoadUnits(b), LoadUnits(b + last)));
     }
-    return BlocksMatch<match>(both(LoadFew(a, length), 0), both(LoadFew(b, length), 0));
+    return BlocksMatch<match>(Both(LoadFew(a, length), 0), Both(LoadFew(b, length), 0));
 }
 
 }  // namespace
@@ -70,24 +73,32 @@ bool Matches(const wchar_t* text, std::wstring_view key, KeyMatch match) {
                : AllMatch<KeyMatch::kIgnoreCase>(text, key.data(), key.size());
 }
 
-/// The case bit is set in every unit. (Units that are no letters lose it too, which only makes some
-/// more hashes equal.) Of the last units some may count twice.
-uint32_t HashOf(std::wstring_view text) {
-    constexpr Units kCaseBits = kCaseBit * Units{0x0001'0001'0001'0001};
-    constexpr uint64_t kFactor = 0x9E37'79B9'7F4A'7C15;
-    uint64_t hash = text.size() * kFactor;
-    const auto mix = [&](Units units) {
-        hash = (hash ^ (units | kCaseBits)) * kFactor;
-        hash ^= hash >> 32;
+/// Takes eight units at a time, and of the last ones some twice. What was before is in one factor
+/// of the next product, and secrets are in both, so that texts have one hash by chance alone.
+template <KeyMatch match>
+uint32_t HashOf(std::wstring_view text, const HashKeys& keys) {
+    const wchar_t* const begin = text.data();
+    const size_t length = text.size();
+    // A factor with many bits, or a digit could make up for a text that is one unit longer.
+    uint64_t hash = keys.start + length * kGoldenRatio;
+    const auto mix = [&](UnitBlock units) {
+        if constexpr (match == KeyMatch::kIgnoreCase) units = LowerAscii(units);
+        const auto low = static_cast<Units>(_mm_cvtsi128_si64(units));
+        const auto high = static_cast<Units>(_mm_cvtsi128_si64(_mm_unpackhi_epi64(units, units)));
+        hash = Fold(low ^ keys.block, high ^ hash);
     };
-    if (text.size() < kUnits) {
-        mix(LoadFew(text.data(), text.size()));
-    } else {
-        const size_t last = text.size() - kUnits;
-        for (size_t at = 0; at < last; at += kUnits) mix(LoadUnits(text.data() + at));
-        mix(LoadUnits(text.data() + last));
+    if (length < kUnits) {
+        mix(Both(LoadFew(begin, length), 0));
+        return FinishHash(hash);
     }
-    return static_cast<uint32_t>(hash ^ hash >> 29);
+    size_t at = 0;
+    for (; length - at > kBlockUnits; at += kBlockUnits) mix(LoadBlock(begin + at));
+    const size_t last = length - kUnits;
+    mix(Both(LoadUnits(begin + std::min(at, last)), LoadUnits(begin + last)));
+    return FinishHash(hash);
 }
+
+template uint32_t HashOf<KeyMatch::kIgnoreCase>(std::wstring_view text, const HashKeys& keys);
+template uint32_t HashOf<KeyMatch::kExact>(std::wstring_view text, const HashKeys& keys);
 
 }  // namespace QXJSON

@@ -4,6 +4,8 @@
 
 #include <string_view>
 
+#include "Hash.h"
+
 // Keys, and how the names of members compare with them.
 
 namespace QXJSON {
@@ -19,7 +21,8 @@ std::wstring_view KeyOf(const wchar_t* key);
 /// Whether a text of the key's length matches it.
 bool Matches(const wchar_t* text, std::wstring_view key, KeyMatch match);
 
-/// A number that is the same for texts that match in any way.
-uint32_t HashOf(std::wstring_view text);
+/// The hash of a text; texts that match in the way that is asked for have the same one.
+template <KeyMatch match>
+uint32_t HashOf(std::wstring_view text, const HashKeys& keys);
 
 }  // namespace QXJSON

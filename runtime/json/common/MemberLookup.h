@@ -2,72 +2,75 @@
 
 #include <stdint.h>
 
+#include <memory>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
-#include "JsonTypes.h"
-#include "KeyText.h"
+#include "MemberIndex.h"
 
 namespace QXJSON {
 
 /// The search for members by key in the objects of one document. The first match in document order
 /// wins, however it is found: small objects are scanned; a large one that is searched again and
-/// again gets an index.
+/// again gets an index. The work on an index stays within a multiple of the scans that it stands
+/// for: an object whose names make it dearer is scanned for good.
 ///
 /// Indexes are known by the memory that holds an object's members. A document's pool never gives
-/// memory back, so that an address stands for one object for as long as the document lives; members
-/// are added with a word to Moved where that moves them, and taken away by Remove.
+/// memory back, so that an address in it stands for one object for as long as the document lives;
+/// members are added with a word to Moved where that moves them, and taken away by Remove. Objects
+/// that lie elsewhere, to which a host may have a reference, are scanned.
 class MemberLookup {
 public:
-    /// The first member whose name matches the key, or null.
+    explicit MemberLookup(const DocumentPool& documentPool,
+                          const HashKeys& hashKeys = ProcessHashKeys())
+        : pool(documentPool), keys(hashKeys) {}
+
+    /// The first member whose name matches the key, or null. Throws std::bad_alloc.
     JsonMember* Find(JsonValue& object, std::wstring_view key, KeyMatch match);
 
     /// The members of an object that grew are elsewhere now.
     void Moved(const JsonMember* from, const JsonMember* to);
-    /// Takes a member away; those behind it move up and keep their order.
+    /// Takes a member away; those behind it move up and keep their order. Throws std::bad_alloc,
+    /// and nothing is taken away.
     void Remove(JsonValue& object, JsonMember& member);
     /// The document ended.
     void Clear();
 
+    /// What searching large objects has cost: members and slots looked at.
+    uint64_t Work() const;
+    /// What is held for searching.
+    size_t Bytes() const;
+
 private:
-    /// The members of one object by the hash of their names, in a hash table with open addressing
-    /// and linear probing. Members were entered in document order, so that of several with one hash
-    /// the first comes first.
-    ///
-    /// A member is known by its number: its position when it was entered. Where members in front of
-    /// it are taken away its position is less by so many; after some removals all are numbered
-    /// anew.
-    struct Index {
-        struct Slot {
-            uint32_t hash;
-            uint32_t member;      // its number plus 1; 0 is free
-            const wchar_t* text;  // of its name, so that both can be fetched at once; null where
-                                  // that lies inside the member and moves with it
-        };
-
-        bool Exists() const { return !slots.empty(); }
-        void CatchUp(const JsonValue& object);
-        template <class Accept>
-        Slot* Find(uint32_t hash, Accept&& accept);
-        uint32_t PositionOf(const Slot& slot) const;
-        void Remove(uint32_t hash, uint32_t position);
-        void Renumber();
-        void Grow(size_t size);
-        void Enter(const Slot& entry);
-
-        std::vector<Slot> slots;        // none until the object was scanned often enough
-        std::vector<uint32_t> removed;  // the numbers taken away, in ascending order
-        uint32_t entered = 0;           // the next number
-        uint32_t used = 0;     // slots that are not free, those of removed members included
-        uint64_t scanned = 0;  // how many members were looked at without an index
+    /// An object that is too large to be scanned every time.
+    struct Searched {
+        const JsonMember* members;
+        uint64_t scans = 0;  // how many members scans looked at, or would have
+        bool scannedForGood = false;
+        std::unique_ptr<MemberIndex> index{};  // none until it was scanned often enough
+    };
+    struct Slot {
+        uint32_t hash;
+        uint32_t number;  // in `objects`
     };
 
-    Index& IndexOf(const JsonMember* members);
+    Searched* SearchedAt(const JsonMember* members) {
+        return last && last->members == members ? last : Remembered(members);
+    }
+    Searched* Remembered(const JsonMember* members);
+    Slot* SlotOf(const JsonMember* members);
+    uint32_t HashOfAddress(const JsonMember* members) const;
+    MemberIndex* IndexFor(const JsonValue& object, Searched& searched);
+    // Apart, so that what a scan of few members takes does not grow by it.
+    [[gnu::noinline]] JsonMember* FindAmongMany(JsonValue& object, std::wstring_view key,
+                                                KeyMatch match);
 
-    std::unordered_map<const JsonMember*, Index> indexes;
-    const JsonMember* lastMembers = nullptr;  // the object of the last search in an index
-    Index* lastIndex = nullptr;
+    const DocumentPool& pool;
+    HashKeys keys;
+    std::vector<std::unique_ptr<Searched>> objects;
+    HashTable<Slot> table;     // of `objects`, by their memory
+    Searched* last = nullptr;  // that of the last search: one is often searched several times
+    uint64_t scanned = 0;      // members of large objects
 };
 
 }  // namespace QXJSON

@@ -6,28 +6,28 @@ namespace QXJSON {
 namespace {
 
 /// Units that are zero.
-UnitMask Zeros(UnitBlock units) { return MaskOf(_mm_cmpeq_epi16(units, _mm_setzero_si128())); }
+UnitMask Zeros(UnitBlock units) { return MaskOf(EqualTo(units, 0)); }
 
 /// Units from 0xD800 to 0xDFFF.
 UnitMask Surrogates(UnitBlock units) {
-    return MaskOf(_mm_cmpeq_epi16(_mm_and_si128(units, AllUnits(0xF800)), AllUnits(0xD800)));
+    return MaskOf(EqualTo(_mm_and_si128(units, AllUnits(0xF800)), 0xD800));
 }
 
 /// Units that end a run.
 UnitMask RunEnds(UnitBlock units) {
     const UnitBlock control = InRange(units, 0, 0x1F);
-    const UnitBlock quote = _mm_cmpeq_epi16(units, AllUnits('"'));
-    const UnitBlock backslash = _mm_cmpeq_epi16(units, AllUnits('\\'));
-    return MaskOf(_mm_or_si128(control, _mm_or_si128(quote, backslash)));
+    const UnitBlock quote = EqualTo(units, '"');
+    const UnitBlock backslash = EqualTo(units, '\\');
+    return MaskOf(Either(control, Either(quote, backslash)));
 }
 
 /// Units other than the four kinds of white space.
 UnitMask NotBlanks(UnitBlock units) {
-    const UnitBlock blank = _mm_cmpeq_epi16(units, AllUnits(' '));
-    const UnitBlock feed = _mm_cmpeq_epi16(units, AllUnits('\n'));
-    const UnitBlock carriage = _mm_cmpeq_epi16(units, AllUnits('\r'));
-    const UnitBlock tab = _mm_cmpeq_epi16(units, AllUnits('\t'));
-    return 0xFFFF & ~MaskOf(_mm_or_si128(_mm_or_si128(blank, feed), _mm_or_si128(carriage, tab)));
+    const UnitBlock blank = EqualTo(units, ' ');
+    const UnitBlock feed = EqualTo(units, '\n');
+    const UnitBlock carriage = EqualTo(units, '\r');
+    const UnitBlock tab = EqualTo(units, '\t');
+    return 0xFFFF & ~MaskOf(Either(Either(blank, feed), Either(carriage, tab)));
 }
 
 /// The first surrogate in [at, end), or the end.

@@ -62,15 +62,18 @@ JsonValue* FindChild(MemberLookup& members, JsonValue& value, std::wstring_view 
     return IsWellFormed(segment) ? FindNamed(members, value, Unescape(segment)) : nullptr;
 }
 
-JsonValue* ResolvePointer(MemberLookup& members, JsonValue& root, std::wstring_view pointer) {
-    JsonValue* value = &root;
-    while (value && !pointer.empty()) {
-        pointer.remove_prefix(1);
-        const std::wstring_view segment = pointer.substr(0, CountUpTo(L'/', pointer));
-        value = FindChild(members, *value, segment);
-        pointer.remove_prefix(segment.size());
+JsonValue* ResolveSegments(MemberLookup& members, JsonValue& value, std::wstring_view segments) {
+    JsonValue* reached = &value;
+    for (;;) {
+        const size_t length = CountUpTo(L'/', segments);
+        reached = FindChild(members, *reached, segments.substr(0, length));
+        if (!reached || length == segments.size()) return reached;
+        segments.remove_prefix(length + 1);
     }
-    return value;
+}
+
+JsonValue* ResolvePointer(MemberLookup& members, JsonValue& root, std::wstring_view pointer) {
+    return pointer.empty() ? &root : ResolveSegments(members, root, pointer.substr(1));
 }
 
 }  // namespace QXJSON

@@ -20,6 +20,9 @@ bool IsWellFormed(std::wstring_view pointer);
 /// such child or the segment is malformed.
 JsonValue* FindChild(MemberLookup& members, JsonValue& value, std::wstring_view segment);
 
+/// The value that is reached from another by segments that "/" parts, or null.
+JsonValue* ResolveSegments(MemberLookup& members, JsonValue& value, std::wstring_view segments);
+
 /// The value at a pointer, or null when the pointer is malformed or nothing is there.
 JsonValue* ResolvePointer(MemberLookup& members, JsonValue& root, std::wstring_view pointer);
 

@@ -37,6 +37,14 @@ inline UnitBlock InRange(UnitBlock units, int first, int last) {
     return _mm_cmpeq_epi16(_mm_subs_epu16(distance, AllUnits(last - first)), _mm_setzero_si128());
 }
 
+/// Whether each unit is the given one.
+inline UnitBlock EqualTo(UnitBlock units, int unit) {
+    return _mm_cmpeq_epi16(units, AllUnits(unit));
+}
+
+/// Whether the one or the other holds for each unit.
+inline UnitBlock Either(UnitBlock a, UnitBlock b) { return _mm_or_si128(a, b); }
+
 inline UnitMask MaskOf(UnitBlock flags) { return static_cast<UnitMask>(_mm_movemask_epi8(flags)); }
 
 /// The first unit of a mask that is not empty.
@@ -61,7 +69,7 @@ inline void CopyUnits(wchar_t* to, const wchar_t* from, size_t count) {
     }
 }
 
-/// Whether units lie where blocks of them can.
+/// Whether a text has the alignment of its units, so that aligned blocks hold whole ones.
 inline bool IsAligned(const wchar_t* text) {
     return reinterpret_cast<uintptr_t>(text) % sizeof(wchar_t) == 0;
 }

@@ -86,7 +86,7 @@ int CRapidJsonGenerator::Replace(Source source, const wchar_t* nameOrText, uint3
 
 int CRapidJsonGenerator::Graft(const Parent& parent, const Spot& spot, Source source,
                                const wchar_t* nameOrText, uint32_t* handle) {
-    if (!parent.node) return parent.absence;
+    if (!parent.known) return parent.Absence();
     if (!handle) return kPlainFailure;
     uint32_t issued = 0;
     const int result = AddParsed(parent, spot, source, nameOrText, issued);
@@ -98,7 +98,7 @@ int CRapidJsonGenerator::AddParsed(const Parent& parent, const Spot& spot, Sourc
                                    const wchar_t* nameOrText, uint32_t& handle) {
     const bool fits = parent.value && parent.value->GetType() == spot.parentType;
     // Text for a parent by handle is parsed before the parent's kind counts; everything else after.
-    const bool textByHandle = source == Source::Text && parent.absence == kNoValue;
+    const bool textByHandle = source == Source::Text && parent.naming == Parent::Naming::kHandle;
     if (!fits && !textByHandle) return kPlainFailure;
     JsonDocument parsed;
     int result = Parse(source, nameOrText, parsed);

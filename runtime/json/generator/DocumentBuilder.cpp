@@ -22,19 +22,33 @@ uint32_t DocumentBuilder::StartAnew(JsonValue&& value) {
 
 DocumentBuilder::Parent DocumentBuilder::ByHandle(int32_t handle) {
     const std::optional<Node> node = paths.NodeOf(handle);
-    return {node, node ? Resolve(*node) : nullptr, kNoValue};
+    if (!node) return {Parent::Naming::kHandle, false, {}, nullptr};
+    return {Parent::Naming::kHandle, true, PathTable::Known(*node), Resolve(*node)};
 }
 
 DocumentBuilder::Parent DocumentBuilder::ByPath(const wchar_t* path) {
-    const Parent none = {std::nullopt, nullptr, kBadPath};
-    wchar_t pointer[kPathCapacity];
-    if (TranslateItemPath(lookup, root, path, pointer) != kSuccess) return none;
-    const Node node = paths.AtPointer(pointer);
-    JsonValue* const value = Resolve(node);
-    return value ? Parent{node, value, kBadPath} : none;
+    const bool translated = TranslateItemPath(lookup, root, path, pointer) == kSuccess;
+    // Made in one piece: copied right behind its making it would have to wait for it.
+    Parent parent = {Parent::Naming::kPath, translated,
+                     translated ? paths.Reach(pointer.Text()) : PathTable::Known(PathTable::kRoot),
+                     nullptr};
+    if (translated) parent.value = Resolve(parent.path);
+    parent.known = parent.value != nullptr;
+    return parent;
 }
 
 // ---- From paths to values ----------------------------------------------------------------------
+
+/// The path of a member; nothing of it is known where that of its parent is not.
+PathTable::Reached DocumentBuilder::ChildOf(const PathTable::Reached& parent,
+                                            std::wstring_view key) {
+    return parent.Whole() ? paths.Reach(parent.node, key) : parent;
+}
+
+JsonValue* DocumentBuilder::Resolve(const PathTable::Reached& path) {
+    JsonValue* const value = Resolve(path.node);
+    return value && !path.Whole() ? ResolveSegments(lookup, *value, path.rest) : value;
+}
 
 /// The value at a path, or null.
 JsonValue* DocumentBuilder::Resolve(Node node) {
@@ -50,15 +64,17 @@ JsonValue* DocumentBuilder::KnownLocation(Node node) {
 
 /// Starts from the nearest path above whose value is known.
 JsonValue* DocumentBuilder::ResolveFromAbove(Node node) {
-    trail.clear();
+    size_t steps = 0;
     JsonValue* value = nullptr;
-    for (; !value; value = KnownLocation(node)) {
-        trail.push_back(node);
-        node = paths.ParentOf(node);
-    }
-    for (; value && !trail.empty(); trail.pop_back()) {
-        value = ChildOf(*value, trail.back());
-        if (value) Remember(trail.back(), value);
+    for (Node above = node; !(value = KnownLocation(above)); above = paths.ParentOf(above)) ++steps;
+    constexpr size_t kFew = 64;
+    Node few[kFew];
+    std::vector<Node> many(steps > kFew ? steps : 0);
+    Node* const trail = steps > kFew ? many.data() : few;
+    for (size_t step = steps; step > 0; node = paths.ParentOf(node)) trail[--step] = node;
+    for (size_t step = 0; value && step < steps; ++step) {
+        value = ChildOf(*value, trail[step]);
+        if (value) Remember(trail[step], value);
     }
     return value;
 }
@@ -89,10 +105,11 @@ uint32_t DocumentBuilder::HandleOf(Node node) {
 
 int DocumentBuilder::GetHandleByPath(const wchar_t* path, uint32_t* handle) {
     const Parent item = ByPath(path);
-    if (!item.node) return item.absence;
+    if (!item.known) return item.Absence();
     if (!handle) return kPlainFailure;
+    const Node node = paths.Enter(item.path);
     paths.PrepareIssue();
-    *handle = HandleOf(*item.node);
+    *handle = HandleOf(node);
     return kSuccess;
 }
 

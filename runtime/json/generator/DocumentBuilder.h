@@ -18,9 +18,13 @@ public:
 
     /// The parent of a new item in the handle and path families.
     struct Parent {
-        std::optional<Node> node;  ///< its path; nothing: the parent is not known at all
-        JsonValue* value;          ///< the value there now; null where the path leads nowhere
-        int absence;               ///< the result when the parent is not known
+        /// How it was named, which decides the result where it is not known at all.
+        enum class Naming { kHandle, kPath } naming;
+        bool known;
+        PathTable::Reached path;  ///< its path; not known in whole before something below is added
+        JsonValue* value;         ///< the value there now; null where the path leads nowhere
+
+        int Absence() const { return naming == Naming::kHandle ? kNoValue : kBadPath; }
     };
 
     const JsonValue& Root() const { return root; }
@@ -31,7 +35,7 @@ public:
     uint32_t StartAnew(JsonValue&& value);
 
     Parent ByHandle(int32_t handle);
-    /// Raises an access violation where the path's translation does.
+    /// Raises an access violation where the path's translation does. Valid until the next call.
     Parent ByPath(const wchar_t* path);
 
     // Value family: the parent is a value; a repeated key makes a second member.
@@ -61,7 +65,12 @@ public:
     int GetHandleByPath(const wchar_t* path, uint32_t* handle);
 
     /// The pool of the document's values.
-    JsonAllocator& Allocator() { return allocator; }
+    JsonAllocator& Allocator() { return pool.Allocator(); }
+
+    // What is held and has been done, for those who count it.
+    const PathTable& Paths() const { return paths; }
+    const MemberLookup& Lookup() const { return lookup; }
+    const DocumentPool& Pool() const { return pool; }
 
 private:
     /// Where the value of a path was found, and when.
@@ -71,6 +80,8 @@ private:
         uint64_t epoch = 0;
     };
 
+    PathTable::Reached ChildOf(const PathTable::Reached& parent, std::wstring_view key);
+    JsonValue* Resolve(const PathTable::Reached& path);
     JsonValue* Resolve(Node node);
     JsonValue* ResolveFromAbove(Node node);
     JsonValue* ChildOf(JsonValue& value, Node child);
@@ -87,17 +98,18 @@ private:
     template <class Grow>
     auto WatchingStorage(JsonValue& container, Grow&& grow);
 
-    JsonAllocator allocator;
+    DocumentPool pool;
+    JsonAllocator& allocator = pool.Allocator();
     JsonValue root;
     PathTable paths{allocator};
-    MemberLookup lookup;
+    MemberLookup lookup{pool};
+    PointerText pointer;  // that of the parent named last
 
     // Values move when the container that they stand in grows into other memory, and end when
     // something above them is overwritten. Both are rare, and begin a new epoch; within one, a
     // location that was found stays true. Scripts add to few parents at a time.
     static constexpr Node kLocations = 64;
     Location locations[kLocations];
-    std::vector<Node> trail;  // Resolve's own, kept for its memory
     uint64_t epoch = 1;
 };
 
@@ -142,16 +154,19 @@ int DocumentBuilder::Append(uint64_t parent, const Item& item, uint64_t* referen
 template <class Item>
 int DocumentBuilder::AddMember(const Parent& parent, const wchar_t* key, const Item& item,
                                uint32_t* handle) {
-    if (!parent.node) return parent.absence;
+    if (!parent.known) return parent.Absence();
     if (!key) throw ProcessorFault();  // by contract the key is used without a test
     const std::wstring_view name = KeyOf(key);
-    const Node child = paths.Child(*parent.node, name);
-    if (paths.HandleOf(child) != 0) return Overwrite(child, item, handle);
+    PathTable::Reached path = ChildOf(parent.path, name);
+    if (path.Whole() && paths.HandleOf(path.node) != 0) return Overwrite(path.node, item, handle);
     const int result = CheckAdd(parent.value, rapidjson::kObjectType, true, item, handle);
     if (result != kSuccess) return result;
+    JsonValue value = item.Make(allocator);
+    if (!parent.path.Whole()) path = paths.Reach(paths.Enter(parent.path), name);
+    const Node child = paths.Enter(path);
     paths.PrepareIssue();
     WatchingStorage(*parent.value, [&] {
-        return &PutMember(*parent.value, NameOf(child, name), item.Make(allocator), allocator);
+        return &PutMember(*parent.value, NameOf(child, name), std::move(value), allocator);
     });
     *handle = paths.Issue(child);
     return kSuccess;
@@ -159,14 +174,15 @@ int DocumentBuilder::AddMember(const Parent& parent, const wchar_t* key, const I
 
 template <class Item>
 int DocumentBuilder::Append(const Parent& parent, const Item& item, uint32_t* handle) {
-    if (!parent.node) return parent.absence;
+    if (!parent.known) return parent.Absence();
     JsonValue* const array = parent.value;
     const int result = CheckAdd(array, rapidjson::kArrayType, true, item, handle);
     if (result != kSuccess) return result;
-    const Node child = paths.Element(*parent.node, array->Size());
+    JsonValue value = item.Make(allocator);
+    const Node child = paths.EnterElement(paths.Enter(parent.path), array->Size());
     paths.PrepareIssue();
-    JsonValue* const element = WatchingStorage(
-        *array, [&] { return &PutElement(*array, item.Make(allocator), allocator); });
+    JsonValue* const element =
+        WatchingStorage(*array, [&] { return &PutElement(*array, std::move(value), allocator); });
     Remember(child, element);
     *handle = HandleOf(child);
     return kSuccess;

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
+
+#include "../common/KeyText.h"
 
 namespace QXJSON {
 namespace {
@@ -12,29 +15,7 @@ using Segment = PathTable::Segment;
 /// which there may be many, then stay close together in memory.
 constexpr uint32_t kLongestChain = 8;
 /// A number of children that no chain has.
-constexpr uint32_t kInTable = UINT32_MAX;
-
-constexpr uint64_t kFactor = 0x9E37'79B9'7F4A'7C15;
-
-uint64_t Mix(uint64_t hash, std::wstring_view text) {
-    constexpr size_t kStep = sizeof(uint64_t) / sizeof(wchar_t);
-    hash ^= text.size();
-    while (!text.empty()) {
-        const size_t step = std::min(text.size(), kStep);
-        uint64_t units = 0;
-        std::memcpy(&units, text.data(), step * sizeof(wchar_t));
-        hash = (hash ^ units) * kFactor;
-        hash ^= hash >> 32;
-        text.remove_prefix(step);
-    }
-    return hash;
-}
-
-uint32_t HashOf(PathTable::Node parent, const Segment& segment) {
-    const uint64_t hash = parent * kFactor >> 32;
-    return static_cast<uint32_t>(segment.IsNumber() ? hash + segment.length
-                                                    : Mix(hash, segment.Text()));
-}
+constexpr uint32_t kMany = UINT32_MAX;
 
 /// A segment whose text is not copied yet.
 Segment SegmentFrom(std::wstring_view text) {
@@ -70,22 +51,45 @@ uint32_t PathTable::Restart() {
     At(kRoot) = {};
     count = 1;
     handleToNode.clear();
-    slots.clear();
-    slotsUsed = 0;
+    many.clear();
     return Issue(kRoot);
 }
 
-PathTable::Node PathTable::Child(Node parent, std::wstring_view key) {
+void PathTable::EnsureRoot() {
+    if (count == 0) Add(kRoot, {}, 0);
+}
+
+PathTable::Reached PathTable::Reach(Node parent, std::wstring_view key) {
     for (;;) {
         const size_t length = FirstSegment(key);
-        parent = Child(parent, SegmentFrom(key.substr(0, length)));
-        if (length == key.size()) return parent;
+        uint32_t hash = 0;
+        const Node child = FindChild(parent, SegmentFrom(key.substr(0, length)), hash);
+        if (child == kRoot) return {parent, hash, key};
+        if (length == key.size()) return Known(child);
+        parent = child;
         key.remove_prefix(length + 1);
     }
 }
 
-PathTable::Node PathTable::AtPointer(std::wstring_view pointer) {
-    return pointer.empty() ? kRoot : Child(kRoot, pointer.substr(1));
+PathTable::Node PathTable::Enter(const Reached& path) {
+    EnsureRoot();
+    if (path.Whole()) return path.node;
+    Node node = path.node;
+    uint32_t hash = path.hash;
+    for (std::wstring_view key = path.rest;;) {
+        const size_t length = FirstSegment(key);
+        node = AddChild(node, SegmentFrom(key.substr(0, length)), hash);
+        if (length == key.size()) return node;
+        key.remove_prefix(length + 1);
+        hash = 0;
+    }
+}
+
+PathTable::Node PathTable::EnterElement(Node parent, uint32_t index) {
+    const Segment segment = {nullptr, index};
+    uint32_t hash = 0;
+    const Node known = FindChild(parent, segment, hash);
+    return known != kRoot ? known : AddChild(parent, segment, hash);
 }
 
 std::wstring PathTable::TextOf(Node node) const {
@@ -101,7 +105,7 @@ std::optional<PathTable::Node> PathTable::NodeOf(int32_t handle) const {
 }
 
 void PathTable::PrepareIssue() {
-    if (count == 0) Add(kRoot, {});
+    EnsureRoot();
     if (handleToNode.size() == handleToNode.capacity())
         handleToNode.reserve(std::max<size_t>(16, handleToNode.size() * 2));
 }
@@ -113,54 +117,103 @@ uint32_t PathTable::Issue(Node node) {
 
 // ---- The tree ----------------------------------------------------------------------------------
 
-PathTable::Node PathTable::Child(Node parent, const Segment& segment) {
-    if (count == 0) Add(kRoot, {});
-    if (At(parent).children <= kLongestChain) {
-        Node* chain = &At(parent).firstChild;
-        for (; *chain != kRoot; chain = &At(*chain).nextInChain)
-            if (At(*chain).segment == segment) return *chain;
-        if (At(parent).children < kLongestChain) {
-            *chain = Add(parent, segment);
-            ++At(parent).children;
-            return *chain;
-        }
-        MoveChainIntoTable(parent);
-    }
-    MakeRoom(1);
-    const uint32_t hash = HashOf(parent, segment);
-    Slot& slot = SlotOf(parent, segment, hash);
-    if (slot.node == kRoot) {
-        slot = {hash, Add(parent, segment)};
-        ++slotsUsed;
-    }
-    return slot.node;
+uint32_t PathTable::HashOf(const Segment& segment) const {
+    return segment.IsNumber() ? QXJSON::HashOf(segment.length, keys)
+                              : QXJSON::HashOf<KeyMatch::kExact>(segment.Text(), keys);
 }
 
-/// From now on the children of a node are found in the table alone.
-void PathTable::MoveChainIntoTable(Node parent) {
-    MakeRoom(kLongestChain);
-    for (Node child = At(parent).firstChild; child != kRoot; child = At(child).nextInChain) {
-        const uint32_t hash = HashOf(parent, At(child).segment);
-        SlotOf(parent, At(child).segment, hash) = {hash, child};
-        ++slotsUsed;
+/// The child of a node, or kRoot, which is nobody's. `hash` becomes that of the segment where it
+/// has to be known.
+PathTable::Node PathTable::FindChild(Node parent, const Segment& segment, uint32_t& hash) {
+    if (count == 0) return kRoot;
+    const NodeData& data = At(parent);
+    if (data.children == kMany) return FindAmong(many[data.firstChild], segment, hash);
+    Node child = data.firstChild;
+    while (child != kRoot && !(At(child).segment == segment)) child = At(child).nextInChain;
+    return child;
+}
+
+PathTable::Node PathTable::FindAmong(ManyChildren& children, const Segment& segment,
+                                     uint32_t& hash) {
+    if (segment.IsNumber() && segment.length < children.elements.size())
+        return children.elements[segment.length];
+    if (children.others.Size() == 0) return kRoot;
+    hash = HashOf(segment);
+    const Slot* const slot = children.others.Find(
+        hash, [&](const Slot& other) { return At(other.node).segment == segment; });
+    return slot ? slot->node : kRoot;
+}
+
+/// A new child of a node; its hash, where it is known already, or 0.
+PathTable::Node PathTable::AddChild(Node parent, const Segment& segment, uint32_t hash) {
+    if (hash == 0 && !segment.IsNumber()) hash = HashOf(segment);
+    if (At(parent).children == kLongestChain) MoveChain(parent);
+    if (At(parent).children == kMany) {
+        ManyChildren& children = many[At(parent).firstChild];
+        MakeRoomAmong(children, segment);
+        const Node child = Add(parent, segment, hash);
+        LinkAmong(children, child, hash);
+        return child;
     }
-    At(parent).children = kInTable;
+    const Node child = Add(parent, segment, hash);
+    At(child).nextInChain = At(parent).firstChild;
+    At(parent).firstChild = child;
+    ++At(parent).children;
+    return child;
+}
+
+/// Whether a new child of that name is an element that follows the others.
+bool PathTable::IsNextElement(const ManyChildren& children, const Segment& segment) {
+    return segment.IsNumber() && segment.length == children.elements.size();
+}
+
+/// Has room where LinkAmong will need it.
+void PathTable::MakeRoomAmong(ManyChildren& children, const Segment& segment) {
+    std::vector<Node>& elements = children.elements;
+    if (!IsNextElement(children, segment))
+        children.others.Reserve(children.others.Size() + 1);
+    else if (elements.size() == elements.capacity())
+        elements.reserve(std::max<size_t>(2 * kLongestChain, 2 * elements.size()));
+}
+
+void PathTable::LinkAmong(ManyChildren& children, Node child, uint32_t hash) {
+    const Segment segment = At(child).segment;
+    if (IsNextElement(children, segment))
+        children.elements.push_back(child);
+    else
+        children.others.Insert({hash != 0 ? hash : HashOf(segment), child});
+}
+
+/// From now on the children of a node are found in a place of their own.
+void PathTable::MoveChain(Node parent) {
+    Node chain[kLongestChain];  // in the order in which they were entered
+    Node* begin = std::end(chain);
+    for (Node child = At(parent).firstChild; child != kRoot; child = At(child).nextInChain)
+        *--begin = child;
+    ManyChildren children;
+    for (const Node child : chain) {
+        MakeRoomAmong(children, At(child).segment);
+        LinkAmong(children, child, 0);
+    }
+    many.push_back(std::move(children));
+    At(parent).firstChild = static_cast<Node>(many.size() - 1);
+    At(parent).children = kMany;
 }
 
 /// A new node, with a copy of its segment's text.
-PathTable::Node PathTable::Add(Node parent, const Segment& segment) {
+PathTable::Node PathTable::Add(Node parent, const Segment& segment, uint32_t hash) {
     if (count >> kBlockBits == blocks.size()) {
         std::unique_ptr<NodeData[]> block(new NodeData[kBlockSize]);
         blocks.push_back(std::move(block));
     }
-    const wchar_t* const text = segment.IsNumber() ? nullptr : Keep(segment.Text());
+    const wchar_t* const text = segment.IsNumber() ? nullptr : Keep(segment.Text(), hash);
     At(count) = {{text, segment.length}, parent, 0, kRoot, kRoot, 0};
     return count++;
 }
 
 /// A zero-terminated copy of a text in the pool, which may be one that was made before.
-const wchar_t* PathTable::Keep(std::wstring_view text) {
-    std::wstring_view& known = recent[Mix(0, text) % kRecent];
+const wchar_t* PathTable::Keep(std::wstring_view text, uint32_t hash) {
+    std::wstring_view& known = recent[hash % kRecent];
     if (known.data() && known == text) return known.data();
     const size_t size = text.size() * sizeof(wchar_t);
     auto* const copy = static_cast<wchar_t*>(allocator.Malloc(size + sizeof(wchar_t)));
@@ -170,29 +223,20 @@ const wchar_t* PathTable::Keep(std::wstring_view text) {
     return copy;
 }
 
-/// The slot that holds the child, or else the free one where it belongs.
-PathTable::Slot& PathTable::SlotOf(Node parent, const Segment& segment, uint32_t hash) {
-    const size_t mask = slots.size() - 1;
-    for (size_t at = hash & mask;; at = (at + 1) & mask) {
-        Slot& slot = slots[at];
-        if (slot.node == kRoot) return slot;
-        if (slot.hash == hash && At(slot.node).parent == parent && At(slot.node).segment == segment)
-            return slot;
-    }
+// ---- What it costs -----------------------------------------------------------------------------
+
+uint64_t PathTable::Work() const {
+    uint64_t work = 0;
+    for (const ManyChildren& children : many) work += children.others.Work();
+    return work;
 }
 
-void PathTable::MakeRoom(uint32_t more) {
-    if (slotsUsed + more <= slots.size() / 4 * 3) return;
-    constexpr size_t kFirstSize = 64;
-    std::vector<Slot> bigger(slots.empty() ? kFirstSize : slots.size() * 2);
-    const size_t mask = bigger.size() - 1;
-    for (const Slot& slot : slots) {
-        if (slot.node == kRoot) continue;
-        size_t at = slot.hash & mask;
-        while (bigger[at].node != kRoot) at = (at + 1) & mask;
-        bigger[at] = slot;
-    }
-    slots.swap(bigger);
+size_t PathTable::Bytes() const {
+    size_t bytes = blocks.size() * kBlockSize * sizeof(NodeData) +
+                   handleToNode.capacity() * sizeof(Node) + many.capacity() * sizeof(ManyChildren);
+    for (const ManyChildren& children : many)
+        bytes += children.elements.capacity() * sizeof(Node) + children.others.Bytes();
+    return bytes;
 }
 
 }  // namespace QXJSON

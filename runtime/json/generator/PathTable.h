@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "../common/Hash.h"
+#include "../common/HashTable.h"
 #include "../common/JsonTypes.h"
 
 namespace QXJSON {
@@ -20,7 +22,7 @@ namespace QXJSON {
 /// the root and the key "b" below "a" share theirs.
 ///
 /// The paths are kept as a tree of segments: a node is a path, its parent the path without the last
-/// segment. Finding a child costs the same in a document of any size.
+/// segment. Finding a child costs the same below any parent, in a document of any size.
 class PathTable {
 public:
     /// A path that the table knows, with or without a handle. Valid until Restart.
@@ -38,17 +40,35 @@ public:
         bool operator==(const Segment& other) const;
     };
 
-    explicit PathTable(JsonAllocator& pool) : allocator(pool) {}
+    /// How far the table knows a path.
+    struct Reached {
+        Node node;      ///< its own, or that of the longest part of it that is known
+        uint32_t hash;  ///< of the segment behind that part, or 0 where nobody asked for it
+        /// The segments that are not known, parted by "/"; null where all are.
+        std::wstring_view rest;
+
+        bool Whole() const { return !rest.data(); }
+    };
+
+    explicit PathTable(JsonAllocator& pool, const HashKeys& hashKeys = ProcessHashKeys())
+        : allocator(pool), keys(hashKeys) {}
 
     /// Forgets all handles and paths and issues the first handle, which is 1, for the root.
     uint32_t Restart();
 
-    /// The path `parent`/`key`. A key that contains "/" is several segments.
-    Node Child(Node parent, std::wstring_view key);
+    /// Looks for the path of a pointer, as item paths translate to it. Enters nothing.
+    Reached Reach(std::wstring_view pointer) {
+        return pointer.empty() ? Known(kRoot) : Reach(kRoot, pointer.substr(1));
+    }
+    /// Looks for `parent`/`key`. A key that contains "/" is several segments.
+    Reached Reach(Node parent, std::wstring_view key);
+    static Reached Known(Node node) { return {node, 0, {}}; }
+
+    /// Enters what is not known of a path. Throws std::bad_alloc; a part of it may then be known
+    /// that was not, but has no handle.
+    Node Enter(const Reached& path);
     /// The path of the element at an index from 0.
-    Node Element(Node parent, uint32_t index) { return Child(parent, Segment{nullptr, index}); }
-    /// The path of a pointer as the item paths translate to.
-    Node AtPointer(std::wstring_view pointer);
+    Node EnterElement(Node parent, uint32_t index);
 
     /// The handle of a path, or 0.
     uint32_t HandleOf(Node node) const { return node < count ? At(node).handle : 0; }
@@ -65,40 +85,58 @@ public:
     Segment SegmentOf(Node node) const { return At(node).segment; }
     std::wstring TextOf(Node node) const;
 
+    /// How many paths the table knows.
+    uint32_t Count() const { return count; }
+    /// What looking for children in tables has cost: slots looked at or written.
+    uint64_t Work() const;
+    /// What the table holds, without the texts of segments.
+    size_t Bytes() const;
+
 private:
     struct NodeData {
         Segment segment;
         Node parent;
         uint32_t handle;
-        Node firstChild;  // the chain of the first children
+        // The first of the chain of children; or, where they are many, the number of their place.
+        Node firstChild;
         Node nextInChain;
-        uint32_t children;  // how many there are in the chain
+        uint32_t children;  // how many there are in the chain, or kMany
     };
-    /// A child of a node that has many; node kRoot marks a free slot.
+
     struct Slot {
         uint32_t hash;
         Node node;
+    };
+    /// The children of a node that has many.
+    struct ManyChildren {
+        // Those named 0, 1, 2 and so on, as far as they were entered in this order: the elements of
+        // an array lie side by side, as they are used.
+        std::vector<Node> elements;
+        HashTable<Slot> others;
     };
 
     // Nodes never move: they are kept in blocks.
     static constexpr uint32_t kBlockBits = 10, kBlockSize = 1u << kBlockBits;
     NodeData& At(Node node) const { return blocks[node >> kBlockBits][node & (kBlockSize - 1)]; }
 
-    Node Child(Node parent, const Segment& segment);
-    Node Add(Node parent, const Segment& segment);
-    const wchar_t* Keep(std::wstring_view text);
-    Slot& SlotOf(Node parent, const Segment& segment, uint32_t hash);
-    void MoveChainIntoTable(Node parent);
-    void MakeRoom(uint32_t more);
+    void EnsureRoot();
+    uint32_t HashOf(const Segment& segment) const;
+    Node FindChild(Node parent, const Segment& segment, uint32_t& hash);
+    Node FindAmong(ManyChildren& children, const Segment& segment, uint32_t& hash);
+    Node AddChild(Node parent, const Segment& segment, uint32_t hash);
+    Node Add(Node parent, const Segment& segment, uint32_t hash);
+    static bool IsNextElement(const ManyChildren& children, const Segment& segment);
+    static void MakeRoomAmong(ManyChildren& children, const Segment& segment);
+    void LinkAmong(ManyChildren& children, Node child, uint32_t hash);
+    void MoveChain(Node parent);
+    const wchar_t* Keep(std::wstring_view text, uint32_t hash);
 
     JsonAllocator& allocator;  // owns the texts of the segments
     std::vector<std::unique_ptr<NodeData[]>> blocks;
     uint32_t count = 0;              // of nodes; the root is the first
     std::vector<Node> handleToNode;  // by handle - 1
-    // A hash table with open addressing, of a size that is a power of two and at most three
-    // quarters full. The numbers below one parent lie side by side, as they are used.
-    std::vector<Slot> slots;
-    uint32_t slotsUsed = 0;
+    std::vector<ManyChildren> many;
+    HashKeys keys;
     // The texts that were kept last, by their hash: the same few keys come again and again.
     static constexpr size_t kRecent = 256;
     std::wstring_view recent[kRecent];

@@ -84,9 +84,10 @@ private:
     int FinishLoad(const LoadStatus& loaded);
 
     uint32_t ignoreCase = 1;
-    JsonAllocator allocator;
+    DocumentPool pool;
+    JsonAllocator& allocator = pool.Allocator();
     JsonDocument document;  // always an object
-    MemberLookup members;
+    MemberLookup members{pool};
     LoadStatus status;
     MessageBuffer scratchBuffer;
     JsonTextBuffer textBuffer;

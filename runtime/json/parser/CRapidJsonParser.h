@@ -337,13 +337,13 @@ private:
     int FinishLoad(const LoadStatus& loaded);
     int FinishTextLoad(const LoadStatus& loaded);
 
-    JsonAllocator allocator;
+    DocumentPool pool;
     JsonDocument document;
     LoadStatus status;
     JsonTextBuffer textBuffer;
     MessageBuffer messageBuffer;
     HandleTable handles;
-    MemberLookup members;
+    MemberLookup members{pool};
 };
 
 }  // namespace QXJSON

@@ -10,7 +10,7 @@ void HandleTable::Clear() {
     blocks.clear();
     count = 0;
     pages.clear();
-    slots.clear();
+    slots.Clear();
     std::fill(std::begin(recent), std::end(recent), 0);
 }
 
@@ -55,36 +55,32 @@ void HandleTable::Note(Handles& handles, uint32_t place, uint32_t handle) {
 }
 
 HandleTable::PageNumber HandleTable::PageOf(uintptr_t stretch) {
-    if (pages.size() >= slots.size() / 2) Grow();
-    PageNumber& slot = SlotOf(stretch);
-    if (slot == 0) {
-        constexpr size_t kMostPages = UINT32_MAX / kSteps;
-        // LCOV_EXCL_START: takes a document of 32 GiB
-        if (pages.size() == kMostPages) throw std::bad_alloc();
-        // LCOV_EXCL_STOP
-        auto handles = std::make_unique<Handles>();
-        handles->base = count;
-        pages.push_back({stretch, std::move(handles)});
-        slot = static_cast<PageNumber>(pages.size());
-    }
-    return slot - 1;
+    const uint32_t hash = HashOf(stretch, keys);
+    const Slot* const slot =
+        slots.Find(hash, [&](const Slot& known) { return pages[known.page].stretch == stretch; });
+    return slot ? slot->page : AddPage(stretch, hash);
 }
 
-/// The slot that holds the page of a stretch, or else the free one where it belongs.
-HandleTable::PageNumber& HandleTable::SlotOf(uintptr_t stretch) {
-    constexpr uint64_t kGoldenRatio = 0x9E37'79B9'7F4A'7C15;
-    const size_t mask = slots.size() - 1;
-    size_t slot = static_cast<size_t>(stretch * kGoldenRatio >> 32) & mask;
-    while (slots[slot] != 0 && pages[slots[slot] - 1].stretch != stretch) slot = (slot + 1) & mask;
-    return slots[slot];
+HandleTable::PageNumber HandleTable::AddPage(uintptr_t stretch, uint32_t hash) {
+    constexpr size_t kMostPages = UINT32_MAX / kSteps;
+    // LCOV_EXCL_START: takes a document of 32 GiB
+    if (pages.size() == kMostPages) throw std::bad_alloc();
+    // LCOV_EXCL_STOP
+    slots.Reserve(slots.Size() + 1);
+    auto handles = std::make_unique<Handles>();
+    handles->base = count;
+    pages.push_back({stretch, std::move(handles)});
+    const auto page = static_cast<PageNumber>(pages.size() - 1);
+    slots.Insert({hash, page});
+    return page;
 }
 
-void HandleTable::Grow() {
-    constexpr size_t kFirstSize = 16;
-    std::vector<PageNumber> bigger(slots.empty() ? kFirstSize : slots.size() * 2);
-    slots.swap(bigger);
-    for (size_t i = 0; i < pages.size(); ++i)
-        SlotOf(pages[i].stretch) = static_cast<PageNumber>(i + 1);
+size_t HandleTable::Bytes() const {
+    size_t bytes = blocks.size() * kBlock * sizeof(Location) + slots.Bytes() +
+                   pages.capacity() * sizeof(Page) + pages.size() * sizeof(Handles);
+    for (const Page& page : pages)
+        if (page.handles->absolute) bytes += kStretch * sizeof(uint32_t);
+    return bytes;
 }
 
 }  // namespace QXJSON

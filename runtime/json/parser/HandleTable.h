@@ -5,6 +5,8 @@
 #include <memory>
 #include <vector>
 
+#include "../common/Hash.h"
+#include "../common/HashTable.h"
 #include "../common/JsonTypes.h"
 
 namespace QXJSON {
@@ -34,11 +36,17 @@ public:
         return reinterpret_cast<JsonValue*>(begin + location % kSteps * alignof(JsonValue));
     }
 
+    /// What looking for pages has cost: slots looked at or written.
+    uint64_t Work() const { return slots.Work(); }
+    /// What the table holds.
+    size_t Bytes() const;
+
 private:
     static constexpr uint32_t kBlock = 1024;  // handles of one block
     static constexpr uint32_t kStretch = 64;  // values of one stretch of memory
 
-    /// Where a value can begin in a stretch: values are half as well aligned as they are large.
+    /// Where a value can begin in a stretch: at every multiple of its alignment, which is half of
+    /// its size.
     static constexpr uint32_t kSteps = kStretch * sizeof(JsonValue) / alignof(JsonValue);
 
     /// The number of a page times kSteps, plus the step of the value in its stretch.
@@ -58,18 +66,21 @@ private:
         std::unique_ptr<Handles> handles;
     };
 
+    struct Slot {
+        uint32_t hash;
+        PageNumber page;
+    };
+
     static uint32_t Known(const Handles& handles, uint32_t place);
     static void Note(Handles& handles, uint32_t place, uint32_t handle);
     PageNumber PageOf(uintptr_t stretch);
-    PageNumber& SlotOf(uintptr_t stretch);
-    void Grow();
+    PageNumber AddPage(uintptr_t stretch, uint32_t hash);
 
     std::vector<std::unique_ptr<Location[]>> blocks;  // by handle - 1; blocks never move
     uint32_t count = 0;
     std::vector<Page> pages;
-    // The pages by their stretch: a hash table with open addressing, of a size that is a power of
-    // two and at most half full, of page numbers plus 1; 0 is free.
-    std::vector<PageNumber> slots;
+    HashTable<Slot> slots;  // of the pages, by their stretch
+    HashKeys keys = ProcessHashKeys();
     // The pages that were used last: a walk goes to and fro between a container's children and
     // theirs.
     static constexpr uintptr_t kRecent = 16;
