@@ -11,7 +11,8 @@ constexpr TextRules kRules = {/*acceptNan=*/true, /*acceptNanInAnsi=*/false,
                               /*fileBufferSize=*/1024};
 constexpr size_t kTextCapacity = 256;
 
-CRapidJsonParser::CRapidJsonParser() : document(&allocator), textBuffer(nullptr, kTextCapacity) {}
+CRapidJsonParser::CRapidJsonParser()
+    : document(&pool.Allocator()), textBuffer(nullptr, kTextCapacity) {}
 
 // ---- Loading -----------------------------------------------------------------------------------
 
@@ -86,8 +87,10 @@ int CRapidJsonParser::Write(const Place& place, KindTest kind, const wchar_t** t
 
 int CRapidJsonParser::WriteMember(uint32_t handle, const wchar_t* key, KindTest kind,
                                   const wchar_t** text) {
+    const Place object = UntestedItem(handle);
+    if (!key) return kPlainFailure;
     const MemberRequest request{key, text != nullptr, kPlainFailure, kPlainFailure};
-    return Write(FindMember(members, UntestedItem(handle), request), kind, text);
+    return Write(FindMember(members, object, request), kind, text);
 }
 
 /// Decodes a string that a string getter has just handed out with `textResult`.

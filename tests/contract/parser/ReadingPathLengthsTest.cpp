@@ -114,6 +114,15 @@ TEST(ReadingPathLengths, LeadingZerosDoNotCount) {
         ExpectOne(L"{\"list\":[7]}", L"/list/" + std::wstring(zeros, L'0') + L"1", LeadsTo(7));
 }
 
+/// What counts is the translated path: of a segment below an array that is a position alone.
+TEST(ReadingPathLengths, WhatStandsAroundAPositionDoesNotCount) {
+    for (const size_t blanks : {1000u, 1023u, 1024u, 2000u, 100000u}) {
+        ExpectOne(L"[7]", L"/" + std::wstring(blanks, L' ') + L"1", LeadsTo(7));
+        ExpectOne(L"[7]", L"/1" + std::wstring(blanks, L'x'), LeadsTo(7));
+        ExpectOne(L"[7]", L"/" + std::wstring(blanks, L'x') + L"1", LeadsNowhere());
+    }
+}
+
 TEST(ReadingPathLengths, EndlessPathsLeadNowhere) {
     constexpr size_t kUnits = 100000;
     const std::wstring paths[] = {

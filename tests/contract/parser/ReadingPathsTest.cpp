@@ -83,7 +83,7 @@ TEST(ReadingPaths, ASegmentWithADigitBelowAnArrayIsReadAsANumber) {
         {L"/list/+1", LeadsTo(10)},        {L"/list/01", LeadsTo(10)},
         {L"/list/0002", LeadsTo(20)},      {L"/list/1.5", LeadsTo(10)},
         {L"/list/1e1", LeadsTo(10)},       {L"/list/2~0", LeadsTo(20)},
-        {L"/list/2~", LeadsTo(20)},        {L"/list/2~/3", LeadsTo(20)},
+        {L"/list/2~", LeadsTo(20)},        {L"/list/2~/3", LeadsNowhere()},
         {L"/list/2~/x/y", LeadsNowhere()}, {L"/list/x", LeadsNowhere()},
         {L"/list/x1", LeadsNowhere()},     {L"/list/-1", LeadsNowhere()},
         {L"/list/- 1", LeadsNowhere()},    {L"/list/--1", LeadsNowhere()},
@@ -93,6 +93,14 @@ TEST(ReadingPaths, ASegmentWithADigitBelowAnArrayIsReadAsANumber) {
         {L"/list/~01", LeadsNowhere()},    {L"/list/~/1", LeadsNowhere()},
     };
     ExpectPaths(L"{\"list\":[10,20]}", rows);
+}
+
+/// Below an array a segment ends at the next slash, whatever stands before it.
+TEST(ReadingPaths, ASlashBelowAnArrayIsNeverPartOfAPosition) {
+    const Row rows[] = {{L"/1~/1", LeadsTo(5)},        {L"/1x~/2", LeadsTo(6)},
+                        {L"/2~/1", LeadsTo(7)},        {L"/1~/1~", LeadsTo(5)},
+                        {L"/1~~/1~/", LeadsNowhere()}, {L"/~/1", LeadsNowhere()}};
+    ExpectPaths(L"[[5,6],[7]]", rows);
 }
 
 TEST(ReadingPaths, PositionsThatNoIntHoldsAreReadAsThePlatformDoes) {

@@ -149,16 +149,16 @@ TEST(ReadingText, FailuresOfTheirOwn) {
         {"GetMemberObjectJson", L"o", L"c", 0},
         {"GetMemberObjectJson", L"l", L"b", 0},
         {"GetMemberObjectJson", L"n", L"b", 0},
-        {"GetMemberObjectJson", L"o", nullptr, -1},
-        {"GetMemberObjectJson", L"n", nullptr, -1},
+        {"GetMemberObjectJson", L"o", nullptr, 0},
+        {"GetMemberObjectJson", L"n", nullptr, 0},
         {"GetMemberArrayJson", L"o", L"a", 1},
         {"GetMemberArrayJson", L"o", L"A", 1},
         {"GetMemberArrayJson", L"o", L"b", 0},
         {"GetMemberArrayJson", L"o", L"c", 0},
         {"GetMemberArrayJson", L"l", L"a", 0},
         {"GetMemberArrayJson", L"n", L"a", 0},
-        {"GetMemberArrayJson", L"o", nullptr, -1},
-        {"GetMemberArrayJson", L"n", nullptr, -1},
+        {"GetMemberArrayJson", L"o", nullptr, 0},
+        {"GetMemberArrayJson", L"n", nullptr, 0},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(testing::Message() << row.operation << " of " << (row.item ? row.item : L"-")
