@@ -70,7 +70,7 @@ TEST(MessageCatalogue, FullStops) {
     }
 }
 
-/// Two codes of one language are never told by the same sentence.
+/// Two codes of one language never share a sentence.
 TEST(MessageCatalogue, TextsDiffer) {
     for (int language = 0; language < kLanguageCount; ++language) {
         const MessageTable& texts = MessagesOf(language);
@@ -105,6 +105,61 @@ TEST(MessageCatalogue, NumbersOfLanguages) {
     for (const Row& row : rows) {
         const std::wstring text = MessagesOf(row.language)[row.code];
         EXPECT_EQ(0u, text.find(row.begin)) << "language " << row.language << ", code " << row.code;
+    }
+}
+
+/// Some sentences of each language to the letter: they are what a host shows to its users.
+TEST(MessageCatalogue, SamplesOfTranslations) {
+    struct Row {
+        int language;
+        int code;
+        const wchar_t* text;
+    };
+    const Row rows[] = {
+        {kJapanese, 8, L"文字列内の \\u の後の 16 進数が正しくありません。"},
+        {kJapanese, 12, L"文字列のエンコードが無効です。"},
+        {kJapanese, 16, L"Handler のエラーにより解析を中止しました。"},
+        {kJapanese, 18, L"json テキストへのポインターが null です。"},
+        {kDanish, 8, L"Ugyldigt hexadecimalt ciffer efter \\u i strengen."},
+        {kDanish, 16, L"Fortolkningen blev afbrudt på grund af en fejl i handleren."},
+        {kDutch, 17, L"Niet-gespecificeerde syntaxisfout."},
+        {kDutch, 20, L"Het bestand bestaat niet."},
+        {kFrench, 8, L"Chiffre hexadécimal incorrect après \\u dans la chaîne."},
+        {kFrench, 20, L"Le fichier n'existe pas."},
+        {kGerman, 2, L"Auf das Stammelement dürfen keine weiteren Werte folgen."},
+        {kGerman, 19, L"Der Zeiger auf den Dateinamen ist NULL."},
+        {kItalian, 8, L"Cifra esadecimale non valida dopo \\u nella stringa."},
+        {kItalian, 18, L"Il puntatore al testo JSON è null."},
+        {kNorwegian, 2, L"Roten skal ikke etterfølges av andre verdier."},
+        {kNorwegian, 20, L"Filen finnes ikke."},
+        {kSpanish, 8, L"Dígito hexadecimal incorrecto después de \\u en la cadena."},
+        {kSpanish, 20, L"El archivo no existe."},
+        {kSwedish, 8, L"Felaktig hexadecimal siffra efter \\u i strängen."},
+        {kSwedish, 18, L"Pekaren till JSON-texten är null."},
+    };
+    for (const Row& row : rows)
+        EXPECT_STREQ(row.text, MessagesOf(row.language)[row.code])
+            << "language " << row.language << ", code " << row.code;
+}
+
+/// What a sentence names is spelled as it is in JSON, in every language.
+TEST(MessageCatalogue, WhatSentencesName) {
+    struct Row {
+        int code;
+        const wchar_t* name;
+    };
+    const Row rows[] = {
+        {kMissingCommaOrBrace, L"'}'"},
+        {kMissingCommaOrBracket, L"']'"},
+        {kInvalidHexEscape, L"\\u"},
+        {kRootNotObject, L"JSON"},
+    };
+    for (int language = 0; language < kLanguageCount; ++language) {
+        for (const Row& row : rows) {
+            const std::wstring_view text = MessagesOf(language)[row.code];
+            EXPECT_NE(std::wstring_view::npos, text.find(row.name))
+                << "language " << language << ", code " << row.code;
+        }
     }
 }
 
