@@ -54,7 +54,7 @@ inline const char* Describe(int code) noexcept {
         case kEscapedFailure:
             return "an exception or fault ended the operation";
         case kBadPath:
-            return "there is nothing at the item path";
+            return "the item path is malformed, or nothing exists at it";
         default:
             return "unknown result";
     }

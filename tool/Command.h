@@ -26,6 +26,11 @@ Command Merge(CLI::App& program);
 Command Set(CLI::App& program);
 Command Validate(CLI::App& program);
 
+/// What the help of a command says about its PATH.
+constexpr char kItemPaths[] =
+    "Item paths: / is the root, /berths/1/number a member of the first element of an array.\n"
+    "Inside a key, a slash is written ~/ and a tilde ~0.";
+
 /// The FILE that most commands have.
 void AddInput(CLI::App& command, std::string& file);
 /// The option -o; without it the output goes to the standard output.

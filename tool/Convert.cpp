@@ -41,7 +41,10 @@ Command Convert(CLI::App& program) {
     CLI::App* const line =
         program.add_subcommand("convert", "Writes a document, compact, in another encoding");
     AddInput(*line, options->file);
-    AddOutput(*line, options->out)->required();
+    AddOutput(*line, options->out)
+        ->required()
+        ->description(
+            "The file to write, with a byte-order mark except in ASCII; - for the standard output");
     line->add_option("--to", options->encoding,
                      "utf-8, utf-16le, utf-16be, or ascii, which escapes all other characters")
         ->required()

@@ -48,10 +48,10 @@ Command Get(CLI::App& program) {
     CLI::App* const line = program.add_subcommand(
         "get", "Prints a value: the characters of a string, the JSON of anything else");
     AddInput(*line, options->file);
-    line->add_option("PATH", options->path, "The item path of the value, as /berths/1/number")
-        ->required();
+    line->add_option("PATH", options->path, "The item path of the value")->required();
     line->add_flag("--json", options->json, "Print a string as JSON, too");
-    line->footer("The exit code is 1 when there is nothing at the path.");
+    line->footer(std::string(kItemPaths) +
+                 "\nThe exit code is 1 when there is nothing at the path.");
     return {line, [options] { return Run(*options); }};
 }
 

@@ -123,6 +123,7 @@ Command Inspect(CLI::App& program) {
     line->add_option("--width", options->width, "Where to cut names and values, in characters")
         ->check(CLI::Range(1u, 1000000u))
         ->capture_default_str();
+    line->footer(kItemPaths);
     return {line, [options] { return Run(*options); }};
 }
 

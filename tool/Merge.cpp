@@ -80,9 +80,9 @@ Command Merge(CLI::App& program) {
     CLI::App* const line = program.add_subcommand(
         "merge",
         "Makes one object of several: members of later files replace those of earlier ones");
-    line->add_option("FILE", options->files, "JSON files whose roots are objects")
+    line->add_option("FILE", options->files, "Two or more JSON files whose roots are objects")
         ->required()
-        ->expected(2, 1000000);
+        ->expected(2, -1);
     AddOutput(*line, options->out);
     line->add_flag("--ignore-case", options->ignoreCase,
                    "Take keys that differ in the case of ASCII letters for the same");

@@ -92,7 +92,8 @@ Command Set(CLI::App& program) {
     line->add_option("VALUE", options->value, "The value as JSON")->required();
     AddOutput(*line, options->out);
     line->add_flag("--string", options->isString, "Take VALUE for the characters of a string");
-    line->footer("Write -- before a VALUE that begins with - and a letter.");
+    line->footer(std::string(kItemPaths) +
+                 "\nWrite -- before a VALUE that begins with - and a letter.");
     return {line, [options] { return Run(*options); }};
 }
 

@@ -121,10 +121,11 @@ Command Validate(CLI::App& program) {
         ->capture_default_str();
     line->footer(
         "A line for each failure: FILE:OFFSET: MESSAGE (line LINE, column COLUMN)\n"
-        "The offset is that in bytes of where reading stopped; the line and the column, in "
-        "characters from 1,\nare those of the last character that was read. Text that is not UTF-8 "
-        "is read in the "
-        "ANSI code page,\nwhere the offset counts characters.");
+        "The offset is where reading stopped, in bytes; the line and the column, in characters "
+        "from "
+        "1, are\nthose of the last character that was read. Text that is not UTF-8, UTF-16 or "
+        "UTF-32 "
+        "is read in the\nANSI code page; its offsets count characters.");
     return {line, [options] { return Run(*options); }};
 }
 

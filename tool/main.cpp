@@ -56,13 +56,12 @@ int RunProgram(std::vector<std::string> arguments) {
     program.allow_windows_style_options(false);  // item paths begin with a slash
     program.set_version_flag("--version", Version);
     program.require_subcommand(1);
-    program.footer(
-        "Item paths: / is the root, /berths/1/number a member of the first element of an array.\n"
-        "A slash inside of a key is written ~/.\n"
-        "Exit codes: 0 good, 1 the data is bad or not there, 2 the call is wrong.\n"
-        "jsontool COMMAND --help tells more.");
     const Command commands[] = {Inspect(program), Get(program), Validate(program), Format(program),
                                 Convert(program), Set(program), Merge(program)};
+    // After the commands, which would otherwise inherit it.
+    program.footer(
+        "Exit codes: 0 success, 1 the data is bad or not there, 2 the call is wrong.\n"
+        "jsontool COMMAND --help explains a command.");
     try {
         program.parse(arguments);
     } catch (const CLI::ParseError& error) {

@@ -49,7 +49,7 @@ namespace QXJSON {
 ///    is not to be used. Adding to a parent may move its other children, which ends their
 ///    references.
 /// 8. Lifetime. Keys, texts and bytes are copied; the caller may free them on return. Handles live
-///    until the next root creation, load or Release().
+///    until the next root creation, successful load or Release().
 /// 9. Units. Texts are zero-terminated UTF-16. A path given to an operation must fit into 1024
 ///    UTF-16 units with its terminator once translated into a JSON Pointer, or the answer is -10;
 ///    the paths remembered for handles have no limit.
@@ -831,8 +831,8 @@ public:
     /// \return 1, also when the root is no object or array, which leaves the file empty, and when
     ///     the text could not be written to its end; 0 for a null or empty name and for a file that
     ///     cannot be used: one that exists must open for reading, else one must be creatable, and
-    ///     it must open for writing; -5 where the nesting is too deep for the stack, which leaves
-    ///     the file empty
+    ///     it must open for writing; -5 where the nesting is too deep for the stack: the file is
+    ///     left as it was
     virtual int SaveToFile(const wchar_t* fileName, int32_t encoding) = 0;
 
     /// As SaveToFile(), indented by four spaces a level. A number that is not finite ends the

@@ -281,7 +281,7 @@ public:
     /// \return 1, also when the text could not be written to its end; 0 for a null or empty name
     ///     and for a file that cannot be used: one that exists must open for reading, else one must
     ///     be creatable, and it must open for writing; -5 where the nesting is too deep for the
-    ///     stack, which leaves the file empty
+    ///     stack: the file is left as it was
     virtual int SaveToFile(const wchar_t* fileName, int32_t encoding) = 0;
 
     /// \}
