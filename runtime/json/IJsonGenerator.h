@@ -6,68 +6,68 @@
 #include "common/ResultCodes.h"
 
 /// \file
-/// The generator: building JSON and handing it back.
+/// The generator: building JSON and writing it out.
 
 namespace QXJSON {
 
-/// Builds a JSON document item by item, or from parsed JSON, and hands it back as text, bytes or a
+/// Builds a JSON document item by item, or from parsed JSON, and returns it as text, bytes or a
 /// file.
 ///
 /// Conventions of all operations:
 ///
-/// 1. Results. An operation returns `int`: 1 for success, else 0 or a negative code of
+/// 1. Results. An operation returns `int`: 1 for success, otherwise 0 or a negative code of
 ///    ResultCodes.h. The results of an operation are listed in the order of its checks, and the
 ///    first that applies is returned. "Null output" stands for any output pointer that is null.
-///    Outputs are written on success only, and a call that fails changes nothing, except where an
+///    Outputs are written only on success, and a call that fails changes nothing, unless an
 ///    operation says what it leaves.
-/// 2. Failures that are no check's, C++ exceptions and processor faults alike, answer -5 and leave
-///    the generator usable. They are listed only where they are to be expected. Release() alone is
-///    not guarded.
+/// 2. Other failures. A failure outside these checks, be it a C++ exception or a processor fault,
+///    returns -5 and leaves the generator usable. -5 is listed only where it is to be expected.
+///    Only Release() is not guarded.
 /// 3. Three families of operations name the place where an item goes. By value reference
 ///    (`AddObjectValue...`, `AddArrayValue...`): the address of the parent as an operation of this
-///    family handed it out, taken back unchecked; only 0 is refused. By item handle
-///    (`AddObjectItem...`, `AddArrayItem...`): a number from 1 that the generator issued. By item
-///    path (`...ByPath`): the path of the parent, see "Item paths" of IJsonParser; names in it
-///    compare exactly. `AddObject...` adds a member under a key, `AddArray...` appends an element.
+///    family returned it, used unchecked; only 0 is refused. By item handle (`AddObjectItem...`,
+///    `AddArrayItem...`): a number from 1 that the generator issued. By item path (`...ByPath`):
+///    the path of the parent, see "Item paths" of IJsonParser; names in it compare exactly.
+///    `AddObject...` adds a member under a key, `AddArray...` appends an element.
 /// 4. Repeated keys. By reference, a repeated key makes a second member of the same name. By handle
-///    and path, a child that already has a handle is overwritten where it stands and keeps its
-///    handle; what was below it is gone, and its handles lead nowhere. A member that never had a
-///    handle (one that was loaded, or added by reference) is not noticed: a second member follows.
-///    An element appended at a position whose path has a handle already gets that handle.
-/// 5. Checks when overwriting. Where the child has a handle, what follows the key's check is: a
-///    null text faults (-5), a null output answers 0; neither the parent's existence nor its kind
-///    is looked at (by grafts they are). Where the child's remembered path leads nowhere any more,
-///    for something above it was overwritten, containers, booleans, numbers and nulls write
-///    nothing, hand out the handle and answer 1; strings, blobs, text variants and grafts fault
-///    (-5).
-/// 6. Keys by handle and path. The path under which a handle is remembered is made of the keys as
-///    they are: a "/" or "~" inside a key is not escaped, so that such an item's handle leads
-///    elsewhere or nowhere. A null key faults (-5).
-/// 7. References. Those of containers, nulls, strings and blobs are the address of the new value;
-///    so are those of booleans and numbers that are members. An element that is a boolean or a
-///    number has, in its place, the address of its array plus 16 for each element before it, which
-///    is not to be used. Adding to a parent may move its other children, which ends their
-///    references.
+///    and path, a child that already has a handle is overwritten in place and keeps its handle;
+///    what was below it is gone, and the handles of that lead nowhere. A member that never had a
+///    handle (one that was loaded, or added by reference) is not noticed: a second member is added.
+///    An element appended at a position whose path already has a handle gets that handle.
+/// 5. Checks when overwriting. Where the child has a handle, only these checks follow that of the
+///    key: an unknown selector returns 0, a null text faults (-5), a null output returns 0. The
+///    parent's existence and kind are not checked (except by grafts). Where the child's remembered
+///    path no longer leads anywhere, because something above it was overwritten, containers,
+///    booleans, numbers and nulls write nothing, output the handle and return 1; strings, blobs,
+///    text variants and grafts fault (-5).
+/// 6. Keys by handle and path. The path remembered for a handle is made of the keys as they are: a
+///    "/" or "~" inside a key is not escaped, so the handle of such an item leads elsewhere or
+///    nowhere. A null key faults (-5).
+/// 7. References. The reference of a container, null, string or blob is the address of the new
+///    value, and so is that of a boolean or number that is a member. For an element that is a
+///    boolean or number, the output is instead the address of its array plus 16 for each element
+///    before it, which must not be used as a reference. Adding to a parent may move its other
+///    children, which invalidates their references.
 /// 8. Lifetime. Keys, texts and bytes are copied; the caller may free them on return. Handles live
 ///    until the next root creation, successful load or Release().
 /// 9. Units. Texts are zero-terminated UTF-16. A path given to an operation must fit into 1024
-///    UTF-16 units with its terminator once translated into a JSON Pointer, or the answer is -10;
-///    the paths remembered for handles have no limit.
-/// 10. Threads. One thread at a time for each generator; different generators are independent.
+///    UTF-16 units with its terminator when translated into a JSON Pointer; otherwise the operation
+///    returns -10. The paths remembered for handles have no limit.
+/// 10. Threads. Use each generator from one thread at a time; different generators are independent.
 ///
 /// \par Handles as parents
-/// Operations hand out a handle as `uint32_t` and take a parent's as `int32_t`, the same number.
-/// A handle "leads nowhere" when it was issued but nothing is at its remembered path now.
+/// Operations output a handle as `uint32_t` and take a parent's as `int32_t`: the same number. A
+/// handle "leads nowhere" when it was issued but nothing is at its remembered path now.
 ///
 /// \par Encodings of bytes and files
 /// 0 ASCII, everything else escaped as \\uXXXX, no byte-order mark; 1 UTF-16LE, mark FF FE;
 /// 2 UTF-8, mark EF BB BF; 3 UTF-16BE, mark FE FF. Marks are written to files only.
 ///
-/// \par What JSON or the encoding cannot carry
-/// Numbers that are not finite are written NaN, Infinity and -Infinity, except by SaveToFileEx(),
-/// where they end the output. A surrogate without its other half is handed out as it is by
-/// GetJsonString() and ends every other output. An output that ends early answers 1 all the same:
-/// bytes are handed out up to there, a file keeps the whole blocks of 260 bytes before it.
+/// \par What JSON or the encoding cannot represent
+/// Numbers that are not finite are written as NaN, Infinity and -Infinity, except by
+/// SaveToFileEx(), where they end the output. A surrogate without its other half is kept as it is
+/// by GetJsonString() and ends every other output. An output that ends early still returns 1: bytes
+/// are returned up to that point, and a file keeps the whole blocks of 260 bytes before it.
 ///
 /// The order of the operations is the binary contract; new ones may only follow the last.
 class IJsonGenerator {
@@ -76,24 +76,24 @@ public:
     /// \name Roots
     /// \{
 
-    /// Discards everything, handles included, and starts anew with an empty object as the root.
+    /// Discards everything, handles included, and starts again with an empty object as the root.
     /// \param[out] value receives the root's reference
-    /// \return 1; 0 null output, with everything discarded and no root
+    /// \return 1; 0 null output: everything is discarded, and there is no root
     virtual int ResetRootObjectValue(uint64_t* value) = 0;
 
-    /// Discards everything, handles included, and starts anew with an empty object as the root.
+    /// Discards everything, handles included, and starts again with an empty object as the root.
     /// \param[out] handle receives the root's handle, which is always 1
-    /// \return 1; 0 null output, with everything discarded and no root
+    /// \return 1; 0 null output: everything is discarded, and there is no root
     virtual int CreateRootObject(uint32_t* handle) = 0;
 
-    /// Discards everything, handles included, and starts anew with an empty array as the root.
+    /// Discards everything, handles included, and starts again with an empty array as the root.
     /// \param[out] value receives the root's reference
-    /// \return 1; 0 null output, with everything discarded and no root
+    /// \return 1; 0 null output: everything is discarded, and there is no root
     virtual int ResetRootArrayValue(uint64_t* value) = 0;
 
-    /// Discards everything, handles included, and starts anew with an empty array as the root.
+    /// Discards everything, handles included, and starts again with an empty array as the root.
     /// \param[out] handle receives the root's handle, which is always 1
-    /// \return 1; 0 null output, with everything discarded and no root
+    /// \return 1; 0 null output: everything is discarded, and there is no root
     virtual int CreateRootArray(uint32_t* handle) = 0;
 
     /// \}
@@ -106,27 +106,27 @@ public:
     /// \param[in] parent reference of the object
     /// \param[in] key key of the member
     /// \param[out] value receives the member's reference
-    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectValueObject(uint64_t parent, const wchar_t* key, uint64_t* value) = 0;
 
     /// Appends an empty object to an array named by reference.
     /// \param[in] parent reference of the array
     /// \param[out] value receives the element's reference
-    /// \return 1; -2 null reference, 0 null output, -3 no array
+    /// \return 1; -2 null reference, 0 null output, -3 the parent is not an array
     virtual int AddArrayValueObject(uint64_t parent, uint64_t* value) = 0;
 
     /// Adds an empty object to an object named by path.
     /// \param[in] path item path of the object
     /// \param[in] key key of the member
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 no object
+    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectItemObjectByPath(const wchar_t* path, const wchar_t* key,
                                           uint32_t* handle) = 0;
 
     /// Appends an empty object to an array named by path.
     /// \param[in] path item path of the array
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path, 0 null output, -3 no array
+    /// \return 1; -10 bad path, 0 null output, -3 the parent is not an array
     virtual int AddArrayItemObjectByPath(const wchar_t* path, uint32_t* handle) = 0;
 
     /// Adds an empty object to an object named by handle.
@@ -134,40 +134,41 @@ public:
     /// \param[in] key key of the member
     /// \param[out] handle receives the member's handle
     /// \return 1; -2 unknown handle, -5 null key, -2 handle that leads nowhere, 0 null output,
-    ///     -3 no object
+    ///     -3 the parent is not an object
     virtual int AddObjectItemObject(int32_t parent, const wchar_t* key, uint32_t* handle) = 0;
 
     /// Appends an empty object to an array named by handle.
     /// \param[in] parent handle of the array
     /// \param[out] handle receives the element's handle
-    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 no array
+    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 the parent is not
+    ///     an array
     virtual int AddArrayItemObject(int32_t parent, uint32_t* handle) = 0;
 
     /// Adds an empty array to an object named by reference.
     /// \param[in] parent reference of the object
     /// \param[in] key key of the member
     /// \param[out] value receives the member's reference
-    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectValueArray(uint64_t parent, const wchar_t* key, uint64_t* value) = 0;
 
     /// Appends an empty array to an array named by reference.
     /// \param[in] parent reference of the array
     /// \param[out] value receives the element's reference
-    /// \return 1; -2 null reference, 0 null output, -3 no array
+    /// \return 1; -2 null reference, 0 null output, -3 the parent is not an array
     virtual int AddArrayValueArray(uint64_t parent, uint64_t* value) = 0;
 
     /// Adds an empty array to an object named by path.
     /// \param[in] path item path of the object
     /// \param[in] key key of the member
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 no object
+    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectItemArrayByPath(const wchar_t* path, const wchar_t* key,
                                          uint32_t* handle) = 0;
 
     /// Appends an empty array to an array named by path.
     /// \param[in] path item path of the array
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path, 0 null output, -3 no array
+    /// \return 1; -10 bad path, 0 null output, -3 the parent is not an array
     virtual int AddArrayItemArrayByPath(const wchar_t* path, uint32_t* handle) = 0;
 
     /// Adds an empty array to an object named by handle.
@@ -175,13 +176,14 @@ public:
     /// \param[in] key key of the member
     /// \param[out] handle receives the member's handle
     /// \return 1; -2 unknown handle, -5 null key, -2 handle that leads nowhere, 0 null output,
-    ///     -3 no object
+    ///     -3 the parent is not an object
     virtual int AddObjectItemArray(int32_t parent, const wchar_t* key, uint32_t* handle) = 0;
 
     /// Appends an empty array to an array named by handle.
     /// \param[in] parent handle of the array
     /// \param[out] handle receives the element's handle
-    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 no array
+    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 the parent is not
+    ///     an array
     virtual int AddArrayItemArray(int32_t parent, uint32_t* handle) = 0;
 
     /// \}
@@ -195,7 +197,7 @@ public:
     /// \param[in] key key of the member
     /// \param[in] flag 0 for false, anything else for true
     /// \param[out] value receives the member's reference
-    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectValueBoolean(uint64_t parent, const wchar_t* key, uint32_t flag,
                                       uint64_t* value) = 0;
 
@@ -203,8 +205,8 @@ public:
     /// \param[in] parent reference of the array
     /// \param[in] flag 0 for false, anything else for true
     /// \param[out] value receives the address of the array plus 16 for each element before the new
-    ///     one, which is no reference
-    /// \return 1; -2 null reference, 0 null output, -3 no array
+    ///     one, which is not a reference
+    /// \return 1; -2 null reference, 0 null output, -3 the parent is not an array
     virtual int AddArrayValueBoolean(uint64_t parent, uint32_t flag, uint64_t* value) = 0;
 
     /// Adds a boolean to an object named by path.
@@ -212,7 +214,7 @@ public:
     /// \param[in] key key of the member
     /// \param[in] flag 0 for false, anything else for true
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 no object
+    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectItemBooleanByPath(const wchar_t* path, const wchar_t* key, uint32_t flag,
                                            uint32_t* handle) = 0;
 
@@ -220,7 +222,7 @@ public:
     /// \param[in] path item path of the array
     /// \param[in] flag 0 for false, anything else for true
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path, 0 null output, -3 no array
+    /// \return 1; -10 bad path, 0 null output, -3 the parent is not an array
     virtual int AddArrayItemBooleanByPath(const wchar_t* path, uint32_t flag, uint32_t* handle) = 0;
 
     /// Adds a boolean to an object named by handle.
@@ -229,7 +231,7 @@ public:
     /// \param[in] flag 0 for false, anything else for true
     /// \param[out] handle receives the member's handle
     /// \return 1; -2 unknown handle, -5 null key, -2 handle that leads nowhere, 0 null output,
-    ///     -3 no object
+    ///     -3 the parent is not an object
     virtual int AddObjectItemBoolean(int32_t parent, const wchar_t* key, uint32_t flag,
                                      uint32_t* handle) = 0;
 
@@ -237,7 +239,8 @@ public:
     /// \param[in] parent handle of the array
     /// \param[in] flag 0 for false, anything else for true
     /// \param[out] handle receives the element's handle
-    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 no array
+    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 the parent is not
+    ///     an array
     virtual int AddArrayItemBoolean(int32_t parent, uint32_t flag, uint32_t* handle) = 0;
 
     /// \}
@@ -254,19 +257,19 @@ public:
     /// 2^63 is stored as a 64-bit integer.
     /// \param[in] parent reference of the object
     /// \param[in] key key of the member
-    /// \param[in] number the number; NaN and the infinities are taken too
+    /// \param[in] number the number; NaN and the infinities are accepted too
     /// \param[out] value receives the member's reference
-    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectValueDouble(uint64_t parent, const wchar_t* key, double number,
                                      uint64_t* value) = 0;
 
     /// Appends a double to an array named by reference. A number without a fraction from -2^63 to
     /// 2^63 is stored as a 64-bit integer.
     /// \param[in] parent reference of the array
-    /// \param[in] number the number; NaN and the infinities are taken too
+    /// \param[in] number the number; NaN and the infinities are accepted too
     /// \param[out] value receives the address of the array plus 16 for each element before the new
-    ///     one, which is no reference
-    /// \return 1; -2 null reference, 0 null output, -3 no array
+    ///     one, which is not a reference
+    /// \return 1; -2 null reference, 0 null output, -3 the parent is not an array
     virtual int AddArrayValueDouble(uint64_t parent, double number, uint64_t* value) = 0;
 
     /// Adds a float to an object named by reference. A number without a fraction from -2^63 to 2^63
@@ -274,9 +277,9 @@ public:
     /// \param[in] parent reference of the object
     /// \param[in] key key of the member
     /// \param[in] number the number, stored as the double of the same value; NaN and the infinities
-    ///     are taken too
+    ///     are accepted too
     /// \param[out] value receives the member's reference
-    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectValueFloat(uint64_t parent, const wchar_t* key, float number,
                                     uint64_t* value) = 0;
 
@@ -284,10 +287,10 @@ public:
     /// 2^63 is stored as a 64-bit integer.
     /// \param[in] parent reference of the array
     /// \param[in] number the number, stored as the double of the same value; NaN and the infinities
-    ///     are taken too
+    ///     are accepted too
     /// \param[out] value receives the address of the array plus 16 for each element before the new
-    ///     one, which is no reference
-    /// \return 1; -2 null reference, 0 null output, -3 no array
+    ///     one, which is not a reference
+    /// \return 1; -2 null reference, 0 null output, -3 the parent is not an array
     virtual int AddArrayValueFloat(uint64_t parent, float number, uint64_t* value) = 0;
 
     /// Adds an unsigned 64-bit integer to an object named by reference.
@@ -295,7 +298,7 @@ public:
     /// \param[in] key key of the member
     /// \param[in] number the number
     /// \param[out] value receives the member's reference
-    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectValueUInt64(uint64_t parent, const wchar_t* key, uint64_t number,
                                      uint64_t* value) = 0;
 
@@ -303,8 +306,8 @@ public:
     /// \param[in] parent reference of the array
     /// \param[in] number the number
     /// \param[out] value receives the address of the array plus 16 for each element before the new
-    ///     one, which is no reference
-    /// \return 1; -2 null reference, 0 null output, -3 no array
+    ///     one, which is not a reference
+    /// \return 1; -2 null reference, 0 null output, -3 the parent is not an array
     virtual int AddArrayValueUInt64(uint64_t parent, uint64_t number, uint64_t* value) = 0;
 
     /// Adds a signed 64-bit integer to an object named by reference.
@@ -312,7 +315,7 @@ public:
     /// \param[in] key key of the member
     /// \param[in] number the number
     /// \param[out] value receives the member's reference
-    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectValueInt64(uint64_t parent, const wchar_t* key, int64_t number,
                                     uint64_t* value) = 0;
 
@@ -320,8 +323,8 @@ public:
     /// \param[in] parent reference of the array
     /// \param[in] number the number
     /// \param[out] value receives the address of the array plus 16 for each element before the new
-    ///     one, which is no reference
-    /// \return 1; -2 null reference, 0 null output, -3 no array
+    ///     one, which is not a reference
+    /// \return 1; -2 null reference, 0 null output, -3 the parent is not an array
     virtual int AddArrayValueInt64(uint64_t parent, int64_t number, uint64_t* value) = 0;
 
     /// Adds an unsigned 32-bit integer to an object named by reference.
@@ -329,7 +332,7 @@ public:
     /// \param[in] key key of the member
     /// \param[in] number the number
     /// \param[out] value receives the member's reference
-    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectValueUInt(uint64_t parent, const wchar_t* key, uint32_t number,
                                    uint64_t* value) = 0;
 
@@ -337,8 +340,8 @@ public:
     /// \param[in] parent reference of the array
     /// \param[in] number the number
     /// \param[out] value receives the address of the array plus 16 for each element before the new
-    ///     one, which is no reference
-    /// \return 1; -2 null reference, 0 null output, -3 no array
+    ///     one, which is not a reference
+    /// \return 1; -2 null reference, 0 null output, -3 the parent is not an array
     virtual int AddArrayValueUInt(uint64_t parent, uint32_t number, uint64_t* value) = 0;
 
     /// Adds a signed 32-bit integer to an object named by reference.
@@ -346,7 +349,7 @@ public:
     /// \param[in] key key of the member
     /// \param[in] number the number
     /// \param[out] value receives the member's reference
-    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectValueInt(uint64_t parent, const wchar_t* key, int32_t number,
                                   uint64_t* value) = 0;
 
@@ -354,8 +357,8 @@ public:
     /// \param[in] parent reference of the array
     /// \param[in] number the number
     /// \param[out] value receives the address of the array plus 16 for each element before the new
-    ///     one, which is no reference
-    /// \return 1; -2 null reference, 0 null output, -3 no array
+    ///     one, which is not a reference
+    /// \return 1; -2 null reference, 0 null output, -3 the parent is not an array
     virtual int AddArrayValueInt(uint64_t parent, int32_t number, uint64_t* value) = 0;
 
     /// Adds a special number to an object named by path.
@@ -363,7 +366,8 @@ public:
     /// \param[in] key key of the member
     /// \param[in] selector 0 the integer 0, 1 NaN, 2 Infinity, 3 -Infinity
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path, -5 null key, 0 unknown selector or null output, -3 no object
+    /// \return 1; -10 bad path, -5 null key, 0 unknown selector or null output, -3 the parent is
+    ///     not an object
     virtual int AddObjectItemSpecialNumberByPath(const wchar_t* path, const wchar_t* key,
                                                  uint32_t selector, uint32_t* handle) = 0;
 
@@ -371,7 +375,7 @@ public:
     /// \param[in] path item path of the array
     /// \param[in] selector 0 the integer 0, 1 NaN, 2 Infinity, 3 -Infinity
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path, 0 unknown selector or null output, -3 no array
+    /// \return 1; -10 bad path, 0 unknown selector or null output, -3 the parent is not an array
     virtual int AddArrayItemSpecialNumberByPath(const wchar_t* path, uint32_t selector,
                                                 uint32_t* handle) = 0;
 
@@ -381,7 +385,7 @@ public:
     /// \param[in] selector 0 the integer 0, 1 NaN, 2 Infinity, 3 -Infinity
     /// \param[out] handle receives the member's handle
     /// \return 1; -2 unknown handle, -5 null key, -2 handle that leads nowhere, 0 unknown selector
-    ///     or null output, -3 no object
+    ///     or null output, -3 the parent is not an object
     virtual int AddObjectItemSpecialNumber(int32_t parent, const wchar_t* key, uint32_t selector,
                                            uint32_t* handle) = 0;
 
@@ -390,41 +394,41 @@ public:
     /// \param[in] selector 0 the integer 0, 1 NaN, 2 Infinity, 3 -Infinity
     /// \param[out] handle receives the element's handle
     /// \return 1; -2 unknown handle, -2 handle that leads nowhere, 0 unknown selector or null
-    ///     output, -3 no array
+    ///     output, -3 the parent is not an array
     virtual int AddArrayItemSpecialNumber(int32_t parent, uint32_t selector, uint32_t* handle) = 0;
 
     /// Adds a double to an object named by path. A number without a fraction stays a double.
     /// \param[in] path item path of the object
     /// \param[in] key key of the member
-    /// \param[in] number the number; NaN and the infinities are taken too
+    /// \param[in] number the number; NaN and the infinities are accepted too
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 no object
+    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectItemDoubleByPath(const wchar_t* path, const wchar_t* key, double number,
                                           uint32_t* handle) = 0;
 
     /// Appends a double to an array named by path. A number without a fraction stays a double.
     /// \param[in] path item path of the array
-    /// \param[in] number the number; NaN and the infinities are taken too
+    /// \param[in] number the number; NaN and the infinities are accepted too
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path, 0 null output, -3 no array
+    /// \return 1; -10 bad path, 0 null output, -3 the parent is not an array
     virtual int AddArrayItemDoubleByPath(const wchar_t* path, double number, uint32_t* handle) = 0;
 
     /// Adds a float to an object named by path. A number without a fraction stays a double.
     /// \param[in] path item path of the object
     /// \param[in] key key of the member
     /// \param[in] number the number, stored as the double of the same value; NaN and the infinities
-    ///     are taken too
+    ///     are accepted too
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 no object
+    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectItemFloatByPath(const wchar_t* path, const wchar_t* key, float number,
                                          uint32_t* handle) = 0;
 
     /// Appends a float to an array named by path. A number without a fraction stays a double.
     /// \param[in] path item path of the array
     /// \param[in] number the number, stored as the double of the same value; NaN and the infinities
-    ///     are taken too
+    ///     are accepted too
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path, 0 null output, -3 no array
+    /// \return 1; -10 bad path, 0 null output, -3 the parent is not an array
     virtual int AddArrayItemFloatByPath(const wchar_t* path, float number, uint32_t* handle) = 0;
 
     /// Adds an unsigned 64-bit integer to an object named by path.
@@ -432,7 +436,7 @@ public:
     /// \param[in] key key of the member
     /// \param[in] number the number
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 no object
+    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectItemUInt64ByPath(const wchar_t* path, const wchar_t* key, uint64_t number,
                                           uint32_t* handle) = 0;
 
@@ -440,7 +444,7 @@ public:
     /// \param[in] path item path of the array
     /// \param[in] number the number
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path, 0 null output, -3 no array
+    /// \return 1; -10 bad path, 0 null output, -3 the parent is not an array
     virtual int AddArrayItemUInt64ByPath(const wchar_t* path, uint64_t number,
                                          uint32_t* handle) = 0;
 
@@ -449,7 +453,7 @@ public:
     /// \param[in] key key of the member
     /// \param[in] number the number
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 no object
+    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectItemInt64ByPath(const wchar_t* path, const wchar_t* key, int64_t number,
                                          uint32_t* handle) = 0;
 
@@ -457,7 +461,7 @@ public:
     /// \param[in] path item path of the array
     /// \param[in] number the number
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path, 0 null output, -3 no array
+    /// \return 1; -10 bad path, 0 null output, -3 the parent is not an array
     virtual int AddArrayItemInt64ByPath(const wchar_t* path, int64_t number, uint32_t* handle) = 0;
 
     /// Adds an unsigned 32-bit integer to an object named by path.
@@ -465,7 +469,7 @@ public:
     /// \param[in] key key of the member
     /// \param[in] number the number
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 no object
+    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectItemUIntByPath(const wchar_t* path, const wchar_t* key, uint32_t number,
                                         uint32_t* handle) = 0;
 
@@ -473,7 +477,7 @@ public:
     /// \param[in] path item path of the array
     /// \param[in] number the number
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path, 0 null output, -3 no array
+    /// \return 1; -10 bad path, 0 null output, -3 the parent is not an array
     virtual int AddArrayItemUIntByPath(const wchar_t* path, uint32_t number, uint32_t* handle) = 0;
 
     /// Adds a signed 32-bit integer to an object named by path.
@@ -481,7 +485,7 @@ public:
     /// \param[in] key key of the member
     /// \param[in] number the number
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 no object
+    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectItemIntByPath(const wchar_t* path, const wchar_t* key, int32_t number,
                                        uint32_t* handle) = 0;
 
@@ -489,26 +493,27 @@ public:
     /// \param[in] path item path of the array
     /// \param[in] number the number
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path, 0 null output, -3 no array
+    /// \return 1; -10 bad path, 0 null output, -3 the parent is not an array
     virtual int AddArrayItemIntByPath(const wchar_t* path, int32_t number, uint32_t* handle) = 0;
 
     /// Adds a double to an object named by handle. A number without a fraction from -2^63 to 2^63
     /// is stored as a 64-bit integer.
     /// \param[in] parent handle of the object
     /// \param[in] key key of the member
-    /// \param[in] number the number; NaN and the infinities are taken too
+    /// \param[in] number the number; NaN and the infinities are accepted too
     /// \param[out] handle receives the member's handle
     /// \return 1; -2 unknown handle, -5 null key, -2 handle that leads nowhere, 0 null output,
-    ///     -3 no object
+    ///     -3 the parent is not an object
     virtual int AddObjectItemDouble(int32_t parent, const wchar_t* key, double number,
                                     uint32_t* handle) = 0;
 
     /// Appends a double to an array named by handle. A number without a fraction from -2^63 to 2^63
     /// is stored as a 64-bit integer.
     /// \param[in] parent handle of the array
-    /// \param[in] number the number; NaN and the infinities are taken too
+    /// \param[in] number the number; NaN and the infinities are accepted too
     /// \param[out] handle receives the element's handle
-    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 no array
+    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 the parent is not
+    ///     an array
     virtual int AddArrayItemDouble(int32_t parent, double number, uint32_t* handle) = 0;
 
     /// Adds a float to an object named by handle. A number without a fraction from -2^63 to 2^63 is
@@ -516,10 +521,10 @@ public:
     /// \param[in] parent handle of the object
     /// \param[in] key key of the member
     /// \param[in] number the number, stored as the double of the same value; NaN and the infinities
-    ///     are taken too
+    ///     are accepted too
     /// \param[out] handle receives the member's handle
     /// \return 1; -2 unknown handle, -5 null key, -2 handle that leads nowhere, 0 null output,
-    ///     -3 no object
+    ///     -3 the parent is not an object
     virtual int AddObjectItemFloat(int32_t parent, const wchar_t* key, float number,
                                    uint32_t* handle) = 0;
 
@@ -527,9 +532,10 @@ public:
     /// is stored as a 64-bit integer.
     /// \param[in] parent handle of the array
     /// \param[in] number the number, stored as the double of the same value; NaN and the infinities
-    ///     are taken too
+    ///     are accepted too
     /// \param[out] handle receives the element's handle
-    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 no array
+    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 the parent is not
+    ///     an array
     virtual int AddArrayItemFloat(int32_t parent, float number, uint32_t* handle) = 0;
 
     /// Adds an unsigned 64-bit integer to an object named by handle.
@@ -538,7 +544,7 @@ public:
     /// \param[in] number the number
     /// \param[out] handle receives the member's handle
     /// \return 1; -2 unknown handle, -5 null key, -2 handle that leads nowhere, 0 null output,
-    ///     -3 no object
+    ///     -3 the parent is not an object
     virtual int AddObjectItemUInt64(int32_t parent, const wchar_t* key, uint64_t number,
                                     uint32_t* handle) = 0;
 
@@ -546,7 +552,8 @@ public:
     /// \param[in] parent handle of the array
     /// \param[in] number the number
     /// \param[out] handle receives the element's handle
-    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 no array
+    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 the parent is not
+    ///     an array
     virtual int AddArrayItemUInt64(int32_t parent, uint64_t number, uint32_t* handle) = 0;
 
     /// Adds a signed 64-bit integer to an object named by handle.
@@ -555,7 +562,7 @@ public:
     /// \param[in] number the number
     /// \param[out] handle receives the member's handle
     /// \return 1; -2 unknown handle, -5 null key, -2 handle that leads nowhere, 0 null output,
-    ///     -3 no object
+    ///     -3 the parent is not an object
     virtual int AddObjectItemInt64(int32_t parent, const wchar_t* key, int64_t number,
                                    uint32_t* handle) = 0;
 
@@ -563,7 +570,8 @@ public:
     /// \param[in] parent handle of the array
     /// \param[in] number the number
     /// \param[out] handle receives the element's handle
-    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 no array
+    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 the parent is not
+    ///     an array
     virtual int AddArrayItemInt64(int32_t parent, int64_t number, uint32_t* handle) = 0;
 
     /// Adds an unsigned 32-bit integer to an object named by handle.
@@ -572,7 +580,7 @@ public:
     /// \param[in] number the number
     /// \param[out] handle receives the member's handle
     /// \return 1; -2 unknown handle, -5 null key, -2 handle that leads nowhere, 0 null output,
-    ///     -3 no object
+    ///     -3 the parent is not an object
     virtual int AddObjectItemUInt(int32_t parent, const wchar_t* key, uint32_t number,
                                   uint32_t* handle) = 0;
 
@@ -580,7 +588,8 @@ public:
     /// \param[in] parent handle of the array
     /// \param[in] number the number
     /// \param[out] handle receives the element's handle
-    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 no array
+    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 the parent is not
+    ///     an array
     virtual int AddArrayItemUInt(int32_t parent, uint32_t number, uint32_t* handle) = 0;
 
     /// Adds a signed 32-bit integer to an object named by handle.
@@ -589,7 +598,7 @@ public:
     /// \param[in] number the number
     /// \param[out] handle receives the member's handle
     /// \return 1; -2 unknown handle, -5 null key, -2 handle that leads nowhere, 0 null output,
-    ///     -3 no object
+    ///     -3 the parent is not an object
     virtual int AddObjectItemInt(int32_t parent, const wchar_t* key, int32_t number,
                                  uint32_t* handle) = 0;
 
@@ -597,16 +606,17 @@ public:
     /// \param[in] parent handle of the array
     /// \param[in] number the number
     /// \param[out] handle receives the element's handle
-    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 no array
+    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 the parent is not
+    ///     an array
     virtual int AddArrayItemInt(int32_t parent, int32_t number, uint32_t* handle) = 0;
 
     /// \}
 
     // ---------------------------------------------------------------------------------------------
     /// \name Blobs
-    /// Bytes are stored as a string that holds their base64, in one line. What bytes of the count
-    /// 0 become is the system's decision: an empty string, or none, which answers as a null text
-    /// does (-4, and -5 over a child that has a handle).
+    /// Bytes are stored as a string that holds their base64, in one line. The system decides what
+    /// zero bytes become: an empty string, or none, which is treated as a null text (-4, and -5
+    /// over a child that has a handle).
     /// \{
 
     /// Adds bytes, as a string that holds their base64, to an object named by reference.
@@ -615,8 +625,8 @@ public:
     /// \param[in] data the bytes; null adds nothing
     /// \param[in] length their count
     /// \param[out] value receives the member's reference
-    /// \return 1; 0 null data, -2 null reference, -1 null key, -4 bytes that the system makes no
-    ///     base64 of, 0 null output, -3 no object
+    /// \return 1; 0 null data, -2 null reference, -1 null key, -4 bytes that the system cannot
+    ///     encode as base64, 0 null output, -3 the parent is not an object
     virtual int AddObjectValueBlob(uint64_t parent, const wchar_t* key, const uint8_t* data,
                                    uint32_t length, uint64_t* value) = 0;
 
@@ -625,8 +635,8 @@ public:
     /// \param[in] data the bytes; null adds nothing
     /// \param[in] length their count
     /// \param[out] value receives the element's reference
-    /// \return 1; 0 null data, -2 null reference, -4 bytes that the system makes no base64 of,
-    ///     0 null output, -3 no array
+    /// \return 1; 0 null data, -2 null reference, -4 bytes that the system cannot encode as base64,
+    ///     0 null output, -3 the parent is not an array
     virtual int AddArrayValueBlob(uint64_t parent, const uint8_t* data, uint32_t length,
                                   uint64_t* value) = 0;
 
@@ -636,8 +646,8 @@ public:
     /// \param[in] data the bytes; null adds nothing
     /// \param[in] length their count
     /// \param[out] handle receives the member's handle
-    /// \return 1; 0 null data, -10 bad path, -5 null key, -4 bytes that the system makes no base64
-    ///     of, 0 null output, -3 no object
+    /// \return 1; 0 null data, -10 bad path, -5 null key, -4 bytes that the system cannot encode as
+    ///     base64, 0 null output, -3 the parent is not an object
     virtual int AddObjectItemBlobByPath(const wchar_t* path, const wchar_t* key,
                                         const uint8_t* data, uint32_t length, uint32_t* handle) = 0;
 
@@ -646,8 +656,8 @@ public:
     /// \param[in] data the bytes; null adds nothing
     /// \param[in] length their count
     /// \param[out] handle receives the element's handle
-    /// \return 1; 0 null data, -10 bad path, -4 bytes that the system makes no base64 of, 0 null
-    ///     output, -3 no array
+    /// \return 1; 0 null data, -10 bad path, -4 bytes that the system cannot encode as base64,
+    ///     0 null output, -3 the parent is not an array
     virtual int AddArrayItemBlobByPath(const wchar_t* path, const uint8_t* data, uint32_t length,
                                        uint32_t* handle) = 0;
 
@@ -658,7 +668,8 @@ public:
     /// \param[in] length their count
     /// \param[out] handle receives the member's handle
     /// \return 1; 0 null data, -2 unknown handle, -5 null key, -2 handle that leads nowhere,
-    ///     -4 bytes that the system makes no base64 of, 0 null output, -3 no object
+    ///     -4 bytes that the system cannot encode as base64, 0 null output, -3 the parent is not an
+    ///     object
     virtual int AddObjectItemBlob(int32_t parent, const wchar_t* key, const uint8_t* data,
                                   uint32_t length, uint32_t* handle) = 0;
 
@@ -668,7 +679,7 @@ public:
     /// \param[in] length their count
     /// \param[out] handle receives the element's handle
     /// \return 1; 0 null data, -2 unknown handle or one that leads nowhere, -4 bytes that the
-    ///     system makes no base64 of, 0 null output, -3 no array
+    ///     system cannot encode as base64, 0 null output, -3 the parent is not an array
     virtual int AddArrayItemBlob(int32_t parent, const uint8_t* data, uint32_t length,
                                  uint32_t* handle) = 0;
 
@@ -684,7 +695,8 @@ public:
     /// \param[in] key key of the member
     /// \param[in] text zero-terminated text, copied
     /// \param[out] value receives the member's reference
-    /// \return 1; -2 null reference, -1 null key, -4 null text, 0 null output, -3 no object
+    /// \return 1; -2 null reference, -1 null key, -4 null text, 0 null output, -3 the parent is not
+    ///     an object
     virtual int AddObjectValueString(uint64_t parent, const wchar_t* key, const wchar_t* text,
                                      uint64_t* value) = 0;
 
@@ -692,7 +704,7 @@ public:
     /// \param[in] parent reference of the array
     /// \param[in] text zero-terminated text, copied
     /// \param[out] value receives the element's reference
-    /// \return 1; -2 null reference, -4 null text, 0 null output, -3 no array
+    /// \return 1; -2 null reference, -4 null text, 0 null output, -3 the parent is not an array
     virtual int AddArrayValueString(uint64_t parent, const wchar_t* text, uint64_t* value) = 0;
 
     /// Adds a string to an object named by path.
@@ -700,7 +712,8 @@ public:
     /// \param[in] key key of the member
     /// \param[in] text zero-terminated text, copied
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path, -5 null key, -4 null text, 0 null output, -3 no object
+    /// \return 1; -10 bad path, -5 null key, -4 null text, 0 null output, -3 the parent is not an
+    ///     object
     virtual int AddObjectItemStringByPath(const wchar_t* path, const wchar_t* key,
                                           const wchar_t* text, uint32_t* handle) = 0;
 
@@ -708,7 +721,7 @@ public:
     /// \param[in] path item path of the array
     /// \param[in] text zero-terminated text, copied
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path, -4 null text, 0 null output, -3 no array
+    /// \return 1; -10 bad path, -4 null text, 0 null output, -3 the parent is not an array
     virtual int AddArrayItemStringByPath(const wchar_t* path, const wchar_t* text,
                                          uint32_t* handle) = 0;
 
@@ -718,7 +731,7 @@ public:
     /// \param[in] text zero-terminated text, copied
     /// \param[out] handle receives the member's handle
     /// \return 1; -2 unknown handle, -5 null key, -2 handle that leads nowhere, -4 null text,
-    ///     0 null output, -3 no object
+    ///     0 null output, -3 the parent is not an object
     virtual int AddObjectItemString(int32_t parent, const wchar_t* key, const wchar_t* text,
                                     uint32_t* handle) = 0;
 
@@ -726,8 +739,8 @@ public:
     /// \param[in] parent handle of the array
     /// \param[in] text zero-terminated text, copied
     /// \param[out] handle receives the element's handle
-    /// \return 1; -2 unknown handle or one that leads nowhere, -4 null text, 0 null output, -3 no
-    ///     array
+    /// \return 1; -2 unknown handle or one that leads nowhere, -4 null text, 0 null output, -3 the
+    ///     parent is not an array
     virtual int AddArrayItemString(int32_t parent, const wchar_t* text, uint32_t* handle) = 0;
 
     /// \}
@@ -740,27 +753,27 @@ public:
     /// \param[in] parent reference of the object
     /// \param[in] key key of the member
     /// \param[out] value receives the member's reference
-    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 no object
+    /// \return 1; -2 null reference, -1 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectValueNull(uint64_t parent, const wchar_t* key, uint64_t* value) = 0;
 
     /// Appends a null to an array named by reference.
     /// \param[in] parent reference of the array
     /// \param[out] value receives the element's reference
-    /// \return 1; -2 null reference, 0 null output, -3 no array
+    /// \return 1; -2 null reference, 0 null output, -3 the parent is not an array
     virtual int AddArrayValueNull(uint64_t parent, uint64_t* value) = 0;
 
     /// Adds a null to an object named by path.
     /// \param[in] path item path of the object
     /// \param[in] key key of the member
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 no object
+    /// \return 1; -10 bad path, -5 null key, 0 null output, -3 the parent is not an object
     virtual int AddObjectItemNullByPath(const wchar_t* path, const wchar_t* key,
                                         uint32_t* handle) = 0;
 
     /// Appends a null to an array named by path.
     /// \param[in] path item path of the array
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path, 0 null output, -3 no array
+    /// \return 1; -10 bad path, 0 null output, -3 the parent is not an array
     virtual int AddArrayItemNullByPath(const wchar_t* path, uint32_t* handle) = 0;
 
     /// Adds a null to an object named by handle.
@@ -768,21 +781,22 @@ public:
     /// \param[in] key key of the member
     /// \param[out] handle receives the member's handle
     /// \return 1; -2 unknown handle, -5 null key, -2 handle that leads nowhere, 0 null output,
-    ///     -3 no object
+    ///     -3 the parent is not an object
     virtual int AddObjectItemNull(int32_t parent, const wchar_t* key, uint32_t* handle) = 0;
 
     /// Appends a null to an array named by handle.
     /// \param[in] parent handle of the array
     /// \param[out] handle receives the element's handle
-    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 no array
+    /// \return 1; -2 unknown handle or one that leads nowhere, 0 null output, -3 the parent is not
+    ///     an array
     virtual int AddArrayItemNull(int32_t parent, uint32_t* handle) = 0;
 
     /// \}
 
     // ---------------------------------------------------------------------------------------------
     /// \name Variants
-    /// As the Int64 or String operation of the same family and place: under a key, or appended
-    /// where the key is null.
+    /// These do what the Int64 or String operation of the same family does: under a key, or
+    /// appended where the key is null.
     /// \{
 
     /// Adds a variant's number as a signed 64-bit integer, or its text as a string, to an object or
@@ -790,9 +804,9 @@ public:
     /// \param[in] parent reference of the object, or of the array where the key is null
     /// \param[in] key key of the member; null to append an element
     /// \param[in] variant tag 20 with the number, or tag 16384 with the text, which is copied
-    /// \param[out] value receives what the operation for the integer or string hands out
-    /// \return 1; 0 unknown tag, -2 null reference, -4 null text, 0 null output, -3 no object (with
-    ///     a key) or no array (without)
+    /// \param[out] value receives what the operation for the integer or string outputs
+    /// \return 1; 0 unknown tag, -2 null reference, -4 null text, 0 null output, -3 the parent is
+    ///     not an object (with a key) or not an array (without)
     virtual int AddValueVariant(uint64_t parent, const wchar_t* key, JsonVariant variant,
                                 uint64_t* value) = 0;
 
@@ -802,8 +816,8 @@ public:
     /// \param[in] key key of the member; null to append an element
     /// \param[in] variant tag 20 with the number, or tag 16384 with the text, which is copied
     /// \param[out] handle receives the new item's handle
-    /// \return 1; 0 unknown tag, -10 bad path, -4 null text, 0 null output, -3 no object (with a
-    ///     key) or no array (without)
+    /// \return 1; 0 unknown tag, -10 bad path, -4 null text, 0 null output, -3 the parent is not an
+    ///     object (with a key) or not an array (without)
     virtual int AddItemVariantByPath(const wchar_t* path, const wchar_t* key, JsonVariant variant,
                                      uint32_t* handle) = 0;
 
@@ -814,7 +828,7 @@ public:
     /// \param[in] variant tag 20 with the number, or tag 16384 with the text, which is copied
     /// \param[out] handle receives the new item's handle
     /// \return 1; 0 unknown tag, -2 unknown handle or one that leads nowhere, -4 null text, 0 null
-    ///     output, -3 no object (with a key) or no array (without)
+    ///     output, -3 the parent is not an object (with a key) or not an array (without)
     virtual int AddItemVariant(int32_t parent, const wchar_t* key, JsonVariant variant,
                                uint32_t* handle) = 0;
 
@@ -824,15 +838,15 @@ public:
     /// \name Output
     /// \{
 
-    /// Writes the document to a file as compact text, in place of what the file held, behind the
-    /// mark of its encoding.
+    /// Writes the document to a file as compact text, after the byte-order mark of its encoding.
+    /// What the file held is replaced.
     /// \param[in] fileName zero-terminated name of the file
     /// \param[in] encoding 0 to 3; any other leaves the file empty
-    /// \return 1, also when the root is no object or array, which leaves the file empty, and when
-    ///     the text could not be written to its end; 0 for a null or empty name and for a file that
-    ///     cannot be used: one that exists must open for reading, else one must be creatable, and
-    ///     it must open for writing; -5 where the nesting is too deep for the stack: the file is
-    ///     left as it was
+    /// \return 1, also when the root is not an object or array, which leaves the file empty, and
+    ///     when the text could not be written to its end; 0 for a null or empty name and for a file
+    ///     that cannot be used: an existing one must open for reading, a new one must be creatable,
+    ///     and either must open for writing; -5 where the nesting is too deep for the stack: the
+    ///     file is left as it was
     virtual int SaveToFile(const wchar_t* fileName, int32_t encoding) = 0;
 
     /// As SaveToFile(), indented by four spaces a level. A number that is not finite ends the
@@ -844,19 +858,19 @@ public:
     virtual int SaveToFileEx(const wchar_t* fileName, int32_t encoding, int32_t style) = 0;
 
     /// Writes the document as compact UTF-16 text.
-    /// \param[out] text receives the text, "" where the root is no object or array; it lives until
-    ///     the next call of this operation, root creation or Release(); null with -5
+    /// \param[out] text receives the text, "" where the root is not an object or array; it lives
+    ///     until the next call of this operation, root creation or Release(); null with -5
     /// \return 1; 0 null output; -5 where the nesting is too deep for the stack
     virtual int GetJsonString(const wchar_t** text) = 0;
 
     /// Writes the document as compact text in an encoding, without byte-order mark.
     /// \param[out] data receives the bytes, without terminator, which live until the next call of
     ///     this operation, root creation or Release(); null for an unknown encoding, where the root
-    ///     is no object or array, and with -5
+    ///     is not an object or array, and with -5
     /// \param[out] length receives the count of bytes; untouched where the data is null
     /// \param[in] encoding 0 to 3
-    /// \return 1, also for an unknown encoding; 0 null output, or root that is no object or array;
-    ///     -5 where the nesting is too deep for the stack
+    /// \return 1, also for an unknown encoding; 0 null output, or a root that is not an object or
+    ///     array; -5 where the nesting is too deep for the stack
     virtual int GetJsonBytes(const uint8_t** data, uint64_t* length, int32_t encoding) = 0;
 
     /// \}
@@ -865,8 +879,8 @@ public:
     /// \name End of life
     /// \{
 
-    /// Ends the generator's life; the pointer and all that was handed out are invalid afterwards.
-    /// Not guarded.
+    /// Ends the generator's life; the pointer and all that it returned are invalid afterwards. Not
+    /// guarded.
     /// \return 1
     virtual int Release() = 0;
 
@@ -874,18 +888,18 @@ public:
 
     // ---------------------------------------------------------------------------------------------
     /// \name Parsed JSON
-    /// Text is zero-terminated UTF-16; files are in UTF-8, UTF-16 or UTF-32, told apart by a
-    /// byte-order mark or the zero bytes among the first four, or in the system's ANSI code page.
-    /// NaN, Inf and Infinity count as numbers. The root must be an object or array. All answer
-    /// -5 where the nesting is too deep for the stack. A file is not opened before the parent is
-    /// found to fit; text is parsed before that where the parent is named by handle.
+    /// Text is zero-terminated UTF-16; files are in UTF-8, UTF-16 or UTF-32, recognised by a
+    /// byte-order mark or else by the zero bytes among the first four, or in the system's ANSI code
+    /// page. NaN, Inf and Infinity are accepted as numbers. The root must be an object or array.
+    /// All return -5 where the nesting is too deep for the stack. A file is opened only once the
+    /// parent is found to fit; text is parsed before that where the parent is named by handle.
     /// \{
 
-    /// Replaces the document by a file's; all earlier handles end.
+    /// Replaces the document with that of a file. Success ends all earlier handles.
     /// \param[in] fileName zero-terminated name of the file
     /// \param[out] handle receives the root's handle, which is always 1
-    /// \return 1; 0 null output, -3 null name, file that does not open or parse, or root that is
-    ///     neither object nor array
+    /// \return 1; 0 null output, -3 a null name, a file that does not open or parse, or a root that
+    ///     is neither object nor array
     virtual int LoadJsonFile(const wchar_t* fileName, uint32_t* handle) = 0;
 
     /// Adds a copy of a file's root to an object named by path.
@@ -893,8 +907,9 @@ public:
     /// \param[in] key key of the member
     /// \param[in] fileName zero-terminated name of the file
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path; 0 null output, or parent that is no object; -3 null name, file that
-    ///     does not open or parse, or root that is neither object nor array; -5 null key
+    /// \return 1; -10 bad path; 0 null output, or a parent that is not an object; -3 a null name, a
+    ///     file that does not open or parse, or a root that is neither object nor array; -5 null
+    ///     key
     virtual int AddObjectItemJsonFileByPath(const wchar_t* path, const wchar_t* key,
                                             const wchar_t* fileName, uint32_t* handle) = 0;
 
@@ -902,8 +917,8 @@ public:
     /// \param[in] path item path of the array
     /// \param[in] fileName zero-terminated name of the file
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path; 0 null output, or parent that is no array; -3 null name, file that
-    ///     does not open or parse, or root that is neither object nor array
+    /// \return 1; -10 bad path; 0 null output, or a parent that is not an array; -3 a null name, a
+    ///     file that does not open or parse, or a root that is neither object nor array
     virtual int AddArrayItemJsonFileByPath(const wchar_t* path, const wchar_t* fileName,
                                            uint32_t* handle) = 0;
 
@@ -912,9 +927,9 @@ public:
     /// \param[in] key key of the member
     /// \param[in] fileName zero-terminated name of the file
     /// \param[out] handle receives the member's handle
-    /// \return 1; -2 unknown handle; 0 null output, or parent that is no object or is gone; -3 null
-    ///     name, file that does not open or parse, or root that is neither object nor array;
-    ///     -5 null key
+    /// \return 1; -2 unknown handle; 0 null output, or a parent that is not an object or is gone;
+    ///     -3 a null name, a file that does not open or parse, or a root that is neither object nor
+    ///     array; -5 null key
     virtual int AddObjectItemJsonFile(int32_t parent, const wchar_t* key, const wchar_t* fileName,
                                       uint32_t* handle) = 0;
 
@@ -922,14 +937,15 @@ public:
     /// \param[in] parent handle of the array
     /// \param[in] fileName zero-terminated name of the file
     /// \param[out] handle receives the element's handle
-    /// \return 1; -2 unknown handle; 0 null output, or parent that is no array or is gone; -3 null
-    ///     name, file that does not open or parse, or root that is neither object nor array
+    /// \return 1; -2 unknown handle; 0 null output, or a parent that is not an array or is gone;
+    ///     -3 a null name, a file that does not open or parse, or a root that is neither object nor
+    ///     array
     virtual int AddArrayItemJsonFile(int32_t parent, const wchar_t* fileName, uint32_t* handle) = 0;
 
-    /// Replaces the document by that of a text; all earlier handles end.
+    /// Replaces the document with that of a text. Success ends all earlier handles.
     /// \param[in] text zero-terminated UTF-16 text
     /// \param[out] handle receives the root's handle, which is always 1
-    /// \return 1; 0 null output, or text that does not parse, null included; -3 root that is
+    /// \return 1; 0 null output, or text that does not parse, null included; -3 a root that is
     ///     neither object nor array
     virtual int LoadJsonString(const wchar_t* text, uint32_t* handle) = 0;
 
@@ -938,8 +954,8 @@ public:
     /// \param[in] key key of the member
     /// \param[in] text zero-terminated UTF-16 text
     /// \param[out] handle receives the member's handle
-    /// \return 1; -10 bad path; 0 null output, parent that is no object, or text that does not
-    ///     parse; -3 root that is neither object nor array; -5 null key
+    /// \return 1; -10 bad path; 0 null output, a parent that is not an object, or text that does
+    ///     not parse; -3 a root that is neither object nor array; -5 null key
     virtual int AddObjectItemJsonStringByPath(const wchar_t* path, const wchar_t* key,
                                               const wchar_t* text, uint32_t* handle) = 0;
 
@@ -947,8 +963,8 @@ public:
     /// \param[in] path item path of the array
     /// \param[in] text zero-terminated UTF-16 text
     /// \param[out] handle receives the element's handle
-    /// \return 1; -10 bad path; 0 null output, parent that is no array, or text that does not
-    ///     parse; -3 root that is neither object nor array
+    /// \return 1; -10 bad path; 0 null output, a parent that is not an array, or text that does not
+    ///     parse; -3 a root that is neither object nor array
     virtual int AddArrayItemJsonStringByPath(const wchar_t* path, const wchar_t* text,
                                              uint32_t* handle) = 0;
 
@@ -957,8 +973,8 @@ public:
     /// \param[in] key key of the member
     /// \param[in] text zero-terminated UTF-16 text
     /// \param[out] handle receives the member's handle
-    /// \return 1; -2 unknown handle; 0 null output, or text that does not parse; -3 root that is
-    ///     neither object nor array; 0 parent that is no object or is gone; -5 null key
+    /// \return 1; -2 unknown handle; 0 null output, or text that does not parse; -3 a root that is
+    ///     neither object nor array; 0 a parent that is not an object or is gone; -5 null key
     virtual int AddObjectItemJsonString(int32_t parent, const wchar_t* key, const wchar_t* text,
                                         uint32_t* handle) = 0;
 
@@ -966,8 +982,8 @@ public:
     /// \param[in] parent handle of the array
     /// \param[in] text zero-terminated UTF-16 text
     /// \param[out] handle receives the element's handle
-    /// \return 1; -2 unknown handle; 0 null output, or text that does not parse; -3 root that is
-    ///     neither object nor array; 0 parent that is no array or is gone
+    /// \return 1; -2 unknown handle; 0 null output, or text that does not parse; -3 a root that is
+    ///     neither object nor array; 0 a parent that is not an array or is gone
     virtual int AddArrayItemJsonString(int32_t parent, const wchar_t* text, uint32_t* handle) = 0;
 
     /// \}
@@ -980,7 +996,7 @@ public:
     /// \param[in] handle handle of the item
     /// \param[out] path receives the path, zero-terminated; the caller's buffer must have room for
     ///     1024 UTF-16 units
-    /// \return 1; -2 unknown handle, 0 null output or path that needs more room, with nothing
+    /// \return 1; -2 unknown handle, 0 null output or a path that needs more room: nothing is
     ///     written
     virtual int GetItemPath(int32_t handle, wchar_t* path) = 0;
 

@@ -21,30 +21,29 @@ namespace QXJSON {
 ///
 /// Conventions of all operations:
 ///
-/// 1. Results. An operation returns `int`: 1 for success, else 0 or a negative code of
+/// 1. Results. An operation returns `int`: 1 for success, otherwise 0 or a negative code of
 ///    ResultCodes.h. The results of an operation are listed in the order of its checks, and the
 ///    first that applies is returned. "Null output" stands for any output pointer that is null.
-///    Outputs are written on success only, except where an operation says what it leaves.
-/// 2. Failures that are no check's, C++ exceptions and processor faults alike, answer -5 and leave
-///    the package usable. They are listed only where they are to be expected. SetDelegate(), the
-///    operations that call the delegate (DelegateExport0() to DelegateImport(),
+///    Outputs are written only on success, unless an operation says what it leaves.
+/// 2. Other failures. A failure outside these checks, be it a C++ exception or a processor fault,
+///    returns -5 and leaves the package usable. -5 is listed only where it is to be expected.
+///    SetDelegate(), the operations that call the delegate (DelegateExport0() to DelegateImport(),
 ///    SetValueFromDelegate0() to SetValueFromDelegate5(), GetValueToDelegate()) and Release() are
 ///    not guarded: what the delegate throws reaches the caller.
 /// 3. Keys. While the ignore-case flag is not 0 (it starts as 1), a key names the first member that
 ///    has its length and equals it when ASCII letters are compared without regard to case; all
-///    other characters compare exactly. With the flag 0 names compare exactly. Setting a key that
-///    is there replaces its value; the key keeps its place and the spelling that it was first set
-///    with.
-/// 4. Lifetime. Keys and values given are copied. The text of a string and the name of a key live
-///    until that key is changed or removed; the text from GetText(), and from GetValue() for an
-///    object or array, until the next call of either; bytes of GetBytes() until the next
+///    other characters compare exactly. With the flag 0, names compare exactly. Setting an existing
+///    key replaces its value; the key keeps its place and the spelling that it was first set with.
+/// 4. Lifetime. Keys and values passed in are copied. The text of a string and the name of a key
+///    live until that key is changed or removed; the text from GetText(), and from GetValue() for
+///    an object or array, until the next call of either; bytes of GetBytes() until the next
 ///    GetBytes(); bytes of a blob and messages until the next blob, set or read, or message; and
 ///    none of them longer than until the next load or Release().
 /// 5. Units. Texts are zero-terminated UTF-16. Lengths of blobs and bytes count bytes.
-/// 6. Threads. One thread at a time for each package; different packages are independent.
+/// 6. Threads. Use each package from one thread at a time; different packages are independent.
 ///
 /// \par The name LoadString
-/// <windows.h> makes a macro of it, which this header takes away again; LoadStringA() and
+/// <windows.h> defines a macro of this name, which this header undefines; LoadStringA() and
 /// LoadStringW() of the system stay. A file that includes <windows.h> after this header must say
 /// `#undef LoadString` itself.
 ///
@@ -52,22 +51,23 @@ namespace QXJSON {
 /// 0 ASCII, everything else escaped as \\uXXXX, no byte-order mark; 1 UTF-16LE, mark FF FE;
 /// 2 UTF-8, mark EF BB BF; 3 UTF-16BE, mark FE FF. Marks are written to files only.
 ///
-/// \par What JSON or the encoding cannot carry
-/// A number that is not finite ends every output, and a surrogate without its other half that of
-/// bytes and files. An output that ends early answers 1 all the same: text and bytes are handed out
-/// up to there, a file keeps the whole blocks of 260 bytes before it.
+/// \par What JSON or the encoding cannot represent
+/// A number that is not finite ends every output; a surrogate without its other half ends the
+/// output of bytes and files. An output that ends early still returns 1: text and bytes are
+/// returned up to that point, and a file keeps the whole blocks of 260 bytes before it.
 ///
 /// The order of the operations is the binary contract; new ones may only follow the last. The first
 /// seven are those of IJsonPackageDelegate, so that a package can serve as another one's delegate:
-/// the exports go to this package's own delegate (0 where none is set), DelegateImport() answers 0.
+/// the exports call this package's own delegate (0 where none is set), and DelegateImport() returns
+/// 0.
 class IJsonPackage : public IJsonPackageDelegate {
 public:
     // ---------------------------------------------------------------------------------------------
     /// \name End of life
     /// \{
 
-    /// Ends the package's life; the pointer and all that was handed out are invalid afterwards. The
-    /// delegate is left alone. Not guarded.
+    /// Ends the package's life; the pointer and all that it returned are invalid afterwards. The
+    /// delegate is not touched. Not guarded.
     /// \return 1
     virtual int Release() = 0;
 
@@ -75,14 +75,14 @@ public:
 
     // ---------------------------------------------------------------------------------------------
     /// \name What the last load left
-    /// An array as the root is an error here, although its load answers 1.
+    /// An array as the root is an error here, although its load returns 1.
     /// \{
 
-    /// Tells whether the last load left a message code.
-    /// \return 1 when it did, else 0
+    /// Reports whether the last load left a message code.
+    /// \return 1 when it did, otherwise 0, also after a load that returned -5
     virtual int HasError() = 0;
 
-    /// Tells where the last load failed.
+    /// Reports where the last load failed.
     /// \param[out] offset receives the position: bytes of the input, or UTF-16 units for text read
     ///     in the ANSI code page; 0 for the message codes 18 to 22
     /// \return 1; 0 null output
@@ -92,7 +92,7 @@ public:
     /// the lifetime of the last blob.
     /// \param[out] text receives the sentence, which lives until the next blob, message, load or
     ///     Release()
-    /// \return 1; 0 null output
+    /// \return 1; 0 null output, or no memory
     virtual int GetErrorMessage(const wchar_t** text) = 0;
 
     /// \}
@@ -111,20 +111,20 @@ public:
 
     // ---------------------------------------------------------------------------------------------
     /// \name Loading
-    /// A load replaces the whole package, failed or not; only the ignore-case flag and the delegate
-    /// stay. What fails leaves an empty package. NaN and the infinities are refused.
+    /// A load, even a failed one, replaces the whole package; only the ignore-case flag and the
+    /// delegate stay. A failed load leaves an empty package. NaN and the infinities are refused.
     /// \{
 
-    /// Replaces the package by the JSON object of a text. Message code 18 for null, 21 for empty or
-    /// blank text.
+    /// Replaces the package with the JSON object of a text. Message code 18 for null, 21 for empty
+    /// or blank text.
     /// \param[in] text zero-terminated UTF-16 text; it is not used after the call
     /// \return 1 for an object, and for an array although it leaves an empty package and message
     ///     code 22; 0 for text that does not parse, and for any other root, which leaves message
     ///     code 22; -5 where the nesting is too deep for the stack
     virtual int LoadString(const wchar_t* text) = 0;
 
-    /// Replaces the package by the JSON object of a file in UTF-8, UTF-16 or UTF-32, told apart by
-    /// a byte-order mark or else by the zero bytes among the first four, or in the system's ANSI
+    /// Replaces the package with the JSON object of a file in UTF-8, UTF-16 or UTF-32, recognised
+    /// by a byte-order mark or else by the zero bytes among the first four, or in the system's ANSI
     /// code page. Message code 19 for a null name, 20 for a file that does not open, 21 for an
     /// empty or blank one.
     /// \param[in] fileName zero-terminated name of the file
@@ -148,10 +148,10 @@ public:
     /// \return 1; 0 null output, or index not below the count
     virtual int GetKeyName(uint32_t index, const wchar_t** name) = 0;
 
-    /// Tells whether a key is there.
+    /// Reports whether a key exists.
     /// \param[in] key the key
-    /// \param[out] found receives true when it is, and false in every other case
-    /// \return 1 when it is; -1 null key, 0 null output, 0 no such key
+    /// \param[out] found receives true when it does, and false in every other case
+    /// \return 1 when it does; -1 null key, 0 null output, 0 no such key
     virtual int ContainsKey(const wchar_t* key, bool* found) = 0;
 
     /// Removes all keys.
@@ -161,94 +161,94 @@ public:
     /// \}
 
     // ---------------------------------------------------------------------------------------------
-    /// \name Values as text, values by way of the delegate
+    /// \name Values as text, values through the delegate
     /// \{
 
     /// Gets a string's characters, or the compact JSON of an object or array.
     /// \param[in] key the key
-    /// \param[out] text receives the text, and "" with every failure; that of a string lives until
+    /// \param[out] text receives the text, or "" with every failure; that of a string lives until
     ///     its key is changed or removed, that of an object or array until the next GetValue() of
     ///     one or GetText()
-    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 neither string nor object nor
-    ///     array; -5 where the nesting is too deep for the stack
+    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 the value is neither a string nor
+    ///     an object nor an array; -5 where the nesting is too deep for the stack
     virtual int GetValue(const wchar_t* key, const wchar_t** text) = 0;
 
-    /// Sets a key to the JSON that the delegate's DelegateExport5() makes of an object, as
+    /// Sets a key to the JSON text that the delegate's DelegateExport5() makes from an object, as
     /// SetValue() does with JSON.
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a passed on
-    /// \return the export's result where that is not 1, and 0 where no delegate is set; else that
-    ///     of SetValue()
+    /// \return the export's result where that is not 1, and 0 where no delegate is set; otherwise
+    ///     that of SetValue()
     virtual int SetValueFromDelegate5(const wchar_t* key, void* object, uint32_t a) = 0;
 
-    /// Sets a key to a text as it is, or to the object or array that the text is the JSON of. NaN
+    /// Sets a key to a text as it is, or to the object or array that the text holds as JSON. NaN
     /// and the infinities are refused in JSON.
     /// \param[in] key the key
     /// \param[in] value zero-terminated text, copied
     /// \param[in] valueIsJson whether the text is JSON to be parsed
     /// \return 1; -1 null key, -4 null text, 0 JSON that does not parse, or whose root is neither
-    ///     object nor array; -5 where the nesting is too deep for the stack
+    ///     an object nor an array; -5 where the nesting is too deep for the stack
     virtual int SetValue(const wchar_t* key, const wchar_t* value, bool valueIsJson) = 0;
 
-    /// Sets a key to the JSON that the delegate's DelegateExport0() makes of an object, as
+    /// Sets a key to the JSON text that the delegate's DelegateExport0() makes from an object, as
     /// SetValue() does with JSON.
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a,b,c,d,e,f passed on
-    /// \return the export's result where that is not 1, and 0 where no delegate is set; else that
-    ///     of SetValue()
+    /// \return the export's result where that is not 1, and 0 where no delegate is set; otherwise
+    ///     that of SetValue()
     virtual int SetValueFromDelegate0(const wchar_t* key, void* object, uint16_t a, uint32_t b,
                                       uint32_t c, uint32_t d, uint32_t e, uint8_t f) = 0;
 
-    /// Sets a key to the JSON that the delegate's DelegateExport1() makes of an object, as
+    /// Sets a key to the JSON text that the delegate's DelegateExport1() makes from an object, as
     /// SetValue() does with JSON.
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a,b,c,d,e passed on
-    /// \return the export's result where that is not 1, and 0 where no delegate is set; else that
-    ///     of SetValue()
+    /// \return the export's result where that is not 1, and 0 where no delegate is set; otherwise
+    ///     that of SetValue()
     virtual int SetValueFromDelegate1(const wchar_t* key, void* object, uint8_t a, uint8_t b,
                                       uint8_t c, uint8_t d, uint8_t e) = 0;
 
-    /// Sets a key to the JSON that the delegate's DelegateExport2() makes of an object, as
+    /// Sets a key to the JSON text that the delegate's DelegateExport2() makes from an object, as
     /// SetValue() does with JSON.
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a,b,c passed on
-    /// \return the export's result where that is not 1, and 0 where no delegate is set; else that
-    ///     of SetValue()
+    /// \return the export's result where that is not 1, and 0 where no delegate is set; otherwise
+    ///     that of SetValue()
     virtual int SetValueFromDelegate2(const wchar_t* key, void* object, uint16_t a, uint8_t b,
                                       uint8_t c) = 0;
 
-    /// Sets a key to the JSON that the delegate's DelegateExport3() makes of an object, as
+    /// Sets a key to the JSON text that the delegate's DelegateExport3() makes from an object, as
     /// SetValue() does with JSON.
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a,b passed on
-    /// \return the export's result where that is not 1, and 0 where no delegate is set; else that
-    ///     of SetValue()
+    /// \return the export's result where that is not 1, and 0 where no delegate is set; otherwise
+    ///     that of SetValue()
     virtual int SetValueFromDelegate3(const wchar_t* key, void* object, uint8_t a, uint8_t b) = 0;
 
-    /// Sets a key to the JSON that the delegate's DelegateExport4() makes of an object, as
+    /// Sets a key to the JSON text that the delegate's DelegateExport4() makes from an object, as
     /// SetValue() does with JSON.
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a passed on
-    /// \return the export's result where that is not 1, and 0 where no delegate is set; else that
-    ///     of SetValue()
+    /// \return the export's result where that is not 1, and 0 where no delegate is set; otherwise
+    ///     that of SetValue()
     virtual int SetValueFromDelegate4(const wchar_t* key, void* object, uint8_t a) = 0;
 
-    /// Gives the text that GetValue() gets for a key to the delegate's DelegateImport().
+    /// Passes the text that GetValue() gets for a key to the delegate's DelegateImport().
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a,b,c,d,e passed on
-    /// \return GetValue()'s result where that is not 1, or where no delegate is set; else the
+    /// \return GetValue()'s result where that is not 1, or where no delegate is set; otherwise the
     ///     import's
     virtual int GetValueToDelegate(const wchar_t* key, void* object, uint8_t a, uint64_t b,
                                    uint16_t c, uint32_t d, uint32_t e) = 0;
 
-    /// Removes a key; the keys behind it move up by one.
+    /// Removes a key; the keys after it move up by one.
     /// \param[in] key the key
     /// \return 1; -1 null key, 0 no such key
     virtual int RemoveKey(const wchar_t* key) = 0;
@@ -274,14 +274,14 @@ public:
     ///     the stack
     virtual int GetBytes(const void** data, size_t* length, int32_t encoding) = 0;
 
-    /// Writes the package to a file as compact text, in place of what the file held, behind the
-    /// mark of its encoding.
+    /// Writes the package to a file as compact text, after the byte-order mark of its encoding.
+    /// What the file held is replaced.
     /// \param[in] fileName zero-terminated name of the file
     /// \param[in] encoding 0 to 3; any other leaves the file empty
     /// \return 1, also when the text could not be written to its end; 0 for a null or empty name
-    ///     and for a file that cannot be used: one that exists must open for reading, else one must
-    ///     be creatable, and it must open for writing; -5 where the nesting is too deep for the
-    ///     stack: the file is left as it was
+    ///     and for a file that cannot be used: an existing one must open for reading, a new one
+    ///     must be creatable, and either must open for writing; -5 where the nesting is too deep
+    ///     for the stack: the file is left as it was
     virtual int SaveToFile(const wchar_t* fileName, int32_t encoding) = 0;
 
     /// \}
@@ -309,7 +309,7 @@ public:
     /// Reads a string.
     /// \param[in] key the key
     /// \param[out] text receives the characters, which live until the key is changed or removed
-    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 no string
+    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 the value is not a string
     virtual int GetValueString(const wchar_t* key, const wchar_t** text) = 0;
 
     /// Sets a key to a string.
@@ -321,20 +321,20 @@ public:
     /// Reads any number as double.
     /// \param[in] key the key
     /// \param[out] number receives the number
-    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 no number
+    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 the value is not a number
     virtual int GetValueNumber(const wchar_t* key, double* number) = 0;
 
     /// Sets a key to a number: a 64-bit integer when it has no fraction and lies within -2^63 to
-    /// 2^63 (2^63 itself wraps to -2^63), else a double.
+    /// 2^63 (2^63 itself wraps to -2^63), otherwise a double.
     /// \param[in] key the key
-    /// \param[in] number the number; NaN and the infinities are taken too
+    /// \param[in] number the number; NaN and the infinities are accepted too
     /// \return 1; -1 null key
     virtual int SetValueNumber(const wchar_t* key, double number) = 0;
 
     /// Reads a boolean.
     /// \param[in] key the key
     /// \param[out] flag receives its value
-    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 no boolean
+    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 the value is not a boolean
     virtual int GetValueBoolean(const wchar_t* key, bool* flag) = 0;
 
     /// Sets a key to a boolean.
@@ -347,7 +347,7 @@ public:
     /// \param[in] key the key
     /// \param[out] variant receives tag 16384 and the text, which lives until the key is changed or
     ///     removed
-    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 no string
+    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 the value is not a string
     virtual int GetValueVariant(const wchar_t* key, JsonVariant* variant) = 0;
 
     /// Sets a key to a variant's text.
@@ -373,10 +373,10 @@ public:
     /// \param[in] key the key
     /// \param[out] variant receives tag 16384 and the text, which lives until the key is changed or
     ///     removed, or tag 20 and the number
-    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 neither
+    /// \return 1; -1 null key, 0 null output, -1 no such key, -3 the value is neither
     virtual int GetValueVariantEx(const wchar_t* key, JsonVariant* variant) = 0;
 
-    /// Sets a key to a variant's text or number. The number goes the way of SetValueNumber(), as a
+    /// Sets a key to a variant's text or number. The number is set as by SetValueNumber(), as a
     /// double, and keeps no more than 53 bits.
     /// \param[in] key the key
     /// \param[in] variant tag 16384 with the text, which is copied, or tag 20 with the number
@@ -388,15 +388,16 @@ public:
     /// \param[out] data receives the bytes, which live until the next blob, set or read, message,
     ///     load or Release()
     /// \param[out] length receives their count
-    /// \return 1; -1 null key, -1 no such key, -3 no string, 0 null output, -3 no base64
+    /// \return 1; -1 null key, -1 no such key, -3 the value is not a string, 0 null output, -3 the
+    ///     string is not base64
     virtual int GetValueBlob(const wchar_t* key, const void** data, uint32_t* length) = 0;
 
     /// Sets a key to a string that holds the base64 of bytes, in one line.
     /// \param[in] key the key
     /// \param[in] data the bytes
     /// \param[in] length their count
-    /// \return 1; -1 null key, -4 null data or length 0, -3 bytes that the system makes no base64
-    ///     of
+    /// \return 1; -1 null key, -4 null data or length 0, -3 bytes that the system cannot encode as
+    ///     base64
     virtual int SetValueBlob(const wchar_t* key, const uint8_t* data, uint32_t length) = 0;
 
     /// Gets the item type of a value: 0 string, 1 number, 2 boolean, 3 null, 4 object, 5 array.

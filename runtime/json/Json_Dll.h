@@ -8,9 +8,9 @@
 /// The exports of Json_Dll.dll. A host either links with the import library or looks the names up
 /// with GetProcAddress; they are undecorated C names.
 ///
-/// Each call returns a new object that shares nothing with any other, to be ended by its Release.
-/// The result is null when there is no memory for the object. When only a part behind it could not
-/// be allocated, the object is returned and its operations answer -5.
+/// Each call returns a new object that shares nothing with any other; its Release ends it. The
+/// result is null when there is no memory for the object. When only a part of it could not be
+/// allocated, the object is returned all the same and its operations return -5.
 extern "C" {
 
 /// Makes a parser with no document.

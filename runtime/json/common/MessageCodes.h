@@ -1,18 +1,18 @@
 #pragma once
 
 /// \file
-/// What is known about the last load.
+/// The message codes of loads.
 
 namespace QXJSON {
 
 /// What the last load of a parser or package left behind; 0 after a successful one. The codes up to
 /// 17 are those of RapidJSON's parser, passed on as it reports them; the rest are the library's
-/// own. The English sentence stands behind each; nine other languages have theirs.
+/// own. Each is shown with its English sentence; there are nine other languages.
 enum MessageCode : int {
     kNoError = 0,                ///< "No error."
     kDocumentEmpty = 1,          ///< "The document is empty."
     kRootNotSingular = 2,        ///< "The root must not be followed by other values."
-    kInvalidValue = 3,           ///< "Invalid value."; also a root that is no object or array
+    kInvalidValue = 3,           ///< "Invalid value."; also a root that is not an object or array
     kMissingName = 4,            ///< "Missing a name for object member."
     kMissingColon = 5,           ///< "Missing a colon after a name of object member."
     kMissingCommaOrBrace = 6,    ///< "Missing a comma or '}' after an object member."

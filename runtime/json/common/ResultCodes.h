@@ -5,11 +5,11 @@
 
 namespace QXJSON {
 
-/// A failure that an operation's own checks find. The check that fails first decides the result of
-/// the operation, which is the value itself.
+/// A failure that an operation's own checks find: the first check that fails decides, and its value
+/// is the result of the operation.
 enum JSONFUN_ERROR : int {
     /// Plain failure: an index out of range, a missing output pointer, a load that failed (the
-    /// message code tells why), a value with no representation.
+    /// message code says why), a value that cannot be represented.
     kPlainFailure = 0,
     /// The name of a member is null where one is required, or no member has that name.
     kNoMember = -1,
@@ -21,7 +21,7 @@ enum JSONFUN_ERROR : int {
     kNoText = -4,
 };
 
-// The results that no check of a value produces.
+// The results that do not come from the checks of a value.
 
 /// The operation did what it was asked to do.
 constexpr int kSuccess = 1;
