@@ -246,13 +246,10 @@ using Carrier = std::conditional_t<
     std::conditional_t<std::is_signed_v<T>, std::conditional_t<(sizeof(T) > 4), int64_t, int32_t>,
                        std::conditional_t<(sizeof(T) > 4), uint64_t, uint32_t>>>;
 
-/// Which operation serves which carrier: Choose<T, operation for bool, int32_t, ...>.
-template <class T, auto flag, auto int32, auto uint32, auto int64, auto uint64, auto real,
-          auto single, auto text, auto blob>
-constexpr auto Choose() {
-    if constexpr (std::is_same_v<T, bool>) {
-        return flag;
-    } else if constexpr (std::is_same_v<T, int32_t>) {
+/// Which operation serves which carrier of a number: ChooseNumber<T, operation for int32_t, ...>.
+template <class T, auto int32, auto uint32, auto int64, auto uint64, auto real, auto single>
+constexpr auto ChooseNumber() {
+    if constexpr (std::is_same_v<T, int32_t>) {
         return int32;
     } else if constexpr (std::is_same_v<T, uint32_t>) {
         return uint32;
@@ -264,12 +261,23 @@ constexpr auto Choose() {
         return real;
     } else if constexpr (std::is_same_v<T, float>) {
         return single;
+    } else {
+        static_assert(kNever<T>, "bool, an integer, double, float, std::wstring_view or Bytes");
+    }
+}
+
+/// The same for every carrier: Choose<T, operation for bool, int32_t, ...>.
+template <class T, auto flag, auto int32, auto uint32, auto int64, auto uint64, auto real,
+          auto single, auto text, auto blob>
+constexpr auto Choose() {
+    if constexpr (std::is_same_v<T, bool>) {
+        return flag;
     } else if constexpr (std::is_same_v<T, std::wstring_view>) {
         return text;
     } else if constexpr (std::is_same_v<T, Bytes>) {
         return blob;
     } else {
-        static_assert(kNever<T>, "bool, an integer, double, float, std::wstring_view or Bytes");
+        return ChooseNumber<T, int32, uint32, int64, uint64, real, single>();
     }
 }
 
@@ -627,9 +635,9 @@ struct HandleBuild {
         static constexpr auto kNull = &G::AddObjectItemNull;
         template <class T>
         static constexpr auto Number() {
-            return Choose<T, &G::AddObjectItemBoolean, &G::AddObjectItemInt, &G::AddObjectItemUInt,
-                          &G::AddObjectItemInt64, &G::AddObjectItemUInt64, &G::AddObjectItemDouble,
-                          &G::AddObjectItemFloat, &G::AddObjectItemString, &G::AddObjectItemBlob>();
+            return ChooseNumber<T, &G::AddObjectItemInt, &G::AddObjectItemUInt,
+                                &G::AddObjectItemInt64, &G::AddObjectItemUInt64,
+                                &G::AddObjectItemDouble, &G::AddObjectItemFloat>();
         }
         static constexpr auto kJson = &G::AddObjectItemJsonString;
         static constexpr auto kJsonFile = &G::AddObjectItemJsonFile;
@@ -643,9 +651,9 @@ struct HandleBuild {
         static constexpr auto kNull = &G::AddArrayItemNull;
         template <class T>
         static constexpr auto Number() {
-            return Choose<T, &G::AddArrayItemBoolean, &G::AddArrayItemInt, &G::AddArrayItemUInt,
-                          &G::AddArrayItemInt64, &G::AddArrayItemUInt64, &G::AddArrayItemDouble,
-                          &G::AddArrayItemFloat, &G::AddArrayItemString, &G::AddArrayItemBlob>();
+            return ChooseNumber<T, &G::AddArrayItemInt, &G::AddArrayItemUInt, &G::AddArrayItemInt64,
+                                &G::AddArrayItemUInt64, &G::AddArrayItemDouble,
+                                &G::AddArrayItemFloat>();
         }
         static constexpr auto kJson = &G::AddArrayItemJsonString;
         static constexpr auto kJsonFile = &G::AddArrayItemJsonFile;
@@ -665,10 +673,9 @@ struct ReferenceBuild {
         static constexpr auto kNull = &G::AddObjectValueNull;
         template <class T>
         static constexpr auto Number() {
-            return Choose<T, &G::AddObjectValueBoolean, &G::AddObjectValueInt,
-                          &G::AddObjectValueUInt, &G::AddObjectValueInt64, &G::AddObjectValueUInt64,
-                          &G::AddObjectValueDouble, &G::AddObjectValueFloat,
-                          &G::AddObjectValueString, &G::AddObjectValueBlob>();
+            return ChooseNumber<T, &G::AddObjectValueInt, &G::AddObjectValueUInt,
+                                &G::AddObjectValueInt64, &G::AddObjectValueUInt64,
+                                &G::AddObjectValueDouble, &G::AddObjectValueFloat>();
         }
     };
     struct Element {
@@ -680,9 +687,9 @@ struct ReferenceBuild {
         static constexpr auto kNull = &G::AddArrayValueNull;
         template <class T>
         static constexpr auto Number() {
-            return Choose<T, &G::AddArrayValueBoolean, &G::AddArrayValueInt, &G::AddArrayValueUInt,
-                          &G::AddArrayValueInt64, &G::AddArrayValueUInt64, &G::AddArrayValueDouble,
-                          &G::AddArrayValueFloat, &G::AddArrayValueString, &G::AddArrayValueBlob>();
+            return ChooseNumber<T, &G::AddArrayValueInt, &G::AddArrayValueUInt,
+                                &G::AddArrayValueInt64, &G::AddArrayValueUInt64,
+                                &G::AddArrayValueDouble, &G::AddArrayValueFloat>();
         }
     };
 };
@@ -970,8 +977,7 @@ public:
 
     /// The package as compact text, which lives until the next text.
     Result<std::wstring_view> Text() const {
-        return detail::Read<std::wstring_view>(
-            Raw(), static_cast<int (IJsonPackage::*)(const wchar_t**)>(&IJsonPackage::GetText));
+        return detail::Read<std::wstring_view>(Raw(), &IJsonPackage::GetText);
     }
     /// The package as compact text in an encoding. The bytes live until the next ones.
     Result<Bytes> Encoded(Encoding encoding) const {
