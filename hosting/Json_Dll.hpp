@@ -12,15 +12,15 @@
 #include <type_traits>
 #include <utility>
 
-// <windows.h> makes a macro of the name of one of the package's operations.
+// <windows.h> defines a macro with the name of one of the package's operations.
 #undef LoadString
 #include "Json_Dll.h"
 
 /// A thin C++ layer for hosts of Json_Dll, in one header: it loads the library, owns its objects,
 /// and gives its operations types. It is a host like any other: only calls of the interfaces cross
 /// the boundary of the DLL, never an exception or an object of the C++ library. It hides nothing:
-/// each object leads to its interface by `->` and Raw(), and everything that Json_Dll.h and the
-/// interfaces say about results, lifetimes and threads holds here too.
+/// `->` and Raw() give access to the interface of each object, and everything that Json_Dll.h and
+/// the interfaces say about results, lifetimes and threads holds here too.
 namespace QXJSON::hosting {
 
 // ---- Results -----------------------------------------------------------------------------------
@@ -28,7 +28,7 @@ namespace QXJSON::hosting {
 /// @cond for this header alone
 namespace detail {
 
-/// For a T that is a view, and a text that is a string without a name: an rvalue.
+/// Valid only where T is a view and the text is a temporary string.
 template <class T, class Text>
 using IfViewOfTemporary = std::enable_if_t<std::is_same_v<T, std::wstring_view> &&
                                            std::is_same_v<std::remove_const_t<Text>, std::wstring>>;
@@ -36,7 +36,7 @@ using IfViewOfTemporary = std::enable_if_t<std::is_same_v<T, std::wstring_view> 
 }  // namespace detail
 /// @endcond
 
-/// What a result code means, in a few words; for messages of the host's own.
+/// What a result code means, in a few words, for the host's own messages.
 inline const char* Describe(int code) noexcept {
     switch (code) {
         case kSuccess:
@@ -61,7 +61,7 @@ inline const char* Describe(int code) noexcept {
 }
 
 /// A result other than success, for hosts that prefer exceptions. It is thrown by this header's
-/// code inside of the host, never by the library.
+/// code inside the host, never by the library.
 class Error : public std::runtime_error {
 public:
     /// The error of a result code.
@@ -73,41 +73,41 @@ private:
     int code;
 };
 
-/// A result code and, after success, what came with it. The host chooses: look at the result
-/// (`if (result)`, `*result`), give a value in its stead (`Or`), or have failures thrown (`Get`).
+/// A result code and, after success, the output. The host chooses: look at the result
+/// (`if (result)`, `*result`), name a value to use instead (`Or`), or have failures thrown (`Get`).
 template <class T>
 class [[nodiscard]] Result {
 public:
     /// A failure.
     explicit Result(int failure) : code(failure) {}
-    /// The result of an operation with what it put out.
+    /// The result of an operation, with its output.
     Result(int result, T output) : code(result), value(std::move(output)) {}
 
     /// Whether the operation succeeded.
     explicit operator bool() const noexcept { return code == kSuccess; }
     /// The result code.
     int Code() const noexcept { return code; }
-    /// What came with success; nothing in particular after a failure.
+    /// The output; unspecified after a failure.
     T& operator*() noexcept { return value; }
-    /// What came with success; nothing in particular after a failure.
+    /// The output; unspecified after a failure.
     const T& operator*() const noexcept { return value; }
-    /// A member of what came with success.
+    /// A member of the output.
     T* operator->() noexcept { return &value; }
-    /// A member of what came with success.
+    /// A member of the output.
     const T* operator->() const noexcept { return &value; }
-    /// What came with success; throws Error after a failure.
+    /// The output; throws Error after a failure.
     T Get() && {
         if (code != kSuccess) throw Error(code);
         return std::move(value);
     }
-    /// What came with success; throws Error after a failure.
+    /// The output; throws Error after a failure.
     const T& Get() const& {
         if (code != kSuccess) throw Error(code);
         return value;
     }
-    /// What came with success, or this in place of it.
+    /// The output, or after a failure this value instead.
     T Or(T otherwise) const { return code == kSuccess ? value : std::move(otherwise); }
-    /// A view of a string that is about to end would be left with nothing to view.
+    /// Refused: the view would dangle once the temporary string is gone.
     template <class Text, class = detail::IfViewOfTemporary<T, Text>>
     T Or(Text&& otherwise) const = delete;
 
@@ -116,7 +116,7 @@ private:
     T value{};
 };
 
-/// The result of an operation that puts nothing out.
+/// The result of an operation without output.
 template <>
 class [[nodiscard]] Result<void> {
 public:
@@ -138,9 +138,9 @@ private:
 // ---- What goes in and out ----------------------------------------------------------------------
 
 /// A text as an argument. The interfaces take zero-terminated UTF-16: pointers and strings are
-/// passed on as they are, and only a view, whose end nobody knows to be marked, is copied. What
-/// follows a U+0000 inside of a text is not seen. It is made for parameters: one with a name of its
-/// own must not be made of a temporary string, which ends before it does.
+/// passed on as they are; only a view, which need not be zero-terminated, is copied. Whatever
+/// follows a U+0000 inside a text is ignored. It is meant for parameters. Do not construct a named
+/// TextArgument from a temporary string: it would dangle.
 class TextArgument {
 public:
     /// Zero-terminated text; null is passed on, and refused by the operation.
@@ -170,13 +170,13 @@ private:
     wchar_t copy[kShort];
 };
 
-/// Bytes that belong to somebody else.
+/// Bytes that somebody else owns.
 struct Bytes {
     const uint8_t* data = nullptr;  ///< the first one
     size_t size = 0;                ///< how many
 
     const uint8_t* begin() const noexcept { return data; }       ///< the first byte
-    const uint8_t* end() const noexcept { return data + size; }  ///< behind the last byte
+    const uint8_t* end() const noexcept { return data + size; }  ///< past the last byte
 };
 
 /// The kinds of values: the item types of the interfaces.
@@ -189,7 +189,7 @@ enum class ValueKind : uint32_t {
     kArray,
 };
 
-/// The kind of an item type or a value type: those from 6 tell numbers apart.
+/// The kind of an item type or a value type: value types from 6 on are kinds of numbers.
 constexpr ValueKind KindOf(uint32_t type) noexcept {
     return type < 6 ? static_cast<ValueKind>(type) : ValueKind::kNumber;
 }
@@ -218,7 +218,7 @@ struct Releaser {
     void operator()(Interface* object) const noexcept { object->Release(); }
 };
 
-/// A view of a text that an operation put out.
+/// A view of a text that an operation returned.
 inline std::wstring_view View(const wchar_t* text) {
     return text ? std::wstring_view(text) : std::wstring_view();
 }
@@ -229,7 +229,7 @@ inline constexpr bool kNever = false;
 template <class T, class... Others>
 inline constexpr bool kIsOneOf = (std::is_same_v<T, Others> || ...);
 
-/// Characters, which C++ takes for integers, and hosts do not.
+/// Character types: integers to C++, but not to hosts.
 template <class T>
 inline constexpr bool kIsCharacter =
     kIsOneOf<T, char, wchar_t, char16_t, char32_t, decltype(u8' ')>;
@@ -238,8 +238,8 @@ template <class T>
 inline constexpr bool kIsInteger =
     std::is_integral_v<T> && !std::is_same_v<T, bool> && !kIsCharacter<T>;
 
-/// The type of number that the operations take or give for a T: for an integer, whatever it is
-/// called, the one of 32 or 64 bits that holds it.
+/// The type with which the operations pass a T: for an integer type, whatever its name, the type of
+/// 32 or 64 bits that holds it.
 template <class T>
 using Carrier = std::conditional_t<
     !kIsInteger<T>, T,
@@ -281,7 +281,7 @@ constexpr auto Choose() {
     }
 }
 
-/// Calls a getter with its outputs behind the other arguments, and gives the outputs T's form.
+/// Calls a getter with its outputs after the other arguments, and converts the outputs to T.
 template <class T, class Interface, class Operation, class... Arguments>
 Result<T> Read(Interface& object, Operation operation, const Arguments&... arguments) {
     if constexpr (std::is_same_v<T, bool>) {
@@ -301,7 +301,7 @@ Result<T> Read(Interface& object, Operation operation, const Arguments&... argum
         Carrier<T> output{};
         const int result = (object.*operation)(arguments..., &output);
         const T value = static_cast<T>(output);
-        // A narrower integer refuses what it does not hold, as the operations do.
+        // A narrower integer type refuses what it cannot hold, as the operations do.
         const bool fits = !kIsInteger<T> || static_cast<Carrier<T>>(value) == output;
         return {result == kSuccess && !fits ? kWrongKind : result, value};
     }
@@ -330,7 +330,7 @@ struct HandleWay {
     }
 };
 
-/// The same by its reference.
+/// Those that name it by its reference.
 struct ReferenceWay {
     using Place = uint64_t;
     static constexpr auto kMember = &P::GetMemberValue;
@@ -365,9 +365,9 @@ public:
     /// The handle or reference.
     using Place = typename Way::Place;
 
-    /// No place, to be assigned one before it is asked for anything.
+    /// No place: assign one before calling anything.
     Node() = default;
-    /// A place that an operation of the interface handed out, with its item type or value type.
+    /// A place that an operation of the interface returned, with its item type or value type.
     Node(IJsonParser& owner, Place raw, uint32_t rawType)
         : parser(&owner), place(raw), type(rawType) {}
 
@@ -384,7 +384,7 @@ public:
     }
     /// The member or element at an index from 0.
     Result<Node> At(uint32_t index) const { return Hand(Way::kChild, index); }
-    /// Whether there is such a member: the same search, for those who do not need it.
+    /// Whether there is such a member. It is the same search as Member().
     bool Has(const TextArgument& key) const { return static_cast<bool>(Member(key)); }
     /// How many members or elements there are.
     Result<uint32_t> Count() const { return detail::Read<uint32_t>(*parser, Way::kCount, place); }
@@ -393,9 +393,9 @@ public:
         return detail::Read<std::wstring_view>(*parser, Way::kName, place, index);
     }
 
-    /// The value as a bool, any integer type that holds it, double, float, as the std::wstring_view
-    /// of a string, or as the Bytes of its base64. Views and bytes belong to the parser; Bytes live
-    /// until its next blob or message (Failure()), views until its next load.
+    /// The value as a bool, any integer type that holds it, double, float, the std::wstring_view of
+    /// a string, or the Bytes that its base64 stands for. Views and bytes belong to the parser;
+    /// Bytes live until its next blob or message (Failure()), views until its next load.
     template <class T>
     Result<T> As() const {
         return detail::Read<T>(*parser, Way::template Getter<detail::Carrier<T>>(), place);
@@ -417,7 +417,7 @@ public:
             place);
     }
 
-    /// Whether a number is finite, or what else it is; by handle only.
+    /// The class of a number; by handle only.
     Result<NumberClass> Class() const {
         static_assert(std::is_same_v<Way, detail::HandleWay>, "there is no such operation");
         const auto number = detail::Read<uint32_t>(*parser, &IJsonParser::GetNumberClass, place);
@@ -426,8 +426,8 @@ public:
 
     class Iterator;
     class Range;
-    /// The members or elements in document order, for a loop; none where there can be none. Each is
-    /// a Child.
+    /// The members or elements in document order, for a loop; none where the value is not an object
+    /// or array. Each is a Child.
     Range Children() const { return Range(*this, Count().Or(0)); }
 
 private:
@@ -444,14 +444,14 @@ private:
     uint32_t type = 0;
 };
 
-/// A member or element as a loop over Children() meets it.
+/// A member or element in a loop over Children().
 template <class Way>
 struct Child {
     std::wstring_view name;  ///< the key of a member; empty for an element
     Node<Way> value;         ///< the value
 };
 
-/// Goes over the members or elements of a container. A child that cannot be had throws Error.
+/// Goes through the members or elements of a container. A child that cannot be read throws Error.
 template <class Way>
 class Node<Way>::Iterator {
 public:
@@ -460,7 +460,7 @@ public:
     using value_type = Child<Way>;
     using difference_type = std::ptrdiff_t;
     using reference = value_type;
-    /// Keeps a child for as long as one of its members is used.
+    /// Keeps a child while one of its members is used.
     struct pointer {
         value_type child;
         const value_type* operator->() const noexcept { return &child; }
@@ -482,7 +482,7 @@ public:
         ++index;
         return *this;
     }
-    /// Goes on to the next one, and returns where it was.
+    /// Goes on to the next one, and returns the iterator before.
     Iterator operator++(int) {
         const Iterator before = *this;
         ++index;
@@ -502,11 +502,11 @@ private:
 template <class Way>
 class Node<Way>::Range {
 public:
-    /// So many children of a container.
+    /// That many children of a container.
     Range(const Node& parent, uint32_t children) : container(parent), count(children) {}
     /// The first one.
     Iterator begin() const { return {container, 0}; }
-    /// Behind the last one.
+    /// Past the last one.
     Iterator end() const { return {container, count}; }
 
 private:
@@ -516,10 +516,10 @@ private:
 
 /// A value by its handle.
 using Item = Node<detail::HandleWay>;
-/// A value by its reference: the fastest way, and unchecked.
+/// A value by its reference, which is unchecked and the fastest.
 using Value = Node<detail::ReferenceWay>;
 
-/// Owns an object of the library: it is released with its owner. The interface is behind `->`.
+/// Owns an object of the library, and releases it. `->` gives access to the interface.
 template <class Interface>
 class Owner {
 public:
@@ -529,11 +529,11 @@ public:
     explicit Owner(Interface* object) : owned(object) {}
     /// Whether there is an object.
     explicit operator bool() const noexcept { return owned != nullptr; }
-    /// The interface, for all that this layer has no name for.
+    /// The interface, for everything that this layer does not wrap.
     Interface* operator->() const noexcept { return owned.get(); }
     /// The interface.
     Interface& Raw() const noexcept { return *owned; }
-    /// Gives the object up: whoever takes the pointer releases it.
+    /// Gives up the object: whoever takes the pointer releases it.
     Interface* Detach() noexcept { return owned.release(); }
 
 private:
@@ -542,11 +542,11 @@ private:
 
 /// Why a load failed.
 struct LoadFailure {
-    uint64_t offset = 0;        ///< where: see GetErrorOffset of the interface
+    uint64_t offset = 0;        ///< where: see GetErrorOffset() of the interface
     std::wstring_view message;  ///< the library's sentence; a parser's lives as long as the process
 };
 
-/// A parser. After a load, all that the document before handed out is invalid.
+/// A parser. A load invalidates everything that came from the document before.
 class Parser : public Owner<IJsonParser> {
 public:
     using Owner::Owner;
@@ -565,7 +565,7 @@ public:
     Result<void> LoadFile(const TextArgument& fileName) const {
         return Result<void>(Raw().LoadJsonFile(fileName));
     }
-    /// What the last load that failed left. This is a message: it ends the last Bytes.
+    /// Why the last load failed. This fetches a message, which ends the life of the last Bytes.
     LoadFailure Failure() const {
         LoadFailure failure;
         const wchar_t* text = nullptr;
@@ -588,7 +588,7 @@ public:
         const int result = Raw().GetRootValue(&value, &type);
         return {result, Value(Raw(), value, type)};
     }
-    /// The value at an item path; by two calls, for the second one asks for its type.
+    /// The value at an item path. It takes two calls: the second one asks for the item type.
     Result<Item> At(const TextArgument& path) const {
         uint32_t handle = 0, type = 0;
         int result = Raw().GetItemByPath(path, &handle);
@@ -607,8 +607,8 @@ public:
                            &P::GetItemBlobByPath>();
         return detail::Read<T>(Raw(), kGetter, static_cast<const wchar_t*>(path));
     }
-    /// Whether there is a value at an item path. Unlike ExistsItemByPath of the interface this does
-    /// not fault for a path below a missing parent.
+    /// Whether there is a value at an item path. Unlike ExistsItemByPath() of the interface, this
+    /// does not fault for a path below a missing parent.
     bool Exists(const TextArgument& path) const {
         uint32_t type = 0;
         return Raw().GetItemTypeByPath(path, &type) == kSuccess;
@@ -660,7 +660,7 @@ struct HandleBuild {
     };
 };
 
-/// The same by its reference; there are no grafts.
+/// Those that name it by its reference; there are no grafts.
 struct ReferenceBuild {
     using Place = uint64_t;
     using Parent = uint64_t;
@@ -700,16 +700,16 @@ struct ReferenceBuild {
 /// An object or array under construction, named by a handle (Container) or a reference
 /// (ValueContainer) of its generator, which it does not own. `Add...` adds a member to an object,
 /// `Append...` an element to an array. Values are bool, integers, double, float, nullptr, texts and
-/// Bytes; what comes back for them is the handle or reference of the new value.
+/// Bytes; adding one returns the handle or reference of the new value.
 template <class Way>
 class Builder {
 public:
     /// The handle or reference.
     using Place = typename Way::Place;
 
-    /// No container, to be assigned one before anything is added to it.
+    /// No container: assign one before calling anything.
     Builder() = default;
-    /// A container that an operation of the interface handed out.
+    /// A container that an operation of the interface returned.
     Builder(IJsonGenerator& owner, Place raw) : generator(&owner), place(raw) {}
 
     /// The handle or reference, for calls of the interface.
@@ -735,7 +735,7 @@ public:
     /// Appends an empty array.
     Result<Builder> AppendArray() const { return Open(Element::kArray); }
 
-    /// Adds the object or array that a text is the JSON of; this and the others by handle only.
+    /// Adds the object or array that a text holds as JSON; this and the following by handle only.
     Result<Builder> AddJson(const TextArgument& key, const TextArgument& json) const {
         return Open(Member::kJson, key, json);
     }
@@ -743,7 +743,7 @@ public:
     Result<Builder> AddJsonFile(const TextArgument& key, const TextArgument& fileName) const {
         return Open(Member::kJsonFile, key, fileName);
     }
-    /// Appends the object or array that a text is the JSON of.
+    /// Appends the object or array that a text holds as JSON.
     Result<Builder> AppendJson(const TextArgument& json) const {
         return Open(Element::kJson, json);
     }
@@ -794,7 +794,7 @@ private:
 
 /// A container by its handle.
 using Container = Builder<detail::HandleBuild>;
-/// A container by its reference: the fastest way, and unchecked.
+/// A container by its reference, which is unchecked and the fastest.
 using ValueContainer = Builder<detail::ReferenceBuild>;
 
 /// A generator.
@@ -802,23 +802,23 @@ class Generator : public Owner<IJsonGenerator> {
 public:
     using Owner::Owner;
 
-    /// Starts anew with an empty object as the root.
+    /// Starts again with an empty object as the root.
     Result<Container> NewObject() const { return Root(&IJsonGenerator::CreateRootObject); }
-    /// Starts anew with an empty array as the root.
+    /// Starts again with an empty array as the root.
     Result<Container> NewArray() const { return Root(&IJsonGenerator::CreateRootArray); }
-    /// The same, to go on by references.
+    /// As NewObject(), to continue by reference.
     Result<ValueContainer> NewObjectValue() const {
         return RootValue(&IJsonGenerator::ResetRootObjectValue);
     }
-    /// The same, to go on by references.
+    /// As NewArray(), to continue by reference.
     Result<ValueContainer> NewArrayValue() const {
         return RootValue(&IJsonGenerator::ResetRootArrayValue);
     }
-    /// Replaces the document by that of a text.
+    /// Replaces the document with that of a text.
     Result<Container> Load(const TextArgument& json) const {
         return Root(&IJsonGenerator::LoadJsonString, static_cast<const wchar_t*>(json));
     }
-    /// Replaces the document by that of a file.
+    /// Replaces the document with that of a file.
     Result<Container> LoadFile(const TextArgument& fileName) const {
         return Root(&IJsonGenerator::LoadJsonFile, static_cast<const wchar_t*>(fileName));
     }
@@ -876,8 +876,9 @@ class Package : public Owner<IJsonPackage> {
 public:
     using Owner::Owner;
 
-    /// The value of a key as a bool, a double, the std::wstring_view of a string or the Bytes of
-    /// its base64. Bytes live until the next blob, set or read, or message of the package.
+    /// The value of a key as a bool, a double, the std::wstring_view of a string or the Bytes that
+    /// its base64 stands for. Bytes live until the next blob, set or read, or message of the
+    /// package.
     template <class T>
     Result<T> As(const TextArgument& key) const {
         if constexpr (std::is_same_v<T, bool>) {
@@ -911,7 +912,7 @@ public:
         return {result, KindOf(type)};
     }
 
-    /// Sets a key to a bool, a text, Bytes or a number, which no single character is. A package
+    /// Sets a key to a bool, a text, Bytes or a number; a single character is refused. A package
     /// takes every number as a double: whole numbers beyond 2^53 are rounded.
     template <class T, class = std::enable_if_t<!detail::kIsCharacter<T>>>
     Result<void> Set(const TextArgument& key, const T& value) const {
@@ -927,7 +928,7 @@ public:
             return Result<void>(Raw().SetValueString(key, TextArgument(value)));
         }
     }
-    /// Sets a key to the object or array that a text is the JSON of.
+    /// Sets a key to the object or array that a text holds as JSON.
     Result<void> SetJson(const TextArgument& key, const TextArgument& json) const {
         return Result<void>(Raw().SetValue(key, json, true));
     }
@@ -940,7 +941,7 @@ public:
     Result<std::wstring_view> NameAt(uint32_t index) const {
         return detail::Read<std::wstring_view>(Raw(), &IJsonPackage::GetKeyName, index);
     }
-    /// Whether a key is there.
+    /// Whether a key exists.
     bool Contains(const TextArgument& key) const {
         bool found = false;
         return Raw().ContainsKey(key, &found) == kSuccess && found;
@@ -951,22 +952,22 @@ public:
     }
     /// Removes all keys.
     Result<void> Clear() const { return Result<void>(Raw().RemoveAll()); }
-    /// Has the case of ASCII letters in keys ignored, as a new package does, or not.
+    /// Sets whether the case of ASCII letters in keys is ignored, as it is in a new package.
     Result<void> IgnoreCase(bool ignored) const {
         return Result<void>(Raw().SetIgnoreCase(ignored ? 1 : 0));
     }
 
-    /// Replaces the package by a text. An array succeeds and leaves no keys: see HasError.
+    /// Replaces the package with a text. An array succeeds and leaves no keys: see HasError().
     Result<void> Load(const TextArgument& json) const {
         return Result<void>(Raw().LoadString(json));
     }
-    /// Replaces the package by a file, in the same way.
+    /// Replaces the package with a file, in the same way.
     Result<void> LoadFile(const TextArgument& fileName) const {
         return Result<void>(Raw().LoadFile(fileName));
     }
-    /// Whether the last load failed or left no keys because its root was an array.
+    /// Whether the last load left a message code: it failed, or its root was an array.
     bool HasError() const { return Raw().HasError() != 0; }
-    /// What such a load left; the message lives until the next blob or message.
+    /// What was wrong with such a load; the message lives until the next blob or message.
     LoadFailure Failure() const {
         size_t offset = 0;
         const wchar_t* text = nullptr;
@@ -994,7 +995,7 @@ public:
 
 // ---- The library -------------------------------------------------------------------------------
 
-/// The loaded library. It must outlive the objects that it made.
+/// The loaded library. It must outlive the objects that it created.
 class Library {
 public:
     /// Loads the DLL by its file name, as LoadLibrary finds it; see `operator bool`.
@@ -1007,13 +1008,13 @@ public:
     Library(IJsonParser* (*parser)(), IJsonGenerator* (*generator)(), IJsonPackage* (*package)())
         : createParser(parser), createGenerator(generator), createPackage(package) {}
 
-    /// Takes a library over; the other one is as if it had not been found.
+    /// Takes over a library; the other one is left as if it had not been found.
     Library(Library&& other) noexcept
         : module(std::move(other.module)),
           createParser(std::exchange(other.createParser, nullptr)),
           createGenerator(std::exchange(other.createGenerator, nullptr)),
           createPackage(std::exchange(other.createPackage, nullptr)) {}
-    /// The same; the library before is unloaded.
+    /// The same; the library held before is unloaded.
     Library& operator=(Library&& other) noexcept {
         Library taken(std::move(other));
         std::swap(module, taken.module);
@@ -1023,12 +1024,12 @@ public:
         return *this;
     }
 
-    /// Whether the DLL was found, with all that this layer needs of it.
+    /// Whether the DLL was found, with everything that this layer needs from it.
     explicit operator bool() const noexcept {
         return createParser && createGenerator && createPackage;
     }
 
-    /// The DLL, for what else a host may want of it; null where the host is linked with it.
+    /// The DLL, for whatever else a host may need from it; null where the host is linked with it.
     HMODULE Module() const noexcept { return module.get(); }
 
     /// A new parser; kPlainFailure without the library or without memory.
