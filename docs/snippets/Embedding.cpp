@@ -1,4 +1,4 @@
-// How a host holds the library.
+// How a host loads the library and owns its objects.
 
 #include <memory>
 #include <stdexcept>
@@ -10,7 +10,7 @@ namespace snippets {
 namespace {
 
 //! [load library]
-/// An export of the library, which stays loaded as long as the process lives.
+/// An export of the library, which stays loaded until the process ends.
 template <class Factory>
 Factory* FindFactory(const char* name) {
     static const HMODULE library = LoadLibraryW(L"Json_Dll.dll");
@@ -22,7 +22,7 @@ Factory* FindFactory(const char* name) {
 //! [load library]
 
 //! [own object]
-/// Ends an object of the library in the only way there is.
+/// Ends an object of the library, in the only way allowed.
 struct Releaser {
     template <class Interface>
     void operator()(Interface* object) const {
@@ -61,7 +61,7 @@ TEST_F(Parsing, Lifetimes) {
     const wchar_t* const name = text;  // lives until the next load: no copy needed meanwhile
 
     parser->GetArrayJsonByPath(L"/2", &text);
-    const std::wstring first = text;           // the next such text takes its place: a copy
+    const std::wstring first = text;           // a copy: the next such text replaces it
     parser->GetArrayJsonByPath(L"/3", &text);  // [2]
     //! [lifetimes]
     EXPECT_STREQ(L"Anna", name);
@@ -72,8 +72,8 @@ TEST_F(Parsing, Lifetimes) {
 TEST_F(Parsing, DeepDocuments) {
     //! [deep documents]
     const std::wstring deep(1000000, L'[');
-    const int result = parser->LoadJsonString(deep.c_str());    // -5: the stack would not do
-    const int afterwards = parser->LoadJsonString(L"[1,2,3]");  // 1: the parser goes on
+    const int result = parser->LoadJsonString(deep.c_str());    // -5: too deep for the stack
+    const int afterwards = parser->LoadJsonString(L"[1,2,3]");  // 1: the parser is usable
     //! [deep documents]
     EXPECT_EQ(-5, result);
     EXPECT_EQ(1, afterwards);

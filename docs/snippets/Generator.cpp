@@ -14,7 +14,7 @@ TEST_F(Generating, Roots) {
     generator->CreateRootObject(&root);                 // 1, as always
     generator->AddObjectItemInt(1, L"crew", 4, &item);  // 2
     generator->CreateRootArray(&root);                  // 1 again; the object is gone,
-    const int gone = generator->AddObjectItemInt(2, L"a", 1, &item);  // and -2 for its handles
+    const int gone = generator->AddObjectItemInt(2, L"a", 1, &item);  // and its handles return -2
     //! [roots]
     EXPECT_EQ(1u, root);
     EXPECT_EQ(-2, gone);
@@ -153,7 +153,7 @@ TEST_F(Generating, Files) {
     const wchar_t* const fileName = file.Name();
     const wchar_t* const indentedName = indentedFile.Name();
     //! [output files]
-    const int saved = generator->SaveToFile(fileName, 2);              // UTF-8 behind its mark
+    const int saved = generator->SaveToFile(fileName, 2);              // UTF-8, after its mark
     const int indented = generator->SaveToFileEx(indentedName, 0, 0);  // ASCII, four spaces
     const int noFolder = generator->SaveToFile(L"no such folder\\ship.json", 2);  // 0
     //! [output files]
@@ -189,7 +189,7 @@ TEST_F(Generating, Grafts) {
     uint32_t root = 0, crew = 0, harbour = 0, item = 0;
     generator->LoadJsonString(L"{\"ship\":\"Freya\"}", &root);
     generator->AddObjectItemJsonFile(1, L"crew", fileName, &crew);
-    generator->AddArrayItemObject(static_cast<int32_t>(crew), &item);  // goes on below the graft
+    generator->AddArrayItemObject(static_cast<int32_t>(crew), &item);  // continues below the graft
 
     generator->AddObjectItemJsonString(1, L"harbour", L"{\"name\":\"Skagen\"}", &harbour);
     const int again = generator->AddObjectItemJsonString(1, L"harbour", L"[]", &item);  // replaced

@@ -8,8 +8,8 @@
 
 #include "JsonDll.h"
 
-// What the shown code has around it: a host that holds one object of each family. The shown lines
-// are those between two markers of the same name.
+// What surrounds the code shown: a host that owns one object of each family. The lines shown are
+// those between two markers of the same name.
 
 namespace snippets {
 

@@ -42,10 +42,10 @@ TEST_F(Hosting, Styles) {
     const Parser parser = Loaded(LR"({"ship":"Freya","crew":4})");
     std::wstring report;
     //! [three styles]
-    if (const auto ship = parser.As<std::wstring_view>(L"/ship"))  // look at the result,
+    if (const auto ship = parser.As<std::wstring_view>(L"/ship"))  // check the result,
         report = *ship;
 
-    const int32_t guests = parser.As<int32_t>(L"/guests").Or(0);  // say what stands in for it,
+    const int32_t guests = parser.As<int32_t>(L"/guests").Or(0);  // name a substitute,
 
     int code = 0;
     try {

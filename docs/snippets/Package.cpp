@@ -11,7 +11,7 @@ using support::TempFile;
 TEST_F(Packaging, Loading) {
     //! [load package]
     const int loaded = package->LoadString(L"{\"ship\":\"Freya\",\"crew\":4}");  // 1
-    const int array = package->LoadString(L"[1,2]");  // 1 as well: look at the error, too
+    const int array = package->LoadString(L"[1,2]");  // 1 as well: check the error too
     const int failed = package->HasError();           // 1
     const wchar_t* message = nullptr;
     package->GetErrorMessage(&message);
@@ -47,7 +47,7 @@ TEST_F(Packaging, ValuesAsText) {
     //! [package values as text]
     package->SetValue(L"ship", L"Freya", false);                      // a string
     package->SetValue(L"crew", L"[ \"Anna\", { \"n\": 1 } ]", true);  // an array
-    const int scalar = package->SetValue(L"length", L"12.5", true);   // 0: no object, no array
+    const int scalar = package->SetValue(L"length", L"12.5", true);   // 0: not an object or array
 
     const wchar_t* text = nullptr;
     package->GetValue(L"ship", &text);  // Freya, without quotes
@@ -84,7 +84,7 @@ TEST_F(Packaging, Variants) {
     QXJSON::JsonVariant number = {}, read = {};
     number.tag = QXJSON::kVariantInt64;
     number.number = 4;
-    const int textOnly = package->SetValueVariant(L"crew", &number);  // -3: takes texts alone
+    const int textOnly = package->SetValueVariant(L"crew", &number);  // -3: takes only texts
     const int either = package->SetValueVariantEx(L"crew", &number);  // 1
     package->GetValueVariantEx(L"crew", &read);                       // tag 20, number 4
     //! [package variants]
@@ -119,7 +119,7 @@ TEST_F(Packaging, Output) {
     const void* data = nullptr;
     size_t length = 0;
     package->GetBytes(&data, &length, 2);                // UTF-8, without mark or terminator
-    const int saved = package->SaveToFile(fileName, 2);  // UTF-8, behind its mark
+    const int saved = package->SaveToFile(fileName, 2);  // UTF-8, after its mark
     //! [package output]
     EXPECT_STREQ(L"{\"name\":\"\x00C5se\"}", text);
     const std::string bytes(static_cast<const char*>(data), length);
@@ -131,12 +131,12 @@ TEST_F(Packaging, Output) {
 // ---- The delegate ------------------------------------------------------------------------------
 
 //! [delegate]
-/// An object of the host's, which the library knows nothing about.
+/// An object of the host, about which the library knows nothing.
 struct Ship {
     std::wstring name;
 };
 
-/// Takes ships into packages and out of them; all other exports are not for ships.
+/// Puts ships into packages and takes them out; it uses one export of the six.
 class ShipDelegate final : public QXJSON::IJsonPackageDelegate {
 public:
     explicit ShipDelegate(QXJSON::IJsonParser& reader) : parser(reader) {}

@@ -99,7 +99,7 @@ TEST_F(Parsing, ByPath) {
     const int otherCase = parser->GetItemStringByPath(L"/crew/2/NAME", &name);  // -10
 
     uint32_t captain = 0;
-    parser->GetItemByPath(L"/crew/1", &captain);  // from here on by handle
+    parser->GetItemByPath(L"/crew/1", &captain);  // continue from here by handle
     //! [navigate by path]
     EXPECT_EQ(1, found);
     EXPECT_EQ(-10, otherCase);
@@ -195,7 +195,7 @@ TEST_F(Parsing, JsonText) {
     parser->GetArrayJsonByPath(L"/crew", &text);
     const std::wstring crew = text;  // ["Anna",NaN], and a copy: the text lives until the next one
 
-    const int unknown = parser->GetObjectJson(4711, &text);  // -5, where others answer -2
+    const int unknown = parser->GetObjectJson(4711, &text);  // -5, where others return -2
     //! [json text]
     EXPECT_EQ(L"[\"Anna\",NaN]", crew);
     EXPECT_EQ(-5, unknown);

@@ -14,7 +14,7 @@ TEST_F(Parsing, ItemPaths) {
     parser->LoadJsonString(json);
     parser->GetItemIntByPath(L"/list/1", &n);    // 10: the first element
     parser->GetItemIntByPath(L"/list/3/1", &n);  // 30: an element of an element
-    parser->GetItemIntByPath(L"/1", &n);         // 40: the root is no array, so "1" is a key
+    parser->GetItemIntByPath(L"/1", &n);         // 40: the root is not an array, so "1" is a key
     parser->GetItemIntByPath(L"/a1", &n);        // 50: a digit inside a key
     parser->GetItemIntByPath(L"/x~/y", &n);      // 60: the key x/y
     parser->GetItemIntByPath(L"/a~0b", &n);      // 70: the key a~b
@@ -37,11 +37,11 @@ TEST_F(Parsing, PathsThatFail) {
     //! [paths that fail]
     parser->LoadJsonString(L"{\"list\":[10,20],\"a~b\":1}");
     const int results[] = {
-        parser->GetItemIntByPath(L"", &n),            // -10: no "/" in front
+        parser->GetItemIntByPath(L"", &n),            // -10: no leading "/"
         parser->GetItemIntByPath(L"/LIST/1", &n),     // -5: no "LIST", and a digit below it
         parser->GetItemIntByPath(L"/list/0", &n),     // -10: positions count from 1
-        parser->GetItemIntByPath(L"/list/3", &n),     // -10: behind the end
-        parser->GetItemIntByPath(L"/list/one", &n),   // -10: no position
+        parser->GetItemIntByPath(L"/list/3", &n),     // -10: past the end
+        parser->GetItemIntByPath(L"/list/one", &n),   // -10: not a position
         parser->GetItemIntByPath(L"/missing", &n),    // -10: nothing there
         parser->GetItemIntByPath(L"/missing/x", &n),  // -10: nothing there; no digit below it
         parser->GetItemIntByPath(L"/missing/1", &n),  // -5: a digit below a missing parent
