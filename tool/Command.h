@@ -6,14 +6,15 @@
 
 namespace tool {
 
-/// A command of the program: its part of the command line, and what it does. Returns the exit code.
+/// A command of the program: its part of the command line, and what it does, which returns the exit
+/// code.
 struct Command {
     CLI::App* line;
     std::function<int()> run;
 };
 
 constexpr int kGood = 0;
-constexpr int kBad = 1;     ///< the data is bad, or not there
+constexpr int kBad = 1;     ///< the data is bad, or does not exist
 constexpr int kMisuse = 2;  ///< the call is wrong, or the library is missing
 
 // Each adds itself to the program.

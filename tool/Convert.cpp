@@ -39,7 +39,7 @@ int Run(const Options& options) {
 Command Convert(CLI::App& program) {
     const auto options = std::make_shared<Options>();
     CLI::App* const line =
-        program.add_subcommand("convert", "Writes a document, compact, in another encoding");
+        program.add_subcommand("convert", "Writes a document in another encoding, compact");
     AddInput(*line, options->file);
     AddOutput(*line, options->out)
         ->required()

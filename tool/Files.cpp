@@ -68,7 +68,7 @@ void Collect(const std::wstring& folder, const std::wstring& pattern, FoundFiles
 }  // namespace
 
 std::wstring Openable(const std::wstring& name) {
-    // The least of the limits, that of folders.
+    // The smallest of the limits: that of folders.
     constexpr size_t kLongest = MAX_PATH - 12;
     const std::wstring full = FullName(name);
     if (full.size() < kLongest || full.compare(0, 4, L"\\\\?\\") == 0) return name;
@@ -121,8 +121,8 @@ bool TemporaryFile::Fill(const std::string& bytes) const {
 
 void TemporaryFile::Replace(const std::wstring& other) const {
     const std::wstring target = Openable(FullName(other));
-    // A file that is there leaves its rights and attributes to the new one. It is kept until all
-    // is done, for Windows can fail between taking the one away and putting the other in its place.
+    // An existing file passes its rights and attributes on to the new one. It is kept until all is
+    // done, because Windows can fail between removing the one and putting the other in its place.
     const std::wstring old = name + L".old";
     if (!ReplaceFileW(target.c_str(), name.c_str(), old.c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS,
                       nullptr, nullptr) &&

@@ -7,13 +7,13 @@
 
 namespace tool {
 
-/// A name by which a file can be opened although it, with its folders, is longer than Windows
-/// allows without further ado.
+/// A name with which a file can be opened even where its full name is longer than Windows allows by
+/// default.
 std::wstring Openable(const std::wstring& name);
 
-/// What is left to be read of a file; none when that fails.
+/// The rest of a file, from the current position; nothing when it cannot be read.
 std::optional<std::string> ReadAll(std::FILE* file);
-/// What a file holds; none when it cannot be read.
+/// The bytes of a file; nothing when it cannot be read.
 std::optional<std::string> ReadBytes(const std::wstring& name);
 
 bool IsFolder(const std::wstring& name);
@@ -28,7 +28,8 @@ struct FoundFiles {
 /// names, those of a folder before those of the folders in it.
 FoundFiles FilesBelow(const std::wstring& folder, const std::wstring& pattern);
 
-/// The name of a file that is made with Fill, or by others, and is removed at the end of its life.
+/// The name of a temporary file, which Fill or other code creates. The file is removed at the end
+/// of this object's life.
 class TemporaryFile {
 public:
     /// In the folder for temporary files.
@@ -40,9 +41,9 @@ public:
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
     const std::wstring& Name() const { return name; }
-    /// Makes the file of these bytes. Returns whether all could be written.
+    /// Creates the file with these bytes. Returns whether all could be written.
     bool Fill(const std::string& bytes) const;
-    /// Puts the file in the place of another one, or throws Failure.
+    /// Replaces another file with this one, or throws Failure.
     void Replace(const std::wstring& other) const;
 
 private:

@@ -29,7 +29,8 @@ int Run(const Options& options) {
     const std::wstring root = JsonOf(parser.Root().Get());
     const std::wstring_view json = ValueAt(root, ItemPath(path)).value();
     if (!HasWholePairs(json))
-        throw Failure{path + L" holds a surrogate without its other half, which UTF-8 cannot tell"};
+        throw Failure{path +
+                      L" holds a surrogate without its other half, which UTF-8 cannot represent"};
     if (options.json || item->Kind() != ValueKind::kString) {
         Print(std::wstring(json) + L"\n");
         return kGood;
@@ -49,7 +50,7 @@ Command Get(CLI::App& program) {
         "get", "Prints a value: the characters of a string, the JSON of anything else");
     AddInput(*line, options->file);
     line->add_option("PATH", options->path, "The item path of the value")->required();
-    line->add_flag("--json", options->json, "Print a string as JSON, too");
+    line->add_flag("--json", options->json, "Print strings as JSON too");
     line->footer(std::string(kItemPaths) +
                  "\nThe exit code is 1 when there is nothing at the path.");
     return {line, [options] { return Run(*options); }};

@@ -22,15 +22,15 @@ std::string ReadStandardInput() {
 
 /// What an offset means, or why it is 0.
 std::wstring Remark(const LoadFailure& failure, const std::string& bytes) {
-    // Other failures without an offset have sentences of their own that say all.
+    // The messages of the other failures without an offset say everything.
     if (failure.offset == 0 && failure.message == L"Invalid value.")
-        return L" (the root has to be an object or an array)";
+        return L" (the root must be an object or an array)";
     if (const auto position = PositionBefore(failure.offset, bytes))
         return L" (line " + std::to_wstring(position->line) + L", column " +
                std::to_wstring(position->column) + L")";
     if (!IsUtf8(bytes))
         return L" (not UTF-8: the offset counts characters of the ANSI code page if the failure "
-               L"lies behind the first byte that is no UTF-8)";
+               L"comes after the first byte that is not UTF-8)";
     return L"";
 }
 
@@ -70,12 +70,12 @@ Parser Input::Parse() const {
 
 Generator Input::Generate() const {
     Generator generator = NewGenerator();
-    std::optional<TemporaryFile> file;  // for generators load no bytes
+    std::optional<TemporaryFile> file;  // because generators load no bytes
     if (standardInput && !file.emplace().Fill(*standardInput))
         throw Failure{file->Name() + L": a temporary file cannot be written"};
     const auto loaded = generator.LoadFile(file ? file->Name() : Openable(name));
     if (loaded) return generator;
-    // A generator does not say what is wrong, a parser does.
+    // A generator does not report what is wrong, a parser does.
     Parse();
     throw Failure{Label() + L": " + FromUtf8(Describe(loaded.Code()))};
 }

@@ -14,7 +14,7 @@ public:
     /// A file by its name.
     explicit Input(const std::wstring& fileName) : name(fileName) {}
 
-    /// What messages call it.
+    /// Its name in messages.
     std::wstring Label() const;
     /// Loads it. Returns what is wrong, in one line, or nothing.
     std::optional<std::wstring> LoadInto(const QXJSON::hosting::Parser& parser) const;

@@ -44,7 +44,7 @@ std::wstring Counted(size_t count, const wchar_t* one, const wchar_t* many) {
     return std::to_wstring(count) + L" " + (count == 1 ? one : many);
 }
 
-/// Whether a character moves the cursor, or turns the direction of what stands around it.
+/// Whether a character moves the cursor, or changes the direction of the text around it.
 bool MovesText(wchar_t c) {
     return c < L' ' || (c >= 0x7F && c <= 0x9F) || (c >= 0x2028 && c <= 0x202E) ||
            (c >= 0x2066 && c <= 0x2069);
@@ -70,7 +70,7 @@ public:
     }
 
 private:
-    /// What there is to say of a value besides its kind.
+    /// What the outline shows of a value besides its kind.
     std::wstring Detail(ValueKind kind, std::wstring_view json, size_t count) const {
         switch (kind) {
             case ValueKind::kObject:
@@ -84,7 +84,7 @@ private:
         }
     }
 
-    /// A text that is cut when it is long, and stays where it is put.
+    /// A text on one line, cut if it is too long.
     std::wstring OnOneLine(std::wstring_view whole) const {
         std::wstring text(whole);
         if (text.size() > options.width) {
@@ -115,12 +115,12 @@ Command Inspect(CLI::App& program) {
     const auto options = std::make_shared<Options>();
     CLI::App* const line = program.add_subcommand("inspect", "Shows a document as an outline");
     AddInput(*line, options->file);
-    line->add_option("PATH", options->path, "The item path of the value to begin with")
+    line->add_option("PATH", options->path, "The item path of the value to start with")
         ->capture_default_str();
-    line->add_option("--depth", options->depth, "How many levels to show below it")
+    line->add_option("--depth", options->depth, "How many levels to show below that value")
         ->check(CLI::Range(0u, 1000u))
         ->capture_default_str();
-    line->add_option("--width", options->width, "Where to cut names and values, in characters")
+    line->add_option("--width", options->width, "How many characters of names and values to show")
         ->check(CLI::Range(1u, 1000000u))
         ->capture_default_str();
     line->footer(kItemPaths);

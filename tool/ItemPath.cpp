@@ -35,7 +35,7 @@ std::wstring KeyOf(const std::wstring& segment) {
         }
         const wchar_t escaped = ++at < segment.size() ? segment[at] : L'\0';
         if (escaped != L'0' && escaped != L'1' && escaped != L'/')
-            throw Failure{segment + L": a tilde inside of a key is written ~0, a slash ~/"};
+            throw Failure{segment + L": inside a key, a tilde is written ~0 and a slash ~/"};
         key += escaped == L'0' ? L'~' : L'/';
     }
     return key;

@@ -6,22 +6,22 @@
 
 namespace tool {
 
-/// An item path, taken apart.
+/// An item path, split into its segments.
 struct ItemPath {
-    /// Throws Failure for what does not begin with a slash.
+    /// Throws Failure for a path that does not begin with a slash.
     explicit ItemPath(const std::wstring& path);
 
-    std::vector<std::wstring> segments;  ///< as they stand in the path; none for the root
+    std::vector<std::wstring> segments;  ///< as written in the path; none for the root
 
-    /// The path again.
+    /// The path as a text.
     std::wstring Text() const;
 };
 
-/// The key that a segment stands for in an object. Throws Failure for a tilde that is none of an
-/// escape, for no key is written so.
+/// The key that a segment stands for in an object. Throws Failure for a tilde that is not part of
+/// an escape.
 std::wstring KeyOf(const std::wstring& segment);
 
-/// The position that a segment stands for in an array, from 1; 0 for none.
+/// The position that a segment stands for in an array, from 1; 0 where it stands for none.
 uint32_t PositionOf(const std::wstring& segment);
 
 }  // namespace tool

@@ -10,14 +10,14 @@ using namespace QXJSON::hosting;
 
 namespace {
 
-/// Behind the string that begins somewhere in a text.
+/// The position after the string that begins at `at`.
 size_t StringEnd(std::wstring_view json, size_t at) {
     for (++at; json[at] != L'"'; ++at)
         if (json[at] == L'\\') ++at;
     return at + 1;
 }
 
-/// Behind the value that begins somewhere in a text.
+/// The position after the value that begins at `at`.
 size_t ValueEnd(std::wstring_view json, size_t at) {
     size_t depth = 0;
     while (at < json.size()) {

@@ -10,8 +10,8 @@
 
 namespace tool {
 
-// The library hands strings and keys out without their lengths, so that a U+0000 ends them for
-// their reader. In its JSON text they are whole, and documents are taken apart and put together in
+// The library returns strings and keys without their lengths, so a U+0000 ends them for their
+// reader. In its JSON text they are whole. Documents are therefore taken apart and put together in
 // that form: compact, as the library writes it.
 
 /// The JSON of an object or array; Failure where it is nested too deeply.
@@ -23,19 +23,19 @@ std::wstring Quoted(std::wstring_view text);
 /// The kind of the value that a JSON text is.
 QXJSON::hosting::ValueKind KindOf(std::wstring_view json);
 
-/// A member or element inside of the JSON of its container.
+/// A member or element inside the JSON of its container.
 struct Part {
     std::wstring_view key;  ///< in its quotation marks; empty for an element
     std::wstring_view value;
 };
 
-/// What a container holds; nothing for any other value.
+/// The parts of a container; none for any other value.
 std::vector<Part> PartsOf(std::wstring_view json);
 
 /// Finds the member, the first of its key, or the element that a segment of a path names.
 std::optional<Part> Find(std::wstring_view container, const std::wstring& segment);
 
-/// The JSON of the value at a path, inside of the JSON of the root.
+/// The JSON of the value at a path, inside the JSON of the root.
 std::optional<std::wstring_view> ValueAt(std::wstring_view json, const ItemPath& path);
 
 }  // namespace tool

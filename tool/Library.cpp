@@ -21,7 +21,7 @@ std::wstring FileNameOf(HMODULE module) {
     }
 }
 
-/// The library of this program, and no other that happens to be in the way.
+/// The library beside this program, and no other that the system would find first.
 std::wstring LibraryName() {
     const std::wstring program = FileNameOf(nullptr);
     return program.substr(0, program.find_last_of(L"\\/") + 1) + L"Json_Dll.dll";

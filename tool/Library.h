@@ -6,8 +6,8 @@
 
 namespace tool {
 
-// The library, which is loaded from the program's own folder on the first call: Misuse is thrown
-// where it is not there. Where there is no memory for an object, hosting::Error is.
+// The library is loaded from the program's own folder on the first call. Misuse is thrown where it
+// is not there, hosting::Error where there is no memory for an object.
 
 QXJSON::hosting::Parser NewParser();
 QXJSON::hosting::Generator NewGenerator();

@@ -1,4 +1,4 @@
-// jsontool merge: one object of several.
+// jsontool merge: several objects combined into one.
 
 #include <memory>
 #include <unordered_map>
@@ -23,8 +23,8 @@ struct Options {
     bool ignoreCase = false;
 };
 
-/// A key as the one that it is the same as: ASCII letters in small. The letters of escapes in JSON
-/// are not in the way, for none of them exists in both cases with two meanings.
+/// A key with its ASCII letters in lower case, by which it is compared. Folding the letters of JSON
+/// escapes does no harm: no escape has another meaning in the other case.
 std::wstring Folded(std::wstring_view key) {
     std::wstring folded(key);
     for (wchar_t& c : folded)
@@ -32,17 +32,17 @@ std::wstring Folded(std::wstring_view key) {
     return folded;
 }
 
-/// The members of some objects, in JSON. Those that come again keep their place.
+/// The members of several objects, as JSON. A member that is replaced keeps its place.
 class Members {
 public:
     explicit Members(bool casesAreIgnored) : ignoreCase(casesAreIgnored) {}
 
-    /// Adds the members of an object, in the place of earlier ones of the same key.
+    /// Adds the members of an object; they replace earlier ones of the same key.
     void Add(const Input& input) {
         const Parser parser = input.Parse();
         const Item root = parser.Root().Get();
         if (root.Kind() != ValueKind::kObject)
-            throw Failure{input.Label() + L": the root has to be an object"};
+            throw Failure{input.Label() + L": the root must be an object"};
         const std::wstring json = JsonOf(root);
         for (const Part& part : PartsOf(json)) {
             const std::wstring key = ignoreCase ? Folded(part.key) : std::wstring(part.key);
@@ -78,16 +78,15 @@ int Run(const Options& options) {
 Command Merge(CLI::App& program) {
     const auto options = std::make_shared<Options>();
     CLI::App* const line = program.add_subcommand(
-        "merge",
-        "Makes one object of several: members of later files replace those of earlier ones");
+        "merge", "Combines objects into one: members of later files replace those of earlier ones");
     line->add_option("FILE", options->files, "Two or more JSON files whose roots are objects")
         ->required()
         ->expected(2, -1);
     AddOutput(*line, options->out);
     line->add_flag("--ignore-case", options->ignoreCase,
-                   "Take keys that differ in the case of ASCII letters for the same");
+                   "Treat keys that differ only in the case of ASCII letters as the same");
     line->footer(
-        "Only the members of the roots are merged: an object inside of an object is replaced as a "
+        "Only the members of the roots are merged: an object inside an object is replaced as a "
         "whole.\nA member that is replaced keeps its place and the spelling of its key.");
     return {line, [options] { return Run(*options); }};
 }

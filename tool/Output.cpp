@@ -22,8 +22,8 @@ void PrintBytes(std::string_view bytes) { std::fwrite(bytes.data(), 1, bytes.siz
                   kLoneSurrogate + notFinite};
 }
 
-/// The library tells of a file that it cannot open, and of nothing that happens to it later. So it
-/// reads what it has written.
+/// The library reports a file that it cannot open, but nothing that happens to it later. So the
+/// file is read back.
 void Save(const Generator& document, const std::wstring& file, const std::wstring& label,
           const Layout& layout) {
     const Result<void> saved = layout.indented ? document.SaveIndented(file, layout.encoding)
@@ -34,11 +34,11 @@ void Save(const Generator& document, const std::wstring& file, const std::wstrin
     if (!NewParser().LoadFile(file)) FailWriting(label, layout);
 }
 
-/// The document for the standard output, without a mark.
+/// The document as bytes for the standard output, without a mark.
 std::string BytesOf(const Generator& document, const Layout& layout) {
     const std::wstring label = L"(standard output)";
     if (layout.indented) {
-        // There is no such text in memory.
+        // The library writes indented text to files only.
         const TemporaryFile file;
         Save(document, file.Name(), label, layout);
         const auto bytes = ReadBytes(file.Name());

@@ -9,7 +9,7 @@ namespace tool {
 
 /// Writes a text to the standard output, in UTF-8.
 void Print(std::wstring_view text);
-/// Has all of it written, or throws Failure.
+/// Flushes the standard output, or throws Failure.
 void Flush();
 
 /// How a document is written.
@@ -19,12 +19,12 @@ struct Layout {
 };
 
 /// Writes a document to an OUT of the command line: a file, with the byte-order mark of its
-/// encoding, or the standard output, which is named "-", without one. A file is replaced when all
-/// has been written, and stays as it was otherwise. Throws Failure.
+/// encoding, or the standard output, which is named "-", without one. A file is replaced only after
+/// everything has been written, and otherwise stays as it was. Throws Failure.
 void Write(const QXJSON::hosting::Generator& document, const std::string& out,
            const Layout& layout);
 /// Writes the compact JSON of a document in the same way, in UTF-8: as it is, so that no number is
-/// read and written once more.
+/// read and written again.
 void Write(std::wstring_view json, const std::string& out);
 
 }  // namespace tool

@@ -5,7 +5,7 @@
 namespace tool {
 namespace {
 
-/// An encoding, as far as it matters to where characters begin and lines end.
+/// What matters of an encoding for finding characters and the ends of lines.
 struct Form {
     unsigned width;  ///< bytes of a unit
     bool bigEndian;

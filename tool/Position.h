@@ -13,9 +13,9 @@ struct Position {
 };
 
 /// The place of the last character before an offset in bytes, in text of any encoding that the
-/// library reads: it stops behind the character that it cannot go on with. None where the offset
-/// may be no number of bytes, for the library reads text that is not UTF-8 in the ANSI code page,
-/// and counts its characters then.
+/// library reads: the library stops after the character that does not fit. Nothing where the offset
+/// may count something other than bytes: text that is not UTF-8 is read in the ANSI code page,
+/// where the library counts its characters.
 std::optional<Position> PositionBefore(uint64_t offset, std::string_view bytes);
 
 }  // namespace tool

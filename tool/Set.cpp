@@ -28,7 +28,7 @@ std::wstring ValueOf(const Options& options) {
     if (options.isString) return Quoted(text);
     const Parser parser = NewParser();
     if (!parser.Load(L"[" + text + L"]")) {
-        std::wstring message = text + L": no JSON; --string takes it for a text: ";
+        std::wstring message = text + L": not JSON; --string treats it as a text: ";
         throw Failure{message.append(parser.Failure().message)};
     }
     const std::wstring array = JsonOf(parser.Root().Get());
@@ -41,7 +41,7 @@ bool IsContainer(std::wstring_view json) {
     return KindOf(json) == ValueKind::kObject || KindOf(json) == ValueKind::kArray;
 }
 
-/// What stands in front of a value that a container does not have yet.
+/// What comes before a value that is new in its container.
 std::wstring Introduction(std::wstring_view container, const std::wstring& segment) {
     const size_t count = PartsOf(container).size();
     const std::wstring separator = count > 0 ? L"," : L"";
@@ -54,7 +54,7 @@ std::wstring Introduction(std::wstring_view container, const std::wstring& segme
 /// The JSON of a document with another value in one place.
 std::wstring WithValueAt(std::wstring_view json, ItemPath path, const std::wstring& value) {
     if (path.segments.empty()) {
-        if (!IsContainer(value)) throw Failure{L"the root has to be an object or an array"};
+        if (!IsContainer(value)) throw Failure{L"the root must be an object or an array"};
         return value;
     }
     const std::wstring last = path.segments.back();
@@ -87,13 +87,13 @@ Command Set(CLI::App& program) {
     AddInput(*line, options->file);
     line->add_option("PATH", options->path,
                      "The item path of a member or element; the member may be new, and the "
-                     "position behind the last element appends one")
+                     "position after the last element appends one")
         ->required();
     line->add_option("VALUE", options->value, "The value as JSON")->required();
     AddOutput(*line, options->out);
-    line->add_flag("--string", options->isString, "Take VALUE for the characters of a string");
+    line->add_flag("--string", options->isString, "Treat VALUE as the characters of a string");
     line->footer(std::string(kItemPaths) +
-                 "\nWrite -- before a VALUE that begins with - and a letter.");
+                 "\nPut -- before a VALUE that begins with - and a letter.");
     return {line, [options] { return Run(*options); }};
 }
 

@@ -7,7 +7,7 @@
 namespace tool {
 namespace {
 
-/// How many units a conversion makes of so many bytes; 0 where it cannot be done.
+/// How many units the bytes convert to; 0 where they cannot be converted.
 int WideLength(std::string_view bytes, DWORD flags) {
     if (bytes.empty() || bytes.size() > INT_MAX) return 0;
     return MultiByteToWideChar(CP_UTF8, flags, bytes.data(), static_cast<int>(bytes.size()),
@@ -18,7 +18,7 @@ int WideLength(std::string_view bytes, DWORD flags) {
 
 std::string ToUtf8(std::wstring_view text) {
     std::string bytes;
-    // In pieces, for there may be more than an int can count; no pair of surrogates is split.
+    // In pieces, because there may be more than an int can count; no pair of surrogates is split.
     while (!text.empty()) {
         constexpr size_t kPiece = 1 << 20;
         size_t length = text.size() < kPiece ? text.size() : kPiece;

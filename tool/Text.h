@@ -5,17 +5,17 @@
 
 namespace tool {
 
-// The program speaks UTF-8 with the console and with other programs, and UTF-16 with the library
-// and with Windows.
+// The program uses UTF-8 for the console and other programs, and UTF-16 for the library and
+// Windows.
 
-/// What cannot be told in UTF-8, halves of surrogate pairs, becomes U+FFFD.
+/// What UTF-8 cannot represent, halves of surrogate pairs, becomes U+FFFD.
 std::string ToUtf8(std::wstring_view text);
 std::wstring FromUtf8(std::string_view text);
 
 /// Whether bytes are UTF-8 from end to end.
 bool IsUtf8(std::string_view bytes);
 
-/// Whether UTF-8 can tell all of a text: no half of a surrogate pair is without the other.
+/// Whether UTF-8 can represent all of a text: no half of a surrogate pair is without the other.
 bool HasWholePairs(std::wstring_view text);
 
 }  // namespace tool

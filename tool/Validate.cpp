@@ -21,7 +21,7 @@ struct Options {
     std::string pattern = "*.json";
 };
 
-/// A line on the console that tells how far things are; nothing where there is no console.
+/// A line on the console that shows the progress; nothing where there is no console.
 class Progress {
 public:
     Progress() {
@@ -39,7 +39,7 @@ public:
         visible = true;
         std::fprintf(stderr, "\r%zu files, %zu bad", files, bad);
     }
-    /// Makes room for something else.
+    /// Removes the line, so that something else can be printed.
     void Clear() {
         if (visible) std::fprintf(stderr, "\r%40s\r", "");
         visible = false;
@@ -111,13 +111,14 @@ Command Validate(CLI::App& program) {
     const auto options = std::make_shared<Options>();
     CLI::App* const line = program.add_subcommand(
         "validate",
-        "Tells which files are not JSON, and where; the exit code is 1 if there are any");
+        "Reports which files are not JSON, and where; the exit code is 1 if there are any");
     line->add_option(
             "FILE_OR_FOLDER", options->names,
             "JSON files; folders, which are searched with all folders below them; - for the "
             "standard input")
         ->required();
-    line->add_option("--pattern", options->pattern, "Which files of folders: a name with * and ?")
+    line->add_option("--pattern", options->pattern,
+                     "Which files in folders to check: a name with * and ?")
         ->capture_default_str();
     line->footer(
         "A line for each failure: FILE:OFFSET: MESSAGE (line LINE, column COLUMN)\n"

@@ -1,4 +1,4 @@
-// jsontool: looks into JSON documents, checks and changes them, from the command line.
+// jsontool: inspects, checks and changes JSON documents from the command line.
 
 #include <fcntl.h>
 #include <io.h>
@@ -14,7 +14,7 @@
 #include "Output.h"
 #include "Text.h"
 
-// Arguments are taken as they are: the start-up code of MinGW is not to look for files that match.
+// Arguments are taken as they are: MinGW's start-up code must not expand wildcards.
 extern "C" {
 int _dowildcard = 0;
 }
@@ -23,7 +23,7 @@ namespace {
 
 using namespace tool;
 
-/// Lets a console show UTF-8 as long as the program runs.
+/// Makes a console show UTF-8 while the program runs.
 class ConsoleInUtf8 {
 public:
     ConsoleInUtf8() : before(GetConsoleOutputCP()) { SetConsoleOutputCP(CP_UTF8); }
@@ -43,7 +43,7 @@ std::string Version() {
     return "jsontool " JSONTOOL_VERSION ", Json_Dll " + ToUtf8(LibraryVersion());
 }
 
-/// In the order that the parser of the command line wants: the last one first.
+/// The arguments in the order that CLI11 expects: the last one first.
 std::vector<std::string> Arguments(int count, wchar_t** arguments) {
     std::vector<std::string> reversed;
     for (int i = count - 1; i > 0; --i) reversed.push_back(ToUtf8(arguments[i]));
@@ -51,7 +51,7 @@ std::vector<std::string> Arguments(int count, wchar_t** arguments) {
 }
 
 int RunProgram(std::vector<std::string> arguments) {
-    CLI::App program{"Looks into JSON documents, checks and changes them, by way of Json_Dll.dll."};
+    CLI::App program{"Inspects, checks and changes JSON documents with Json_Dll.dll."};
     program.name("jsontool");
     program.allow_windows_style_options(false);  // item paths begin with a slash
     program.set_version_flag("--version", Version);
@@ -60,13 +60,13 @@ int RunProgram(std::vector<std::string> arguments) {
                                 Convert(program), Set(program), Merge(program)};
     // After the commands, which would otherwise inherit it.
     program.footer(
-        "Exit codes: 0 success, 1 the data is bad or not there, 2 the call is wrong.\n"
+        "Exit codes: 0 success, 1 the data is bad or does not exist, 2 the call is wrong.\n"
         "jsontool COMMAND --help explains a command.");
     try {
         program.parse(arguments);
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) return program.exit(error);  // --help, --version
-        Complain(std::string(error.what()) + " (--help tells more)");
+        Complain(std::string(error.what()) + " (see --help)");
         return kMisuse;
     }
     int code = kMisuse;
