@@ -13,7 +13,7 @@ enum JSONFUN_ERROR : int {
     kPlainFailure = 0,
     /// The name of a member is null where one is required, or no member has that name.
     kNoMember = -1,
-    /// The item handle is unknown, or the value reference is null.
+    /// The item handle is unknown or leads nowhere, or the value reference is null.
     kNoValue = -2,
     /// The value is of the wrong kind for the operation, or a conversion failed.
     kWrongKind = -3,
