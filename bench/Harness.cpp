@@ -127,6 +127,7 @@ void Bench::Check(Table& table, const Job& job, Lap& lap) {
 }
 
 void Bench::Run(Table& table, Job job) {
+    if (job.size > options.largest) return;
     std::vector<Lap> laps;
     for (const auto& contender : job.contenders) laps.emplace_back(*contender);
     for (Lap& lap : laps) Check(table, job, lap);

@@ -75,7 +75,8 @@ struct Table {
 
 struct Options {
     std::string filter;
-    std::string report;  ///< the folder for the report; empty: none
+    std::string report;         ///< the folder for the report; empty: none
+    size_t largest = SIZE_MAX;  ///< rows of larger sizes are left out
     int rounds = 15;
     bool checkOnly = false;
 };
@@ -92,7 +93,8 @@ public:
     Table* Begin(Table table);
 
     /// Checks each contender and, unless only checks are wanted, times them in turns, round by
-    /// round, into a new row of the table. Throws std::runtime_error for a wrong result.
+    /// round, into a new row of the table. Throws std::runtime_error for a wrong result. Does
+    /// nothing for a size that is not wanted.
     ///
     /// No contender may hold the run up: one that is slow takes part in fewer rounds, and one that
     /// would need very long, judging by the smaller sizes, is left out.
