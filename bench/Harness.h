@@ -76,6 +76,7 @@ struct Table {
 struct Options {
     std::string filter;
     std::string report;         ///< the folder for the report; empty: none
+    std::string growth;         ///< the file for the data of the picture; empty: none
     size_t largest = SIZE_MAX;  ///< rows of larger sizes are left out
     int rounds = 15;
     bool checkOnly = false;

@@ -123,11 +123,30 @@ std::string Markdown(const Tables& tables, int rounds) {
     return text;
 }
 
+std::string Growth(const Tables& tables) {
+    std::string lines = "table,contender,size,ns\n";
+    for (const auto& table : tables) {
+        if (!table->grows) continue;
+        for (const std::string& contender : table->contenders)
+            for (const Row& row : table->rows) {
+                const auto cell = row.cells.find(contender);
+                if (cell == row.cells.end() || cell->second.rounds == 0) continue;
+                lines += table->key + ",\"" + contender + "\"," + std::to_string(row.size) + "," +
+                         std::to_string(cell->second.cost) + "\n";
+            }
+    }
+    return lines;
+}
+
 void WriteReport(const Bench& bench) {
-    const std::filesystem::path folder = bench.Wanted().report;
-    std::filesystem::create_directories(folder);
-    WriteFile(folder / "results.md", Markdown(bench.Tables(), bench.Wanted().rounds));
-    WriteFile(folder / "growth.svg", Picture(bench.Tables()));
+    const Options& wanted = bench.Wanted();
+    if (!wanted.report.empty()) {
+        const std::filesystem::path folder = std::filesystem::u8path(wanted.report);
+        std::filesystem::create_directories(folder);
+        WriteFile(folder / "results.md", Markdown(bench.Tables(), wanted.rounds));
+    }
+    if (!wanted.growth.empty())
+        WriteFile(std::filesystem::u8path(wanted.growth), Growth(bench.Tables()));
 }
 
 }  // namespace bench

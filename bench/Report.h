@@ -16,10 +16,10 @@ std::string PlainText(const Table& table);
 /// All tables as a page of Markdown.
 std::string Markdown(const Tables& tables, int rounds);
 
-/// Cost against size, for the tables that grow, as SVG.
-std::string Picture(const Tables& tables);
+/// Cost against size, for the tables that grow, as CSV: a line for each cell that was measured.
+std::string Growth(const Tables& tables);
 
-/// Writes results.md and growth.svg.
+/// Writes what the options ask for.
 void WriteReport(const Bench& bench);
 
 }  // namespace bench
