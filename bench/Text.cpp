@@ -10,9 +10,8 @@ std::string_view Converter::Utf8(std::wstring_view wide) {
     if (wide.empty()) return {};
     const size_t most = 3 * wide.size();
     if (bytes.size() < most) bytes.resize(most);
-    const int length =
-        WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), bytes.data(),
-                            static_cast<int>(most), nullptr, nullptr);
+    const int length = WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()),
+                                           bytes.data(), static_cast<int>(most), nullptr, nullptr);
     return {bytes.data(), static_cast<size_t>(length)};
 }
 

@@ -6,7 +6,9 @@
 
 #include "Harness.h"
 #include "peers/BoostJson.h"
-#include "peers/JsonDll.h"
+#include "peers/JsonDllBuild.h"
+#include "peers/JsonDllRead.h"
+#include "peers/JsonDllStore.h"
 #include "peers/Nlohmann.h"
 #include "peers/RapidJson.h"
 

@@ -16,6 +16,7 @@ template <bool onlyRead>
 class BoostJsonOver {
 public:
     static constexpr const char* kName = "Boost.JSON";
+    using Place = boost::json::value*;
 
     // ---- Loading
     void LoadText(const std::wstring& text) { Parse(convert.Utf8(text)); }
@@ -31,21 +32,29 @@ public:
     }
 
     // ---- Building
-    void BeginArray() { document.emplace(boost::json::array()); }
-    void BeginObject() { document.emplace(boost::json::object()); }
-    void AddRecord(const std::wstring& name, int32_t count, double price) {
-        boost::json::object record;
-        record.emplace(convert.Utf8(L"name"), values.Utf8(name));
-        record.emplace(convert.Utf8(L"count"), count);
-        record.emplace(convert.Utf8(L"price"), price);
-        document->get_array().push_back(std::move(record));
+    Place RootArray() { return &document.emplace(boost::json::array()); }
+    Place RootObject() { return &document.emplace(boost::json::object()); }
+    Place AddObject(Place parent) { return Append(parent, boost::json::object()); }
+    Place AddObject(Place parent, const std::wstring& key) {
+        return AddMember(parent, key, boost::json::object());
     }
-    void AddMember(const std::wstring& key, int32_t number) {
-        document->get_object().emplace(convert.Utf8(key), number);
+    Place AddArray(Place parent) { return Append(parent, boost::json::array()); }
+    Place AddArray(Place parent, const std::wstring& key) {
+        return AddMember(parent, key, boost::json::array());
+    }
+    void AddInt(Place parent, int32_t number) { Append(parent, number); }
+    void AddInt(Place parent, const std::wstring& key, int32_t number) {
+        AddMember(parent, key, number);
+    }
+    void AddDouble(Place parent, const std::wstring& key, double number) {
+        AddMember(parent, key, number);
+    }
+    void AddText(Place parent, const std::wstring& key, const std::wstring& text) {
+        AddMember(parent, key, values.Utf8(text));
     }
 
     // ---- A keyed store
-    void Clear() { BeginObject(); }
+    void Clear() { RootObject(); }
     void Set(const std::wstring& key, double number) {
         document->get_object()[convert.Utf8(key)] = number;
     }
@@ -73,6 +82,16 @@ public:
     }
 
 private:
+    template <class Item>
+    static Place Append(Place parent, Item&& item) {
+        return &parent->get_array().emplace_back(std::forward<Item>(item));
+    }
+    template <class Item>
+    Place AddMember(Place parent, const std::wstring& key, Item&& item) {
+        auto& object = parent->get_object();
+        return &object.emplace(convert.Utf8(key), std::forward<Item>(item)).first->value();
+    }
+
     void Parse(std::string_view utf8) {
         document.reset();
         boost::json::storage_ptr storage;

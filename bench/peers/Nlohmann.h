@@ -12,8 +12,11 @@ namespace bench {
 
 /// nlohmann-json as it comes: objects are std::map, so that members are sorted by name.
 class Nlohmann {
+    using Value = nlohmann::json;
+
 public:
     static constexpr const char* kName = "nlohmann";
+    using Place = Value*;
 
     // ---- Loading
     void LoadText(const std::wstring& text) { Parse(convert.Utf8(text)); }
@@ -29,21 +32,29 @@ public:
     }
 
     // ---- Building
-    void BeginArray() { document = Value::array(); }
-    void BeginObject() { document = Value::object(); }
-    void AddRecord(const std::wstring& name, int32_t count, double price) {
-        Value record = Value::object();
-        record.emplace(convert.Utf8(L"name"), Value(std::string(values.Utf8(name))));
-        record.emplace(convert.Utf8(L"count"), count);
-        record.emplace(convert.Utf8(L"price"), price);
-        document.push_back(std::move(record));
+    Place RootArray() { return &(document = Value::array()); }
+    Place RootObject() { return &(document = Value::object()); }
+    Place AddObject(Place parent) { return &parent->emplace_back(Value::object()); }
+    Place AddObject(Place parent, const std::wstring& key) {
+        return AddMember(parent, key, Value::object());
     }
-    void AddMember(const std::wstring& key, int32_t number) {
-        document.emplace(convert.Utf8(key), number);
+    Place AddArray(Place parent) { return &parent->emplace_back(Value::array()); }
+    Place AddArray(Place parent, const std::wstring& key) {
+        return AddMember(parent, key, Value::array());
+    }
+    void AddInt(Place parent, int32_t number) { parent->emplace_back(number); }
+    void AddInt(Place parent, const std::wstring& key, int32_t number) {
+        AddMember(parent, key, number);
+    }
+    void AddDouble(Place parent, const std::wstring& key, double number) {
+        AddMember(parent, key, number);
+    }
+    void AddText(Place parent, const std::wstring& key, const std::wstring& text) {
+        AddMember(parent, key, Value(std::string(values.Utf8(text))));
     }
 
     // ---- A keyed store
-    void Clear() { BeginObject(); }
+    void Clear() { RootObject(); }
     void Set(const std::wstring& key, double number) { document[convert.Utf8(key)] = number; }
     double Get(const std::wstring& key) { return document.find(convert.Utf8(key))->get<double>(); }
     bool Contains(const std::wstring& key) { return document.contains(convert.Utf8(key)); }
@@ -60,7 +71,10 @@ public:
     }
 
 private:
-    using Value = nlohmann::json;
+    template <class Item>
+    Place AddMember(Place parent, const std::wstring& key, Item&& item) {
+        return &*parent->emplace(convert.Utf8(key), std::forward<Item>(item)).first;
+    }
 
     void Parse(std::string_view utf8) { document = Value::parse(utf8.begin(), utf8.end()); }
 

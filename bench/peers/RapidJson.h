@@ -20,8 +20,13 @@ namespace bench {
 /// Bare RapidJSON over UTF-16: the floor, for it is what the library itself is made of. It does
 /// what the library must at least do, without interfaces, checks and guards.
 class RapidJson {
+    using Encoding = rapidjson::UTF16<wchar_t>;
+    using Document = rapidjson::GenericDocument<Encoding>;
+    using Value = rapidjson::GenericValue<Encoding>;
+
 public:
     static constexpr const char* kName = "RapidJSON";
+    using Place = Value*;
 
     // ---- Loading
     void LoadText(const std::wstring& text) {
@@ -51,28 +56,35 @@ public:
     }
 
     // ---- Building
-    void BeginArray() { Fresh().SetArray(); }
-    void BeginObject() { Fresh().SetObject(); }
-    void AddRecord(const std::wstring& name, int32_t count, double price) {
-        auto& heap = document->GetAllocator();
-        Value record(rapidjson::kObjectType);
-        record.AddMember(Copy(L"name"), Copy(name), heap);
-        record.AddMember(Copy(L"count"), Value(count), heap);
-        record.AddMember(Copy(L"price"), Value(price), heap);
-        document->PushBack(record, heap);
+    Place RootArray() { return &Fresh().SetArray(); }
+    Place RootObject() { return &Fresh().SetObject(); }
+    Place AddObject(Place parent) { return Append(parent, Value(rapidjson::kObjectType)); }
+    Place AddObject(Place parent, const std::wstring& key) {
+        return AddMember(parent, key, Value(rapidjson::kObjectType));
     }
-    void AddMember(const std::wstring& key, int32_t number) {
-        document->AddMember(Copy(key), Value(number), document->GetAllocator());
+    Place AddArray(Place parent) { return Append(parent, Value(rapidjson::kArrayType)); }
+    Place AddArray(Place parent, const std::wstring& key) {
+        return AddMember(parent, key, Value(rapidjson::kArrayType));
+    }
+    void AddInt(Place parent, int32_t number) { Append(parent, Value(number)); }
+    void AddInt(Place parent, const std::wstring& key, int32_t number) {
+        AddMember(parent, key, Value(number));
+    }
+    void AddDouble(Place parent, const std::wstring& key, double number) {
+        AddMember(parent, key, Value(number));
+    }
+    void AddText(Place parent, const std::wstring& key, const std::wstring& text) {
+        AddMember(parent, key, Copy(text));
     }
 
     // ---- A keyed store
-    void Clear() { BeginObject(); }
+    void Clear() { RootObject(); }
     void Set(const std::wstring& key, double number) {
         const auto found = document->FindMember(Name(key));
         if (found != document->MemberEnd())
             found->value.SetDouble(number);
         else
-            document->AddMember(Copy(key), Value(number), document->GetAllocator());
+            AddMember(&*document, key, Value(number));
     }
     double Get(const std::wstring& key) const {
         return document->FindMember(Name(key))->value.GetDouble();
@@ -101,10 +113,6 @@ public:
     }
 
 private:
-    using Encoding = rapidjson::UTF16<wchar_t>;
-    using Document = rapidjson::GenericDocument<Encoding>;
-    using Value = rapidjson::GenericValue<Encoding>;
-
     Document& Fresh() { return document.emplace(); }
 
     void ExpectLoaded() const {
@@ -125,6 +133,15 @@ private:
     Value Copy(const std::wstring& text) {
         return Value(text.c_str(), static_cast<rapidjson::SizeType>(text.size()),
                      document->GetAllocator());
+    }
+
+    Place Append(Place parent, Value item) {
+        parent->PushBack(item, document->GetAllocator());
+        return parent->End() - 1;
+    }
+    Place AddMember(Place parent, const std::wstring& key, Value item) {
+        parent->AddMember(Copy(key), item, document->GetAllocator());
+        return &(parent->MemberEnd() - 1)->value;
     }
 
     static std::wstring_view View(const Value& text) {
