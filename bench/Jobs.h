@@ -12,6 +12,7 @@ void RunFindJobs(Bench& bench);
 void RunBuildJobs(Bench& bench);
 void RunOutputJobs(Bench& bench);
 void RunPackageJobs(Bench& bench);
+void RunChurnJobs(Bench& bench);
 void RunMemoryJobs(Bench& bench);
 
 }  // namespace bench

@@ -41,7 +41,7 @@ void Run(bench::Bench& bench) {
     size_t shown = 0;
     for (auto* run :
          {bench::RunLoadJobs, bench::RunReadJobs, bench::RunFindJobs, bench::RunBuildJobs,
-          bench::RunOutputJobs, bench::RunPackageJobs, bench::RunMemoryJobs}) {
+          bench::RunOutputJobs, bench::RunPackageJobs, bench::RunChurnJobs, bench::RunMemoryJobs}) {
         run(bench);
         if (wanted.checkOnly) continue;
         for (; shown < bench.Tables().size(); ++shown)
