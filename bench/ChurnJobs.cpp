@@ -1,5 +1,5 @@
-// A keyed store whose keys come and go while their number stays the same. The size is how often that
-// happens: what it costs must not depend on what happened before.
+// A keyed store whose keys come and go while their number stays the same. The size is how often
+// that happens: what it costs must not depend on what happened before.
 
 #include "Documents.h"
 #include "Jobs.h"
@@ -85,8 +85,8 @@ void RunChurn(Bench& bench, const char* key, const char* title, Churn churn, siz
 }  // namespace
 
 void RunChurnJobs(Bench& bench) {
-    RunChurn(bench, "package/one-key", "one key set and removed, beside 20 others, ns", Churn::kOneKey,
-             20);
+    RunChurn(bench, "package/one-key", "one key set and removed, beside 20 others, ns",
+             Churn::kOneKey, 20);
     RunChurn(bench, "package/new-keys", "a new key set and removed, beside 20 others, ns",
              Churn::kNewKeys, 20);
     RunChurn(bench, "package/queue-20", "a new key set and the oldest removed, among 20, ns",

@@ -13,6 +13,7 @@ void RunBuildJobs(Bench& bench);
 void RunOutputJobs(Bench& bench);
 void RunPackageJobs(Bench& bench);
 void RunChurnJobs(Bench& bench);
+void RunNameJobs(Bench& bench);
 void RunMemoryJobs(Bench& bench);
 
 }  // namespace bench

@@ -18,7 +18,7 @@ namespace bench {
 template <class Peer>
 class PeerContender : public Contender {
 public:
-    PeerContender() : Contender(Peer::kName) {}
+    explicit PeerContender(std::string name = Peer::kName) : Contender(std::move(name)) {}
 
 protected:
     std::optional<Peer> peer;

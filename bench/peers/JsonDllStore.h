@@ -35,7 +35,7 @@ public:
         return count;
     }
 
-private:
+protected:
     hosting::Package package = TheLibrary().NewPackage().Get();
 };
 
