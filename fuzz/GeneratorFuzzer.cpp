@@ -19,15 +19,14 @@ namespace {
 
 using building::Answer;
 using building::Arguments;
-using building::Family;
 using building::Item;
 using building::Kind;
 using building::Operation;
+using building::Place;
 using building::Value;
 
 constexpr int kSteps = 60;
 constexpr size_t kPathCapacity = 1024;
-constexpr uint32_t kUnwritten = 0xCDCDCDCD;
 
 const std::vector<Item>& ItemsOf(Kind kind) {
     static const auto itemsByKind = [] {
@@ -105,8 +104,8 @@ private:
     // ---- Items ---------------------------------------------------------------------------------
 
     void Add() {
-        const Operation& operation = choices.Of(building::Operations());
-        if (operation.family == Family::kReference && !root) return;
+        const Operation& operation = choices.Of(building::AddingOperations());
+        if (operation.place == Place::kReference && !root) return;
         const Item item = AnyItem(operation);
         const std::wstring target = root ? AnyPlace(building::At(*root)) : L"";
         const std::wstring path = AnyPath();
@@ -127,9 +126,8 @@ private:
                 const std::wstring& target) {
         const Answer expected = model.Add(operation, item, arguments, target);
         const Answer answer = operation.call(*generator, arguments);
-        const bool isSame = operation.family == Family::kReference
-                                ? expected.result == answer.result
-                                : expected == answer;
+        const bool isSame = operation.place == Place::kReference ? expected.result == answer.result
+                                                                 : expected == answer;
         ASSERT_TRUE(isSame) << "expected " << expected << ", and it is " << answer << "; "
                             << operation.name << " of " << item.name << ", handle "
                             << arguments.handle << ", path "
@@ -137,23 +135,22 @@ private:
                             << testing::PrintToString(target) << ", key "
                             << testing::PrintToString(arguments.key) << ", document "
                             << testing::PrintToString(building::TextOf(*generator));
-        if (operation.family == Family::kReference)
-            ExpectReference(operation, item, answer, target);
+        if (operation.place == Place::kReference) ExpectReference(operation, item, answer, target);
     }
 
     /// Elements that are booleans or numbers have a reference of their own, which is none.
     void ExpectReference(const Operation& operation, const Item& item, const Answer& answer,
                          const std::wstring& target) {
-        ASSERT_EQ(answer.result == 1, answer.output.has_value());
+        ASSERT_EQ(answer.result == 1, !answer.outputs.empty());
         if (answer.result != 1) return;
         const Value& parent = *building::Resolve(building::At(*root), target);
         const bool isContainer = item.kind == Kind::kObject || item.kind == Kind::kArray;
-        if (operation.keyed)
-            EXPECT_EQ(building::ReferenceOf((parent.MemberEnd() - 1)->value), answer.output);
+        if (operation.hasKey)
+            EXPECT_EQ(building::ReferenceOf((parent.MemberEnd() - 1)->value), answer.Number());
         else if (isContainer || item.kind == Kind::kNull || building::IsText(item))
-            EXPECT_EQ(building::ReferenceOf(*(parent.End() - 1)), answer.output);
+            EXPECT_EQ(building::ReferenceOf(*(parent.End() - 1)), answer.Number());
         else
-            EXPECT_EQ(building::ReferenceOf(parent) + 16 * (parent.Size() - 1), answer.output);
+            EXPECT_EQ(building::ReferenceOf(parent) + 16 * (parent.Size() - 1), answer.Number());
     }
 
     /// One in sixteen is spoilt. Selectors that do not exist are left to the family of paths: in
@@ -166,7 +163,7 @@ private:
         item.payload.text = nullptr;
         item.payload.variant.text = nullptr;
         if (choices.Below(2) == 0) item.payload.variant.tag = 7;
-        if (operation.kind == Kind::kSpecialNumber && operation.family == Family::kPath)
+        if (operation.kind == Kind::kSpecialNumber && operation.place == Place::kPath)
             item.payload.word = 4;
         return item;
     }
@@ -174,10 +171,10 @@ private:
     /// Enough members or elements below one parent for its search, its storage and its paths to be
     /// kept in another way.
     void AddMany() {
-        const Family family = choices.Below(2) == 0 ? Family::kHandle : Family::kPath;
+        const Place place = choices.Below(2) == 0 ? Place::kHandle : Place::kPath;
         const bool keyed = choices.Below(4) != 0;
         const Item item = building::IntItem(static_cast<int32_t>(choices.Below(256)));
-        const Operation& operation = building::OperationFor(item.kind, family, keyed);
+        const Operation& operation = building::AddingOperation(item.kind, place, keyed);
         const std::wstring path = AnyPath();
         const int32_t handle = AnyHandle();
         const std::wstring stem = fuzz::RandomKey(choices);
@@ -196,10 +193,9 @@ private:
     void AskForHandle() { ExpectHandleAt(AnyPath()); }
 
     void ExpectHandleAt(const std::wstring& path) {
-        uint32_t handle = kUnwritten;
-        Answer answer = {generator->GetItemHandleByPath(path.c_str(), &handle)};
-        if (handle != kUnwritten) answer.output = handle;
-        EXPECT_EQ(model.ItemHandleByPath(path.c_str()), answer) << testing::PrintToString(path);
+        EXPECT_EQ(model.ItemHandleByPath(path.c_str()),
+                  building::ItemHandleByPath(*generator, path.c_str()))
+            << testing::PrintToString(path);
     }
 
     /// An object that is searched often is searched in another way.
@@ -236,18 +232,18 @@ private:
         const support::GraftSource source(route, json);
         const std::wstring path = AnyPath();
         const std::wstring key = fuzz::RandomKey(choices);
-        support::GraftArguments arguments;
-        arguments.parent = AnyHandle();
+        support::Arguments arguments;
+        arguments.handle = AnyHandle();
         arguments.path = path.c_str();
         arguments.key = key.c_str();
-        arguments.source = source.Argument();
+        arguments.payload.text = source.Argument();
         const auto expected = model.Graft(route, arguments, support::ReferenceTake(route, source));
-        ASSERT_EQ(expected, Graft(route, *generator, arguments))
-            << route << " of " << testing::PrintToString(json) << ", handle " << arguments.parent
+        ASSERT_EQ(expected, route.call(*generator, arguments))
+            << route << " of " << testing::PrintToString(json) << ", handle " << arguments.handle
             << ", path " << testing::PrintToString(path) << ", key " << testing::PrintToString(key)
             << ", document " << testing::PrintToString(building::TextOf(*generator));
         EXPECT_TRUE(source.IsClosed());
-        if (!route.IsGraft() && expected.result == 1) root.reset();
+        if (route.asks == support::Asks::kLoad && expected.result == 1) root.reset();
     }
 
     /// One in eight is spoilt.

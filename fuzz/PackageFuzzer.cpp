@@ -218,7 +218,7 @@ private:
     void Get() {
         const std::wstring key = AnyKey();
         for (const auto& getter : support::PackageGetters())
-            EXPECT_EQ(model.Get(getter, key), getter.Ask(*package, key.c_str()))
+            EXPECT_EQ(model.Get(getter, key), Ask(getter, *package, key.c_str()))
                 << getter.name << ' ' << testing::PrintToString(key);
     }
 
@@ -227,7 +227,7 @@ private:
         const auto& getter = choices.Of(support::PackageGetters());
         for (size_t i = 0; i < model.Count(); ++i) {
             const std::wstring key = Changed(model.Name(i).c_str(), static_cast<uint32_t>(i));
-            EXPECT_EQ(model.Get(getter, key), getter.Ask(*package, key.c_str()))
+            EXPECT_EQ(model.Get(getter, key), Ask(getter, *package, key.c_str()))
                 << getter.name << ' ' << testing::PrintToString(key);
         }
     }
@@ -259,7 +259,7 @@ private:
             const auto& slot = choices.Of(support::ExportSlots());
             // The text that the export gives is null.
             const int exported = delegate.answer == 1 ? -4 : delegate.answer;
-            EXPECT_EQ(isSet ? exported : 0, slot.set(*package, key.c_str()));
+            EXPECT_EQ(isSet ? exported : 0, slot.Set(*package, key.c_str()));
             if (isSet) calls.push_back(slot.call);
         }
         EXPECT_EQ(calls, delegate.calls);

@@ -15,7 +15,6 @@ using fuzz::Value;
 using support::Arguments;
 using support::Asks;
 using support::Operation;
-using support::Output;
 using support::Place;
 
 constexpr int kSteps = 100;
@@ -38,7 +37,7 @@ public:
 
 private:
     void Ask() {
-        static const std::vector<Operation> operations = support::ReadingOperations();
+        static const auto& operations = support::ReadingOperations();
         const Operation& operation = choices.Of(operations);
         Value& target = AnyValue();
         Arguments arguments;
@@ -50,9 +49,9 @@ private:
         arguments.key = choices.OneIn(16) ? nullptr : key.c_str();
         arguments.index = choices.Below(8);
         // A blob's size has no test of its own.
-        if (choices.OneIn(16)) arguments.outputs[0] = Output::kMissing;
+        if (choices.OneIn(16)) arguments.outputs[0] = support::kMissing;
         if (choices.OneIn(16) && operation.asks != Asks::kBlob)
-            arguments.outputs[1] = Output::kMissing;
+            arguments.outputs[1] = support::kMissing;
         Expect(operation, arguments);
     }
 
@@ -78,8 +77,8 @@ private:
     /// An object that is searched often is searched in another way, which a few series of searches
     /// bring about.
     void AskForEveryKey() {
-        static const Operation& byReference = support::OperationNamed("GetMemberValue");
-        static const Operation& byPath = support::OperationNamed("ExistsMemberByPath");
+        static const Operation& byReference = support::ParserOperation("GetMemberValue");
+        static const Operation& byPath = support::ParserOperation("ExistsMemberByPath");
         Value& object = AnyValue();
         if (!object.IsObject()) return;
         const std::wstring path = pathToTarget;

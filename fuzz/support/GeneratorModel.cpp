@@ -7,13 +7,12 @@ namespace fuzz {
 namespace {
 
 using building::Arguments;
-using building::Family;
 using building::IsText;
 using building::Item;
 using building::Kind;
 using building::Operation;
-using support::Grafted;
-using support::GraftRoute;
+using building::Place;
+using support::Asks;
 using support::Taken;
 
 bool IsNullText(const Item& item) {
@@ -55,10 +54,10 @@ void GeneratorModel::Forget() {
 Answer GeneratorModel::Add(const Operation& operation, const Item& item, const Arguments& arguments,
                            const std::wstring& target) {
     if (IsEmptyHanded(item)) return {0};
-    switch (operation.family) {
-        case Family::kReference:
+    switch (operation.place) {
+        case Place::kReference:
             return AddByReference(operation, item, arguments, target);
-        case Family::kHandle:
+        case Place::kHandle:
             return AddBelow(ByHandle(arguments.handle), operation, item, arguments);
         default:
             return AddBelow(ByPath(arguments.path), operation, item, arguments);
@@ -68,13 +67,13 @@ Answer GeneratorModel::Add(const Operation& operation, const Item& item, const A
 Answer GeneratorModel::AddByReference(const Operation& operation, const Item& item,
                                       const Arguments& arguments, const std::wstring& target) {
     if (arguments.reference == 0) return {-2};
-    if (operation.keyed && !arguments.key) return {-1};
+    if (operation.hasKey && !arguments.key) return {-1};
     if (IsNullText(item)) return {-4};
     Value* parent = building::Resolve(document, target);
-    if (!Fits(parent, operation.keyed)) return {-3};
+    if (!Fits(parent, operation.hasKey)) return {-3};
     auto& allocator = document.GetAllocator();
-    Value made = building::Stored(item, operation.family, allocator);
-    if (operation.keyed)
+    Value made = building::Stored(item, operation.place, allocator);
+    if (operation.hasKey)
         parent->AddMember(building::NewString(arguments.key, allocator), made, allocator);
     else
         parent->PushBack(made, allocator);
@@ -84,22 +83,22 @@ Answer GeneratorModel::AddByReference(const Operation& operation, const Item& it
 Answer GeneratorModel::AddBelow(const Parent& parent, const Operation& operation, const Item& item,
                                 const Arguments& arguments) {
     if (parent.result != 1) return {parent.result};
-    if (operation.keyed && !arguments.key) return {-5};
-    if (operation.keyed) {
+    if (operation.hasKey && !arguments.key) return {-5};
+    if (operation.hasKey) {
         const std::wstring path = parent.path + L"/" + arguments.key;
         if (pathToHandle.count(path) != 0) {
             if (IsBadSelector(item)) return {0};
             if (IsNullText(item)) return {-5};
-            Value made = building::Stored(item, operation.family, document.GetAllocator());
+            Value made = building::Stored(item, operation.place, document.GetAllocator());
             return Overwrite(path, made, IsText(item));
         }
     }
     if (!parent.value) return {-2};
     if (IsBadSelector(item)) return {0};
     if (IsNullText(item)) return {-4};
-    if (!Fits(parent.value, operation.keyed)) return {-3};
-    Value made = building::Stored(item, operation.family, document.GetAllocator());
-    return Append(parent, operation.keyed ? arguments.key : nullptr, made);
+    if (!Fits(parent.value, operation.hasKey)) return {-3};
+    Value made = building::Stored(item, operation.place, document.GetAllocator());
+    return Append(parent, operation.hasKey ? arguments.key : nullptr, made);
 }
 
 Answer GeneratorModel::Overwrite(const std::wstring& path, Value& made, bool needsTarget) {
@@ -122,33 +121,30 @@ Answer GeneratorModel::Append(const Parent& parent, const wchar_t* key, Value& m
 // ---- Parsed JSON -------------------------------------------------------------------------------
 
 /// By handle, text is parsed before the parent's kind counts; everything else after.
-Grafted GeneratorModel::Graft(const GraftRoute& route, const support::GraftArguments& arguments,
-                              const Taken& taken) {
-    const int unusable = taken.kind == Taken::kBroken ? route.BadSourceResult() : -3;
+Answer GeneratorModel::Graft(const Operation& route, const support::Arguments& arguments,
+                             const Taken& taken) {
+    const int unusable = taken.kind == Taken::kBroken ? BadSourceResult(route) : -3;
     const bool isUsable = taken.kind == Taken::kContainer;
     auto& allocator = document.GetAllocator();
     Value made;
     if (isUsable) made.CopyFrom(ParseExactly(taken.tree), allocator);
-    if (!route.IsGraft()) {
+    if (route.asks == Asks::kLoad) {
         if (!isUsable) return {unusable};
         Forget();
         static_cast<Value&>(document) = made;
         return {1, HandleOf(L"")};
     }
-    const bool isByHandle = route.parent == GraftRoute::kByHandle;
-    const Parent parent = isByHandle ? ByHandle(arguments.parent) : ByPath(arguments.path);
+    const bool isByHandle = route.place == Place::kHandle;
+    const Parent parent = isByHandle ? ByHandle(arguments.handle) : ByPath(arguments.path);
     if (parent.result != 1) return {parent.result};
-    const bool fits = Fits(parent.value, route.TakesKey());
-    const bool isParsedFirst = isByHandle && !route.fromFile;
+    const bool fits = Fits(parent.value, route.hasKey);
+    const bool isParsedFirst = isByHandle && !ReadsFile(route);
     if (!fits && !(isParsedFirst && !isUsable)) return {0};
     if (!isUsable) return {unusable};
     const std::wstring path = parent.path + L"/" + arguments.key;
-    const bool isKnown = route.TakesKey() && pathToHandle.count(path) != 0;
-    const Answer answer = isKnown
-                              ? Overwrite(path, made, /*needsTarget=*/true)
-                              : Append(parent, route.TakesKey() ? arguments.key : nullptr, made);
-    if (!answer.output) return {answer.result};
-    return {answer.result, static_cast<uint32_t>(*answer.output)};
+    const bool isKnown = route.hasKey && pathToHandle.count(path) != 0;
+    if (isKnown) return Overwrite(path, made, /*needsTarget=*/true);
+    return Append(parent, route.hasKey ? arguments.key : nullptr, made);
 }
 
 // ---- Paths and handles -------------------------------------------------------------------------

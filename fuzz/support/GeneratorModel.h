@@ -5,7 +5,7 @@
 
 #include "BuildDocument.h"
 #include "BuildItems.h"
-#include "BuildOperations.h"
+#include "GeneratorOperationList.h"
 #include "GraftReference.h"
 
 namespace fuzz {
@@ -30,8 +30,8 @@ public:
                const building::Arguments& arguments, const std::wstring& target);
 
     /// The answer of a load or graft whose source is read as `taken`.
-    support::Grafted Graft(const support::GraftRoute& route,
-                           const support::GraftArguments& arguments, const support::Taken& taken);
+    support::Answer Graft(const support::Operation& route, const support::Arguments& arguments,
+                          const support::Taken& taken);
 
     Answer ItemHandleByPath(const std::wstring& path);
     /// The result, and the path if there is one.

@@ -13,44 +13,25 @@
 namespace fuzz {
 namespace {
 
-using support::PackageAsks;
-
-constexpr support::Output kAllGiven[] = {support::Output::kGiven, support::Output::kGiven};
+using support::Asks;
 
 bool AreEqual(wchar_t a, wchar_t b) {
     const auto lower = [](wchar_t c) { return c >= L'A' && c <= L'Z' ? c + 32 : c + 0; };
     return lower(a) == lower(b);
 }
 
-std::optional<Outputs> ReadAs(PackageAsks asks, const Value& value) {
-    using support::Asks;
+std::optional<Outputs> ReadAs(Asks asks, const Value& value) {
     switch (asks) {
-        case PackageAsks::kText:
+        case Asks::kAnyText:
             if (value.IsObject()) return Read(Asks::kObjectText, value);
-            if (value.IsArray()) return Read(Asks::kArrayText, value);
-            return Read(Asks::kString, value);
-        case PackageAsks::kString:
-            return Read(Asks::kString, value);
-        case PackageAsks::kNumber:
-            return Read(Asks::kDouble, value);
-        case PackageAsks::kBoolean:
-            return Read(Asks::kBoolean, value);
-        case PackageAsks::kStringVariant:
+            return Read(value.IsArray() ? Asks::kArrayText : Asks::kString, value);
+        case Asks::kTextVariant:
             return value.IsString() ? Read(Asks::kVariant, value) : std::nullopt;
-        case PackageAsks::kVariant:
-            return Read(Asks::kVariant, value);
-        case PackageAsks::kBlob:
-            return Read(Asks::kBlob, value);
-        case PackageAsks::kType:
-            return Read(Asks::kItemType, value);
-        default:
+        case Asks::kExistence:
             return Outputs{L"1"};
+        default:
+            return Read(asks, value);
     }
-}
-
-/// What a missing key answers.
-int AbsenceOf(const support::PackageGetter& getter) {
-    return getter.asks == PackageAsks::kExistence ? 0 : -1;
 }
 
 }  // namespace
@@ -100,11 +81,12 @@ int PackageModel::Remove(const std::wstring& key) {
     return 1;
 }
 
-support::Answer PackageModel::Get(const support::PackageGetter& getter, const std::wstring& key) {
+support::Answer PackageModel::Get(const support::Operation& getter, const std::wstring& key) {
     const auto found = Find(key);
-    if (found == members.end()) return PackageFailure(getter, AbsenceOf(getter), kAllGiven);
+    if (found == members.end())
+        return PackageFailure(getter, getter.asks == Asks::kExistence ? 0 : -1);
     const auto outputs = ReadAs(getter.asks, found->value);
-    if (!outputs) return PackageFailure(getter, -3, kAllGiven);
+    if (!outputs) return PackageFailure(getter, -3);
     return {1, *outputs};
 }
 
@@ -112,7 +94,7 @@ std::optional<std::wstring> PackageModel::TextOf(const std::wstring& key, int& f
     const auto found = Find(key);
     failure = found == members.end() ? -1 : -3;
     if (found == members.end()) return std::nullopt;
-    const auto outputs = ReadAs(PackageAsks::kText, found->value);
+    const auto outputs = ReadAs(Asks::kAnyText, found->value);
     return outputs ? std::optional(outputs->front()) : std::nullopt;
 }
 

@@ -28,7 +28,7 @@ public:
     int Remove(const std::wstring& key);
     void RemoveAll() { members.clear(); }
 
-    support::Answer Get(const support::PackageGetter& getter, const std::wstring& key);
+    support::Answer Get(const support::Operation& getter, const std::wstring& key);
     /// What the delegate's import would get; nothing where there is no text.
     std::optional<std::wstring> TextOf(const std::wstring& key, int& failure);
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "IJsonParser.h"
 #include "ItemPathModel.h"
 
 namespace fuzz {
@@ -13,7 +14,6 @@ using support::Answer;
 using support::Arguments;
 using support::Asks;
 using support::Operation;
-using support::Output;
 using support::Place;
 using support::Show;
 
@@ -40,15 +40,8 @@ bool IsContainer(const Value& value) { return value.IsObject() || value.IsArray(
 
 bool IsMissing(const Arguments& arguments, const Operation& operation) {
     const auto end = arguments.outputs + operation.outputs;
-    return std::find(arguments.outputs, end, Output::kMissing) != end;
-}
-
-Answer Refusal(const Operation& operation, const Arguments& arguments, int result) {
-    Answer answer = {operation.returnsBool ? 0 : result, {}};
-    for (size_t i = 0; i < operation.outputs; ++i)
-        answer.outputs.push_back(arguments.outputs[i] == Output::kGiven ? support::kUnwritten
-                                                                        : support::kNotGiven);
-    return answer;
+    return std::any_of(arguments.outputs, end,
+                       [](const auto& output) { return output.has_value(); });
 }
 
 }  // namespace
@@ -79,7 +72,7 @@ void ParserModel::Pair(Value& mine, Value& theirs) {
 }
 
 Answer ParserModel::Ask(const Operation& operation, const Arguments& arguments) {
-    const auto refuse = [&](int result) { return Refusal(operation, arguments, result); };
+    const auto refuse = [&](int result) { return Answer(operation.returnsBool ? 0 : result); };
     const Found place = Place(operation, arguments);
     if (!place.value) return refuse(place.absence);
     const bool needsKey = operation.hasKey && operation.asks != Asks::kVariant;

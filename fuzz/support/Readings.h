@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "BuildDocument.h"
-#include "Operations.h"
+#include "ParserOperationList.h"
 
 namespace fuzz {
 

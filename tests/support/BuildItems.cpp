@@ -16,9 +16,9 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kTwoTo63 = 9223372036854775808.0;
 
 /// By reference and handle, whole numbers that 64 bits hold, and 2^63, become integers.
-Value StoredReal(double number, Family family) {
+Value StoredReal(double number, Place place) {
     const bool isWhole = std::trunc(number) == number && std::fabs(number) <= kTwoTo63;
-    if (family == Family::kPath || !isWhole) return Value(number);
+    if (place == Place::kPath || !isWhole) return Value(number);
     return Value(number == kTwoTo63 ? INT64_MIN : static_cast<int64_t>(number));
 }
 
@@ -212,7 +212,7 @@ bool IsText(const Item& item) {
            (item.kind == Kind::kVariant && item.payload.variant.tag == QXJSON::kVariantText);
 }
 
-Value Stored(const Item& item, Family family, Allocator& allocator) {
+Value Stored(const Item& item, Place place, Allocator& allocator) {
     const Payload& payload = item.payload;
     switch (item.kind) {
         case Kind::kObject:
@@ -222,9 +222,9 @@ Value Stored(const Item& item, Family family, Allocator& allocator) {
         case Kind::kBoolean:
             return Value(payload.word != 0);
         case Kind::kDouble:
-            return StoredReal(payload.real, family);
+            return StoredReal(payload.real, place);
         case Kind::kFloat:
-            return StoredReal(static_cast<double>(payload.single), family);
+            return StoredReal(static_cast<double>(payload.single), place);
         case Kind::kUInt64:
             return Value(payload.uint64);
         case Kind::kInt64:
@@ -247,9 +247,9 @@ Value Stored(const Item& item, Family family, Allocator& allocator) {
     }
 }
 
-std::wstring StoredText(const Item& item, Family family) {
+std::wstring StoredText(const Item& item, Place place) {
     Allocator allocator;
-    return TextOf(Stored(item, family, allocator));
+    return TextOf(Stored(item, place, allocator));
 }
 
 Arguments With(const Item& item) {
@@ -258,19 +258,16 @@ Arguments With(const Item& item) {
     return arguments;
 }
 
-bool IsAddedBy(Family family, const Item& item) {
-    return family != Family::kReference || item.kind != Kind::kSpecialNumber;
+Answer ItemHandleByPath(QXJSON::IJsonGenerator& generator, const wchar_t* path) {
+    static const Operation& operation =
+        OperationNamed(support::GeneratorOperations(), "GetItemHandleByPath");
+    Arguments arguments;
+    arguments.path = path;
+    return operation.call(generator, arguments);
 }
 
-const char* NameOf(Family family) {
-    switch (family) {
-        case Family::kReference:
-            return "by reference";
-        case Family::kHandle:
-            return "by handle";
-        default:
-            return "by path";
-    }
+bool IsAddedBy(Place place, const Item& item) {
+    return place != Place::kReference || item.kind != Kind::kSpecialNumber;
 }
 
 }  // namespace building

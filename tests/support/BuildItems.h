@@ -4,9 +4,22 @@
 #include <vector>
 
 #include "BuildDocument.h"
-#include "BuildOperations.h"
+#include "GeneratorOperationList.h"
 
 namespace building {
+
+using support::AddingOperation;
+using support::AddingOperations;
+using support::Answer;
+using support::Arguments;
+using support::kAllPlaces;
+using support::Kind;
+using support::kMissing;
+using support::kWild;
+using support::NameOf;
+using support::Operation;
+using support::Payload;
+using support::Place;
 
 /// Something that can be added.
 struct Item {
@@ -41,19 +54,19 @@ const Item& SomeItem(Kind kind);
 /// Whether the item is stored as a text: a string, a blob and a variant that carries a text.
 bool IsText(const Item& item);
 
-/// The value that an operation of the family stores for the item.
-Value Stored(const Item& item, Family family, Allocator& allocator);
+/// The value that an operation by this place stores for the item.
+Value Stored(const Item& item, Place place, Allocator& allocator);
 
 /// The same, as a plain writer writes it.
-std::wstring StoredText(const Item& item, Family family);
+std::wstring StoredText(const Item& item, Place place);
 
 /// Arguments with the item's payload and nothing else.
 Arguments With(const Item& item);
 
-/// Whether the family has operations that add the item.
-bool IsAddedBy(Family family, const Item& item);
+/// The answer of GetItemHandleByPath.
+Answer ItemHandleByPath(QXJSON::IJsonGenerator& generator, const wchar_t* path);
 
-/// The name of a family, for test messages.
-const char* NameOf(Family family);
+/// Whether there are operations by this place that add the item.
+bool IsAddedBy(Place place, const Item& item);
 
 }  // namespace building

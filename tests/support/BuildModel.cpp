@@ -25,7 +25,7 @@ bool IsBadSelector(const Item& item) {
 }
 
 bool Fits(const Value& parent, const Operation& operation) {
-    return operation.keyed ? parent.IsObject() : parent.IsArray();
+    return operation.hasKey ? parent.IsObject() : parent.IsArray();
 }
 
 /// In an item path: the segment from `start` on, up to the slash that ends it.
@@ -47,10 +47,10 @@ Model::Model(rapidjson::Type root) : document(root) {}
 Answer Model::Add(const Operation& operation, const Item& item, const Arguments& arguments,
                   const std::wstring& target) {
     if (IsEmptyHanded(item)) return {0};
-    if (operation.family == Family::kReference)
+    if (operation.place == Place::kReference)
         return AddByReference(operation, item, arguments, target);
     std::wstring parentPath;
-    if (operation.family == Family::kHandle) {
+    if (operation.place == Place::kHandle) {
         const auto found = handleToPath.find(arguments.handle);
         if (found == handleToPath.end()) return {-2};
         parentPath = found->second;
@@ -65,7 +65,7 @@ Answer Model::Add(const Operation& operation, const Item& item, const Arguments&
 Answer Model::AddByReference(const Operation& operation, const Item& item,
                              const Arguments& arguments, const std::wstring& target) {
     if (arguments.reference == 0) return {-2};
-    if (operation.keyed && arguments.key == nullptr) return {-1};
+    if (operation.hasKey && arguments.key == nullptr) return {-1};
     if (IsNullText(item)) return {-4};
     Value& parent = *Resolve(document, target);
     if (!Fits(parent, operation)) return {-3};
@@ -75,9 +75,9 @@ Answer Model::AddByReference(const Operation& operation, const Item& item,
 
 Answer Model::AddBelow(const std::wstring& parentPath, const Operation& operation, const Item& item,
                        const Arguments& arguments) {
-    if (operation.keyed && arguments.key == nullptr) return {-5};
+    if (operation.hasKey && arguments.key == nullptr) return {-5};
     if (IsBadSelector(item)) return {0};
-    if (operation.keyed) {
+    if (operation.hasKey) {
         const std::wstring path = parentPath + L"/" + arguments.key;
         if (pathToHandle.count(path) != 0) return Overwrite(path, operation, item);
     }
@@ -87,22 +87,22 @@ Answer Model::AddBelow(const std::wstring& parentPath, const Operation& operatio
     if (!Fits(*parent, operation)) return {-3};
     Append(*parent, operation, item, arguments.key);
     return {1, HandleOf(parentPath + L"/" +
-                        (operation.keyed ? arguments.key : std::to_wstring(parent->Size() - 1)))};
+                        (operation.hasKey ? arguments.key : std::to_wstring(parent->Size() - 1)))};
 }
 
 Answer Model::Overwrite(const std::wstring& path, const Operation& operation, const Item& item) {
     Value* value = Resolve(document, path);
     const bool fails = IsText(item) && (value == nullptr || IsNullText(item));
     if (fails) return {-5};
-    if (value != nullptr) *value = Stored(item, operation.family, document.GetAllocator());
+    if (value != nullptr) *value = Stored(item, operation.place, document.GetAllocator());
     return {1, pathToHandle[path]};
 }
 
 void Model::Append(Value& parent, const Operation& operation, const Item& item,
                    const wchar_t* key) {
     Allocator& allocator = document.GetAllocator();
-    Value value = Stored(item, operation.family, allocator);
-    if (operation.keyed)
+    Value value = Stored(item, operation.place, allocator);
+    if (operation.hasKey)
         parent.AddMember(NewString(key, allocator), value, allocator);
     else
         parent.PushBack(value, allocator);

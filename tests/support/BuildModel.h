@@ -5,7 +5,7 @@
 
 #include "BuildDocument.h"
 #include "BuildItems.h"
-#include "BuildOperations.h"
+#include "GeneratorOperationList.h"
 
 namespace building {
 

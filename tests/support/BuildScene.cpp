@@ -13,7 +13,7 @@ Scene::Scene() : generator(support::NewGenerator()) {
     EXPECT_EQ(1, generator->ResetRootObjectValue(&root));
     uint32_t handle = 0;
     EXPECT_EQ(1, generator->GetItemHandleByPath(L"/", &handle));
-    sites[L""] = {L"/", static_cast<int32_t>(handle)};
+    sites[L""] = {L"/", handle};
     Add(L"object", ObjectItem());
     Add(L"array", ArrayItem());
     Add(L"text", StringItem(L"t"));
@@ -22,7 +22,7 @@ Scene::Scene() : generator(support::NewGenerator()) {
     Add(L"nothing", NullItem());
     Add(L"emptied", ObjectItem());
     EXPECT_EQ(1, generator->AddObjectItemObject(sites[L"emptied"].handle, L"inside", &handle));
-    lost = static_cast<int32_t>(handle);
+    lost = handle;
     Add(L"emptied", ObjectItem());
     AddSpare();
 }
@@ -32,9 +32,9 @@ void Scene::Add(const wchar_t* member, const Item& item) {
     arguments.handle = sites[L""].handle;
     arguments.key = member;
     const Answer answer =
-        OperationFor(item.kind, Family::kHandle, true).call(*generator, arguments);
+        AddingOperation(item.kind, Place::kHandle, true).call(*generator, arguments);
     EXPECT_EQ(1, answer.result);
-    sites[member] = {std::wstring(L"/") + member, static_cast<int32_t>(answer.output.value_or(0))};
+    sites[member] = {std::wstring(L"/") + member, static_cast<uint32_t>(answer.Number())};
 }
 
 void Scene::AddSpare() {

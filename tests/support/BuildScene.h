@@ -6,7 +6,7 @@
 
 #include "BuildDocument.h"
 #include "BuildItems.h"
-#include "BuildOperations.h"
+#include "GeneratorOperationList.h"
 #include "JsonDll.h"
 
 namespace building {
@@ -27,9 +27,9 @@ public:
     /// live as long as the scene.
     Arguments Place(const std::wstring& member);
     /// The handle of what `emptied` no longer holds.
-    int32_t LostHandle() const { return lost; }
+    uint32_t LostHandle() const { return lost; }
     /// A handle that was not issued.
-    int32_t UnknownHandle() const { return 1000000; }
+    uint32_t UnknownHandle() const { return 1000000; }
 
     /// Issues the next handle, to a value that nothing else uses.
     uint32_t NextHandle();
@@ -41,7 +41,7 @@ public:
 private:
     struct Site {
         std::wstring path;
-        int32_t handle;
+        uint32_t handle;
     };
 
     void Add(const wchar_t* member, const Item& item);
@@ -50,7 +50,7 @@ private:
     support::Generator generator;
     uint64_t root = 0;
     std::map<std::wstring, Site> sites;
-    int32_t lost = 0;
+    uint32_t lost = 0;
     int spares = 0;
 };
 

@@ -55,21 +55,21 @@ Taken TakeFile(const wchar_t* name) {
 
 }  // namespace
 
-Taken ReferenceTake(const GraftRoute& route, const GraftSource& source) {
-    return route.fromFile ? TakeFile(source.Argument()) : TakeText(source.Argument());
+Taken ReferenceTake(const Operation& route, const GraftSource& source) {
+    return ReadsFile(route) ? TakeFile(source.Argument()) : TakeText(source.Argument());
 }
 
-bool ExpectAsReference(const GraftRoute& route, const GraftSource& source) {
+bool ExpectAsReference(const Operation& route, const GraftSource& source) {
     SCOPED_TRACE(route.name);
     GraftScene scene;
-    const GraftArguments arguments = GraftScene::Good(route, source);
+    const Arguments arguments = GraftScene::Good(route, source);
     const Taken taken = ReferenceTake(route, source);
     if (taken.kind == Taken::kContainer) {
-        EXPECT_EQ(GraftScene::AnswerOf(route), Graft(route, *scene, arguments));
+        EXPECT_EQ(GraftScene::AnswerOf(route), route.call(*scene, arguments));
         EXPECT_EQ(GraftScene::DocumentWith(route, taken.tree), JsonOf(*scene));
     } else {
         const bool isBroken = taken.kind == Taken::kBroken;
-        scene.ExpectFailure(isBroken ? route.BadSourceResult() : -3, route, arguments);
+        scene.ExpectFailure(isBroken ? BadSourceResult(route) : -3, route, arguments);
         scene.ExpectNextHandle(GraftScene::kNext);
     }
     EXPECT_TRUE(source.IsClosed());

@@ -16,11 +16,11 @@ struct Taken {
 };
 
 /// The source as a route reads it. It must not be nested deeper than the stack of the test carries.
-Taken ReferenceTake(const GraftRoute& route, const GraftSource& source);
+Taken ReferenceTake(const Operation& route, const GraftSource& source);
 
 /// Takes a source in through a route, in a scene of its own, and expects what the reference makes
 /// of it: the tree in its place, or the result of the failure and nothing changed. Tells whether
 /// it was a tree.
-bool ExpectAsReference(const GraftRoute& route, const GraftSource& source);
+bool ExpectAsReference(const Operation& route, const GraftSource& source);
 
 }  // namespace support

@@ -5,56 +5,9 @@
 namespace support {
 namespace {
 
-using G = QXJSON::IJsonGenerator;
-using A = GraftArguments;
-
-std::vector<GraftRoute> MakeRoutes() {
-    return {
-        {"LoadJsonFile", GraftRoute::kNoParent, GraftRoute::kRoot, true,
-         [](G& g, const A& a, uint32_t* h) { return g.LoadJsonFile(a.source, h); }},
-        {"LoadJsonString", GraftRoute::kNoParent, GraftRoute::kRoot, false,
-         [](G& g, const A& a, uint32_t* h) { return g.LoadJsonString(a.source, h); }},
-        {"AddObjectItemJsonFileByPath", GraftRoute::kByPath, GraftRoute::kMember, true,
-         [](G& g, const A& a, uint32_t* h) {
-             return g.AddObjectItemJsonFileByPath(a.path, a.key, a.source, h);
-         }},
-        {"AddArrayItemJsonFileByPath", GraftRoute::kByPath, GraftRoute::kElement, true,
-         [](G& g, const A& a, uint32_t* h) {
-             return g.AddArrayItemJsonFileByPath(a.path, a.source, h);
-         }},
-        {"AddObjectItemJsonFile", GraftRoute::kByHandle, GraftRoute::kMember, true,
-         [](G& g, const A& a, uint32_t* h) {
-             return g.AddObjectItemJsonFile(a.parent, a.key, a.source, h);
-         }},
-        {"AddArrayItemJsonFile", GraftRoute::kByHandle, GraftRoute::kElement, true,
-         [](G& g, const A& a, uint32_t* h) {
-             return g.AddArrayItemJsonFile(a.parent, a.source, h);
-         }},
-        {"AddObjectItemJsonStringByPath", GraftRoute::kByPath, GraftRoute::kMember, false,
-         [](G& g, const A& a, uint32_t* h) {
-             return g.AddObjectItemJsonStringByPath(a.path, a.key, a.source, h);
-         }},
-        {"AddArrayItemJsonStringByPath", GraftRoute::kByPath, GraftRoute::kElement, false,
-         [](G& g, const A& a, uint32_t* h) {
-             return g.AddArrayItemJsonStringByPath(a.path, a.source, h);
-         }},
-        {"AddObjectItemJsonString", GraftRoute::kByHandle, GraftRoute::kMember, false,
-         [](G& g, const A& a, uint32_t* h) {
-             return g.AddObjectItemJsonString(a.parent, a.key, a.source, h);
-         }},
-        {"AddArrayItemJsonString", GraftRoute::kByHandle, GraftRoute::kElement, false,
-         [](G& g, const A& a, uint32_t* h) {
-             return g.AddArrayItemJsonString(a.parent, a.source, h);
-         }},
-    };
-}
-
-template <class Condition>
-std::vector<GraftRoute> RoutesIf(Condition condition) {
-    std::vector<GraftRoute> routes;
-    for (const GraftRoute& route : AllGraftRoutes())
-        if (condition(route)) routes.push_back(route);
-    return routes;
+Operations That(Asks asks) {
+    return OperationsIf(GeneratorOperations(),
+                        [asks](const Operation& operation) { return operation.asks == asks; });
 }
 
 std::wstring UnitsOf(const std::string& bytes) {
@@ -69,54 +22,40 @@ std::wstring UnitsOf(const std::string& bytes) {
 
 }  // namespace
 
-std::ostream& operator<<(std::ostream& out, const GraftRoute& route) { return out << route.name; }
-
-const std::vector<GraftRoute>& AllGraftRoutes() {
-    static const std::vector<GraftRoute> routes = MakeRoutes();
+const Operations& AllGraftRoutes() {
+    static const Operations routes = Joined({That(Asks::kLoad), GraftsOnly()});
     return routes;
 }
 
-const std::vector<GraftRoute>& GraftsOnly() {
-    static const auto routes = RoutesIf([](const GraftRoute& route) { return route.IsGraft(); });
+const Operations& GraftsOnly() {
+    static const Operations routes = That(Asks::kGraft);
     return routes;
 }
 
-const std::vector<GraftRoute>& FileRoutes() {
-    static const auto routes = RoutesIf([](const GraftRoute& route) { return route.fromFile; });
+const Operations& FileRoutes() {
+    static const Operations routes = OperationsIf(AllGraftRoutes(), ReadsFile);
     return routes;
 }
 
-const std::vector<GraftRoute>& TextRoutes() {
-    static const auto routes = RoutesIf([](const GraftRoute& route) { return !route.fromFile; });
+const Operations& TextRoutes() {
+    static const Operations routes =
+        OperationsIf(AllGraftRoutes(), [](const Operation& route) { return !ReadsFile(route); });
     return routes;
 }
 
-bool operator==(const Grafted& a, const Grafted& b) {
-    return a.result == b.result && a.handle == b.handle;
-}
+bool ReadsFile(const Operation& route) { return route.Takes(parameters::kFileName); }
 
-std::ostream& operator<<(std::ostream& out, const Grafted& grafted) {
-    out << "result " << grafted.result;
-    if (grafted.handle == kUnwrittenHandle) return out << " without a handle";
-    return out << ", handle " << grafted.handle;
-}
+int BadSourceResult(const Operation& route) { return ReadsFile(route) ? -3 : 0; }
 
-Grafted Graft(const GraftRoute& route, G& generator, const GraftArguments& arguments) {
-    Grafted grafted;
-    grafted.result =
-        route.call(generator, arguments, arguments.hasOutput ? &grafted.handle : nullptr);
-    return grafted;
-}
-
-GraftSource::GraftSource(const GraftRoute& route, const std::wstring& json) {
-    if (route.fromFile)
+GraftSource::GraftSource(const Operation& route, const std::wstring& json) {
+    if (ReadsFile(route))
         file = std::make_unique<TempFile>(Encode(json, Encoding::kUtf8));
     else
         text = json;
 }
 
-GraftSource::GraftSource(const GraftRoute& route, const std::string& bytes) {
-    if (route.fromFile)
+GraftSource::GraftSource(const Operation& route, const std::string& bytes) {
+    if (ReadsFile(route))
         file = std::make_unique<TempFile>(bytes);
     else
         text = UnitsOf(bytes);

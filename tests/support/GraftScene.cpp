@@ -52,40 +52,34 @@ GraftScene::GraftScene() : generator(GeneratorOf(kFront + kMiddle + kBack)) {
     EXPECT_EQ(4u, HandleAt(*generator, L"/text"));
 }
 
-GraftArguments GraftScene::Good(const GraftRoute& route) {
-    GraftArguments arguments;
-    const bool isMember = route.TakesKey();
-    arguments.parent = isMember ? kObject : kArray;
+Arguments GraftScene::Good(const Operation& route) {
+    Arguments arguments;
+    const bool isMember = route.hasKey;
+    arguments.handle = isMember ? kObject : kArray;
     arguments.path = isMember ? L"/object" : L"/array";
     arguments.key = L"new";
     return arguments;
 }
 
-GraftArguments GraftScene::Good(const GraftRoute& route, const GraftSource& source) {
-    GraftArguments arguments = Good(route);
-    arguments.source = source.Argument();
+Arguments GraftScene::Good(const Operation& route, const GraftSource& source) {
+    Arguments arguments = Good(route);
+    arguments.payload.text = source.Argument();
     return arguments;
 }
 
-Grafted GraftScene::AnswerOf(const GraftRoute& route) {
-    return {1, route.IsGraft() ? kNext : uint32_t{kRoot}};
+Answer GraftScene::AnswerOf(const Operation& route) {
+    return {1, route.asks == Asks::kGraft ? kNext : uint32_t{kRoot}};
 }
 
-std::wstring GraftScene::DocumentWith(const GraftRoute& route, const std::wstring& tree) {
-    switch (route.place) {
-        case GraftRoute::kRoot:
-            return tree;
-        case GraftRoute::kMember:
-            return kFront + L",\"new\":" + tree + kMiddle + kBack;
-        default:
-            return kFront + kMiddle + L"," + tree + kBack;
-    }
+std::wstring GraftScene::DocumentWith(const Operation& route, const std::wstring& tree) {
+    if (route.asks == Asks::kLoad) return tree;
+    if (route.hasKey) return kFront + L",\"new\":" + tree + kMiddle + kBack;
+    return kFront + kMiddle + L"," + tree + kBack;
 }
 
-void GraftScene::ExpectFailure(int result, const GraftRoute& route,
-                               const GraftArguments& arguments) {
+void GraftScene::ExpectFailure(int result, const Operation& route, const Arguments& arguments) {
     const GeneratorState before = StateOf(*generator);
-    EXPECT_EQ((Grafted{result, kUnwrittenHandle}), Graft(route, *generator, arguments));
+    EXPECT_EQ(Answer(result), route.call(*generator, arguments));
     EXPECT_EQ(before, StateOf(*generator));
 }
 

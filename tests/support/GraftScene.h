@@ -45,16 +45,16 @@ public:
 
     /// Arguments with which a route succeeds, but for the source: a member goes under "new" into
     /// the object, an element into the array.
-    static GraftArguments Good(const GraftRoute& route);
-    static GraftArguments Good(const GraftRoute& route, const GraftSource& source);
+    static Arguments Good(const Operation& route);
+    static Arguments Good(const Operation& route, const GraftSource& source);
 
     /// The answer of the first call with such arguments, and the document then, when it took `tree`
     /// in.
-    static Grafted AnswerOf(const GraftRoute& route);
-    static std::wstring DocumentWith(const GraftRoute& route, const std::wstring& tree);
+    static Answer AnswerOf(const Operation& route);
+    static std::wstring DocumentWith(const Operation& route, const std::wstring& tree);
 
     /// Expects of a call that it answers `result`, writes no handle and changes nothing.
-    void ExpectFailure(int result, const GraftRoute& route, const GraftArguments& arguments);
+    void ExpectFailure(int result, const Operation& route, const Arguments& arguments);
 
     /// Expects that `next` is the handle that is issued next. It is, to an item made for it.
     void ExpectNextHandle(uint32_t next);

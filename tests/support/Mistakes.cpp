@@ -170,7 +170,7 @@ void Calls::Make(Mistake mistake, const Operation& operation, Arguments& argumen
             arguments.key = nullptr;
             return;
         case Mistake::kNullOutput:
-            for (Output& output : arguments.outputs) output = Output::kMissing;
+            for (auto& output : arguments.outputs) output = kMissing;
             return;
         case Mistake::kNoObject:
             return moveTo(array);
@@ -233,14 +233,6 @@ bool IsFoundBefore(Mistake first, Mistake second, const Operation& operation) {
         return blob && mistake == Mistake::kNullOutput ? 100 : static_cast<int>(mistake);
     };
     return rank(first) < rank(second);
-}
-
-Answer Failed(int result, const Operation& operation, const Arguments& arguments) {
-    Answer answer;
-    answer.result = result;
-    for (size_t i = 0; i < operation.outputs; ++i)
-        answer.outputs.push_back(arguments.outputs[i] == Output::kGiven ? kUnwritten : kNotGiven);
-    return answer;
 }
 
 }  // namespace support

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "Operations.h"
+#include "ParserOperationList.h"
 #include "Sites.h"
 
 namespace support {
@@ -59,8 +59,5 @@ int ResultOf(Mistake mistake, const Operation& operation);
 
 /// Whether `operation` finds `first` out before `second`.
 bool IsFoundBefore(Mistake first, Mistake second, const Operation& operation);
-
-/// The answer to a call that fails: no output is written.
-Answer Failed(int result, const Operation& operation, const Arguments& arguments);
 
 }  // namespace support

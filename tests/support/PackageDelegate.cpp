@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <tuple>
+
+#include "PackageOperationList.h"
 
 namespace support {
 namespace {
@@ -68,63 +71,60 @@ int RecordingDelegate::DelegateImport(void* object, const wchar_t* imported, uin
 
 void* SomeObject() { return reinterpret_cast<void*>(uintptr_t{0x8123456789ABCDEF}); }
 
+namespace {
+
+/// Arguments of the calls below: a value of its own for each that is passed on. Like the calls, it
+/// owns nothing that an exception of the delegate could lose.
+Arguments Passing(const DelegateCall& call) {
+    Arguments arguments;
+    arguments.object = SomeObject();
+    std::copy(call.arguments.begin() + 1, call.arguments.end(), arguments.passedOn);
+    return arguments;
+}
+
+}  // namespace
+
+int ExportSlot::Forward(IJsonPackage& package, const wchar_t** text) const {
+    Arguments arguments = Passing(call);
+    arguments.outputs[0] = reinterpret_cast<uintptr_t>(text);
+    return forward->call(package, arguments).result;
+}
+
+int ExportSlot::Set(IJsonPackage& package, const wchar_t* key) const {
+    Arguments arguments = Passing(call);
+    arguments.key = key;
+    return set->call(package, arguments).result;
+}
+
 const std::vector<ExportSlot>& ExportSlots() {
-    static const uint64_t object = Number(SomeObject());
-    using Delegate = IJsonPackageDelegate;
-    using Text = const wchar_t**;
-    using Key = const wchar_t*;
-    static const std::vector<ExportSlot> slots = {
-        {"0",
-         {"DelegateExport0",
-          {object, 0xFEDC, 0x89ABCDE1, 0x10000002, 0xFFFFFFF3, 0x80000004, 0xF5},
-          L""},
-         [](Delegate& d, Text text) {
-             return d.DelegateExport0(SomeObject(), 0xFEDC, 0x89ABCDE1, 0x10000002, 0xFFFFFFF3,
-                                      0x80000004, 0xF5, text);
-         },
-         [](IJsonPackage& p, Key key) {
-             return p.SetValueFromDelegate0(key, SomeObject(), 0xFEDC, 0x89ABCDE1, 0x10000002,
-                                            0xFFFFFFF3, 0x80000004, 0xF5);
-         }},
-        {"1",
-         {"DelegateExport1", {object, 0xF1, 0x02, 0x83, 0x74, 0xE5}, L""},
-         [](Delegate& d, Text text) {
-             return d.DelegateExport1(SomeObject(), 0xF1, 0x02, 0x83, 0x74, 0xE5, text);
-         },
-         [](IJsonPackage& p, Key key) {
-             return p.SetValueFromDelegate1(key, SomeObject(), 0xF1, 0x02, 0x83, 0x74, 0xE5);
-         }},
-        {"2",
-         {"DelegateExport2", {object, 0x8001, 0xF2, 0x73}, L""},
-         [](Delegate& d, Text text) {
-             return d.DelegateExport2(SomeObject(), 0x8001, 0xF2, 0x73, text);
-         },
-         [](IJsonPackage& p, Key key) {
-             return p.SetValueFromDelegate2(key, SomeObject(), 0x8001, 0xF2, 0x73);
-         }},
-        {"3",
-         {"DelegateExport3", {object, 0xF1, 0x82}, L""},
-         [](Delegate& d, Text text) { return d.DelegateExport3(SomeObject(), 0xF1, 0x82, text); },
-         [](IJsonPackage& p, Key key) {
-             return p.SetValueFromDelegate3(key, SomeObject(), 0xF1, 0x82);
-         }},
-        {"4",
-         {"DelegateExport4", {object, 0xF1}, L""},
-         [](Delegate& d, Text text) { return d.DelegateExport4(SomeObject(), 0xF1, text); },
-         [](IJsonPackage& p, Key key) { return p.SetValueFromDelegate4(key, SomeObject(), 0xF1); }},
-        {"5",
-         {"DelegateExport5", {object, 0xF1234567}, L""},
-         [](Delegate& d, Text text) { return d.DelegateExport5(SomeObject(), 0xF1234567, text); },
-         [](IJsonPackage& p, Key key) {
-             return p.SetValueFromDelegate5(key, SomeObject(), 0xF1234567);
-         }},
-    };
+    static const std::vector<ExportSlot> slots = [] {
+        const std::vector<uint64_t> passedOn[] = {
+            {0xFEDC, 0x89ABCDE1, 0x10000002, 0xFFFFFFF3, 0x80000004, 0xF5},
+            {0xF1, 0x02, 0x83, 0x74, 0xE5},
+            {0x8001, 0xF2, 0x73},
+            {0xF1, 0x82},
+            {0xF1},
+            {0xF1234567},
+        };
+        std::vector<ExportSlot> all;
+        for (const auto& numbers : passedOn) {
+            const std::string name = std::to_string(all.size());
+            DelegateCall call = {"DelegateExport" + name, {Number(SomeObject())}, L""};
+            call.arguments.insert(call.arguments.end(), numbers.begin(), numbers.end());
+            all.push_back({name, call, &PackageOperation(call.operation),
+                           &PackageOperation("SetValueFromDelegate" + name)});
+        }
+        return all;
+    }();
     return slots;
 }
 
 int ImportFrom(IJsonPackage& package, const wchar_t* key) {
-    return package.GetValueToDelegate(key, SomeObject(), 0xF1, 0xFEDCBA9876543210, 0xFFF2,
-                                      0xFFFFFFF3, 0x80000004);
+    static const DelegateCall call = ImportCall(L"");
+    static const Operation& operation = PackageOperation("GetValueToDelegate");
+    Arguments arguments = Passing(call);
+    arguments.key = key;
+    return operation.call(package, arguments).result;
 }
 
 DelegateCall ImportCall(const std::wstring& text) {
@@ -140,15 +140,14 @@ const std::vector<JsonRoute>& JsonRoutes() {
                  return package.SetValue(key, json, true);
              }}};
         for (const ExportSlot& slot : ExportSlots())
-            all.push_back(
-                {std::string("delegate ") + slot.name,
-                 [set = slot.set](IJsonPackage& package, const wchar_t* key, const wchar_t* json) {
-                     RecordingDelegate delegate(json);
-                     EXPECT_EQ(1, package.SetDelegate(&delegate));
-                     const int result = set(package, key);
-                     EXPECT_EQ(1, package.SetDelegate(nullptr));
-                     return result;
-                 }});
+            all.push_back({"delegate " + slot.name,
+                           [&slot](IJsonPackage& package, const wchar_t* key, const wchar_t* json) {
+                               RecordingDelegate delegate(json);
+                               EXPECT_EQ(1, package.SetDelegate(&delegate));
+                               const int result = slot.Set(package, key);
+                               EXPECT_EQ(1, package.SetDelegate(nullptr));
+                               return result;
+                           }});
         return all;
     }();
     return routes;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "JsonDll.h"
+#include "Operation.h"
 
 namespace support {
 
@@ -59,10 +60,13 @@ void* SomeObject();
 /// An export as the package offers it twice: to be called itself, and to set a key from. Both pass
 /// the same arguments, each with its own value.
 struct ExportSlot {
-    const char* name;
+    std::string name;
     DelegateCall call;  ///< what must reach the delegate
-    int (*forward)(QXJSON::IJsonPackageDelegate& delegate, const wchar_t** text);
-    int (*set)(QXJSON::IJsonPackage& package, const wchar_t* key);
+    const Operation* forward;
+    const Operation* set;
+
+    int Forward(QXJSON::IJsonPackage& package, const wchar_t** text) const;
+    int Set(QXJSON::IJsonPackage& package, const wchar_t* key) const;
 };
 
 const std::vector<ExportSlot>& ExportSlots();

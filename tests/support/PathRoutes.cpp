@@ -4,22 +4,21 @@
 
 #include "CatchFault.h"
 #include "Mistakes.h"
-#include "Operations.h"
+#include "ParserOperationList.h"
 
 namespace support {
 namespace {
 
-Arguments Along(const wchar_t* path, Output output) {
+Arguments Along(const wchar_t* path) {
     Arguments arguments;
     arguments.path = path;
     arguments.key = L"key";
-    for (Output& each : arguments.outputs) each = output;
     return arguments;
 }
 
 void ExpectNumber(QXJSON::IJsonParser& parser, const wchar_t* path, int32_t number) {
-    const Arguments arguments = Along(path, Output::kGiven);
-    auto answerOf = [&](const char* name) { return OperationNamed(name).call(parser, arguments); };
+    const Arguments arguments = Along(path);
+    auto answerOf = [&](const char* name) { return ParserOperation(name).call(parser, arguments); };
     const std::wstring shown = Show(number);
     for (const char* getter : {"GetItemIntByPath", "GetItemInt64ByPath", "GetItemUIntByPath",
                                "GetItemUInt64ByPath", "GetItemDoubleByPath", "GetItemFloatByPath"})
@@ -51,11 +50,10 @@ void ExpectResults(QXJSON::IJsonParser& parser, const wchar_t* path, bool fault)
     for (const Operation& operation : ReadingOperations()) {
         if (operation.place != Place::kPath || (fault && operation.returnsBool)) continue;
         const int result = fault ? -5 : ResultOf(Mistake::kBadPlace, operation);
-        for (const Output output : {Output::kGiven, Output::kMissing}) {
-            const Arguments arguments = Along(path, output);
-            EXPECT_EQ(Failed(result, operation, arguments), operation.call(parser, arguments))
-                << operation.name;
-        }
+        Arguments arguments = Along(path);
+        EXPECT_EQ(Answer(result), operation.call(parser, arguments)) << operation.name;
+        for (auto& output : arguments.outputs) output = kMissing;
+        EXPECT_EQ(Answer(result), operation.call(parser, arguments)) << operation.name;
     }
 }
 

@@ -102,9 +102,7 @@ Outputs BlobOf(const Sample& sample) {
     if (sample.kind != Sample::kString) return {};
     const std::optional<std::string> bytes = PlatformDecode(sample.text.c_str());
     if (!bytes) return {};
-    return std::vector<std::wstring>{
-        ShowBytes(reinterpret_cast<const uint8_t*>(bytes->data()), bytes->size()),
-        std::to_wstring(bytes->size())};
+    return {{ShowBytes(bytes->data(), bytes->size()), std::to_wstring(bytes->size())}};
 }
 
 Outputs VariantOf(const Sample& sample) {
@@ -150,6 +148,11 @@ Outputs Accepted(const Operation& operation, const Sample& sample, const Site& s
             return BlobOf(sample);
         case Asks::kVariant:
             return VariantOf(sample);
+        case Asks::kTextVariant:
+            return When(sample.kind == Sample::kString, L"text " + Visible(sample));
+        case Asks::kAnyText:
+            return IsContainer(sample) ? Outputs({sample.json})
+                                       : When(sample.kind == Sample::kString, Visible(sample));
         case Asks::kValueType:
             return {{Show(ValueTypeOf(sample))}};
         case Asks::kItemType:
@@ -180,10 +183,6 @@ int RefusalOf(Asks asks) {
     const bool answersZero = asks == Asks::kObject || asks == Asks::kArray ||
                              asks == Asks::kObjectText || asks == Asks::kArrayText;
     return answersZero ? 0 : -3;
-}
-
-Answer Refused(const Operation& operation, int result) {
-    return {result, std::vector<std::wstring>(operation.outputs, kUnwritten)};
 }
 
 }  // namespace
@@ -252,12 +251,12 @@ Answer ExpectedAnswer(const Operation& operation, const Sample& sample, const Si
     if (operation.hasIndex) {
         const bool names = operation.asks == Asks::kName;
         const bool takes = names ? sample.kind == Sample::kObject : IsContainer(sample);
-        if (!takes) return Refused(operation, -3);
-        if (sample.count == 0) return Refused(operation, 0);
+        if (!takes) return -3;
+        if (sample.count == 0) return 0;
         return names ? Answer{1, {sample.names[0]}} : child;
     }
     if (const Outputs outputs = Accepted(operation, sample, site)) return {1, *outputs};
-    return Refused(operation, RefusalOf(operation.asks));
+    return RefusalOf(operation.asks);
 }
 
 }  // namespace support

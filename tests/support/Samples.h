@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "Operations.h"
+#include "ParserOperationList.h"
 #include "Sites.h"
 
 namespace support {

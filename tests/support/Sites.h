@@ -3,7 +3,7 @@
 #include <string>
 
 #include "IJsonParser.h"
-#include "Operations.h"
+#include "ParserOperationList.h"
 
 namespace support {
 

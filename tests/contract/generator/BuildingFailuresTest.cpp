@@ -62,9 +62,9 @@ bool CanMake(Mistake mistake, const Operation& operation) {
         case Mistake::kBadTag:
             return operation.kind == Kind::kVariant;
         case Mistake::kNoKey:
-            return operation.keyed && operation.kind != Kind::kVariant;
+            return operation.hasKey && operation.kind != Kind::kVariant;
         case Mistake::kLostPlace:
-            return operation.family == Family::kHandle;
+            return operation.place == Place::kHandle;
         case Mistake::kNoText:
             return operation.kind == Kind::kString || operation.kind == Kind::kVariant;
         case Mistake::kBadSelector:
@@ -77,9 +77,9 @@ bool CanMake(Mistake mistake, const Operation& operation) {
 int ResultOf(Mistake mistake, const Operation& operation) {
     switch (mistake) {
         case Mistake::kBadPlace:
-            return operation.family == Family::kPath ? -10 : -2;
+            return operation.place == Place::kPath ? -10 : -2;
         case Mistake::kNoKey:
-            return operation.family == Family::kReference ? -1 : -5;
+            return operation.place == Place::kReference ? -1 : -5;
         case Mistake::kLostPlace:
             return -2;
         case Mistake::kNoText:
@@ -96,7 +96,7 @@ public:
     explicit Calls(Scene& of) : scene(of) {}
 
     Arguments Good(const Operation& operation) {
-        Arguments arguments = scene.Place(operation.keyed ? L"object" : L"array");
+        Arguments arguments = scene.Place(operation.hasKey ? L"object" : L"array");
         arguments.key = L"key";
         arguments.payload = SomeItem(operation.kind).payload;
         return arguments;
@@ -129,10 +129,10 @@ public:
                 arguments.payload.word = 4;
                 break;
             case Mistake::kNoOutput:
-                arguments.output = Output::kMissing;
+                arguments.outputs[0] = kMissing;
                 break;
             case Mistake::kWrongKind:
-                PutAt(operation.keyed ? L"array" : L"object", arguments);
+                PutAt(operation.hasKey ? L"array" : L"object", arguments);
                 break;
         }
     }
@@ -169,7 +169,7 @@ protected:
 };
 
 TEST_F(BuildingFailures, OneMistakeDecidesTheResult) {
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : AddingOperations()) {
         for (const Mistake mistake : kAllMistakes) {
             if (!CanMake(mistake, operation)) continue;
             SCOPED_TRACE(testing::Message() << operation.name << ", " << NameOf(mistake));
@@ -183,7 +183,7 @@ TEST_F(BuildingFailures, OneMistakeDecidesTheResult) {
 
 TEST_F(BuildingFailures, OfTwoMistakesTheOneFoundFirstDecides) {
     int pairs = 0;
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : AddingOperations()) {
         for (const Mistake first : kAllMistakes) {
             for (const Mistake second : kAllMistakes) {
                 if (second <= first || PartOf(first) == PartOf(second)) continue;
@@ -203,9 +203,9 @@ TEST_F(BuildingFailures, OfTwoMistakesTheOneFoundFirstDecides) {
 }
 
 TEST_F(BuildingFailures, EveryParentOfAnotherKindIsWrong) {
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : AddingOperations()) {
         for (const wchar_t* parent :
-             {operation.keyed ? L"array" : L"object", L"text", L"number", L"flag", L"nothing"}) {
+             {operation.hasKey ? L"array" : L"object", L"text", L"number", L"flag", L"nothing"}) {
             SCOPED_TRACE(testing::Message() << operation.name << " at " << parent);
             Calls calls = NewCalls();
             Arguments arguments = calls.Good(operation);
@@ -216,8 +216,8 @@ TEST_F(BuildingFailures, EveryParentOfAnotherKindIsWrong) {
 }
 
 TEST_F(BuildingFailures, EveryHandleThatWasNotIssuedIsUnknown) {
-    for (const Operation& operation : Operations()) {
-        if (operation.family != Family::kHandle) continue;
+    for (const Operation& operation : AddingOperations()) {
+        if (operation.place != Place::kHandle) continue;
         for (const int32_t handle : {0, -1, INT_MIN, INT_MAX, 1000, -2, 0x10001}) {
             SCOPED_TRACE(testing::Message() << operation.name << ", handle " << handle);
             Calls calls = NewCalls();
@@ -229,8 +229,8 @@ TEST_F(BuildingFailures, EveryHandleThatWasNotIssuedIsUnknown) {
 }
 
 TEST_F(BuildingFailures, EveryPathToNothingIsBad) {
-    for (const Operation& operation : Operations()) {
-        if (operation.family != Family::kPath) continue;
+    for (const Operation& operation : AddingOperations()) {
+        if (operation.place != Place::kPath) continue;
         for (const BadPath& bad : BadPaths()) {
             SCOPED_TRACE(testing::Message()
                          << operation.name << ", path " << testing::PrintToString(bad.path));
@@ -243,7 +243,7 @@ TEST_F(BuildingFailures, EveryPathToNothingIsBad) {
 }
 
 TEST_F(BuildingFailures, EveryOtherSelectorIsBad) {
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : AddingOperations()) {
         if (operation.kind != Kind::kSpecialNumber) continue;
         for (const uint32_t selector : {4u, 5u, 0x100u, 0x80000000u, 0x80000001u, 0xFFFFFFFFu}) {
             SCOPED_TRACE(testing::Message() << operation.name << ", selector " << selector);
@@ -256,7 +256,7 @@ TEST_F(BuildingFailures, EveryOtherSelectorIsBad) {
 }
 
 TEST_F(BuildingFailures, EveryOtherTagIsBad) {
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : AddingOperations()) {
         if (operation.kind != Kind::kVariant) continue;
         for (const int tag : {0, 1, 3, 5, 8, 11, 19, 21, 0x3FFF, 0x4001, 0x4014, 0x8000, 0xFFFF}) {
             SCOPED_TRACE(testing::Message() << operation.name << ", tag " << tag);
@@ -270,7 +270,7 @@ TEST_F(BuildingFailures, EveryOtherTagIsBad) {
 
 /// Bytes that are not there are not looked for, whatever their number.
 TEST_F(BuildingFailures, NoBytesOfAnyLength) {
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : AddingOperations()) {
         if (operation.kind != Kind::kBlob) continue;
         for (const uint32_t length : {0u, 1u, 0xFFFFFFFFu}) {
             SCOPED_TRACE(testing::Message() << operation.name << ", length " << length);
@@ -296,11 +296,11 @@ T* Wild() {
 }
 
 const WildPart kWildParts[] = {
-    {"reference", [](const Operation& o) { return o.family == Family::kReference; },
+    {"reference", [](const Operation& o) { return o.place == Place::kReference; },
      [](Arguments& a) { a.reference = 16; }},
-    {"path", [](const Operation& o) { return o.family == Family::kPath; },
+    {"path", [](const Operation& o) { return o.place == Place::kPath; },
      [](Arguments& a) { a.path = Wild<const wchar_t>(); }},
-    {"key", [](const Operation& o) { return o.keyed; },
+    {"key", [](const Operation& o) { return o.hasKey; },
      [](Arguments& a) { a.key = Wild<const wchar_t>(); }},
     {"text", [](const Operation& o) { return o.kind == Kind::kString; },
      [](Arguments& a) { a.payload.text = Wild<const wchar_t>(); }},
@@ -311,7 +311,7 @@ const WildPart kWildParts[] = {
 };
 
 TEST_F(BuildingFailures, APointerToNoMemoryAnswersMinusFive) {
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : AddingOperations()) {
         for (const WildPart& part : kWildParts) {
             if (!part.has(operation)) continue;
             SCOPED_TRACE(operation.name + ", wild " + part.name);
@@ -324,11 +324,11 @@ TEST_F(BuildingFailures, APointerToNoMemoryAnswersMinusFive) {
 }
 
 TEST_F(BuildingFailures, AnOutputInNoMemoryLeavesAUsableGenerator) {
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : AddingOperations()) {
         SCOPED_TRACE(operation.name);
         Calls calls = NewCalls();
         Arguments arguments = calls.Good(operation);
-        arguments.output = Output::kWild;
+        arguments.outputs[0] = kWild;
         EXPECT_EQ((Answer{-5}), operation.call(scene->Generator(), arguments));
         arguments = calls.Good(operation);
         arguments.key = L"another";

@@ -81,9 +81,9 @@ TEST(BuildingKeys, ByHandleAndPath) {
 /// Adding such a key again finds its handle; whether it finds the member is another matter.
 TEST(BuildingKeys, Again) {
     for (const Key& row : kKeys) {
-        for (const Family family : {Family::kHandle, Family::kPath}) {
+        for (const Place place : {Place::kHandle, Place::kPath}) {
             SCOPED_TRACE(testing::Message()
-                         << testing::PrintToString(std::wstring(row.key)) << " " << NameOf(family));
+                         << testing::PrintToString(std::wstring(row.key)) << " " << NameOf(place));
             const support::Generator generator = support::NewGenerator();
             uint32_t handle = 0;
             EXPECT_EQ(1, generator->CreateRootObject(&handle));
@@ -94,11 +94,11 @@ TEST(BuildingKeys, Again) {
             arguments.path = L"/";
             arguments.key = row.key;
             EXPECT_EQ((Answer{1, 2u}),
-                      OperationFor(Kind::kBoolean, family, true).call(*generator, arguments));
+                      AddingOperation(Kind::kBoolean, place, true).call(*generator, arguments));
             EXPECT_EQ(row.below == 1, text != TextOf(*generator));
             arguments.payload = StringItem(L"new").payload;
             const Answer answer =
-                OperationFor(Kind::kString, family, true).call(*generator, arguments);
+                AddingOperation(Kind::kString, place, true).call(*generator, arguments);
             EXPECT_EQ(row.below == 1 ? (Answer{1, 2u}) : Answer{-5}, answer);
             EXPECT_EQ(row.below == 1, TextOf(*generator).find(L"\"new\"") != std::wstring::npos);
         }
@@ -126,8 +126,8 @@ TEST(BuildingKeys, ByReference) {
 
 /// A key with a slash is remembered under the path of another item, if there is one.
 TEST(BuildingKeys, AKeyThatReadsAsThePathOfAnotherItem) {
-    for (const Family family : {Family::kHandle, Family::kPath}) {
-        SCOPED_TRACE(NameOf(family));
+    for (const Place place : {Place::kHandle, Place::kPath}) {
+        SCOPED_TRACE(NameOf(place));
         const support::Generator generator = support::NewGenerator();
         uint32_t handle = 0;
         EXPECT_EQ(1, generator->CreateRootObject(&handle));
@@ -138,7 +138,7 @@ TEST(BuildingKeys, AKeyThatReadsAsThePathOfAnotherItem) {
         arguments.handle = 1;
         arguments.path = L"/";
         arguments.key = L"a/0";
-        const Operation& add = OperationFor(Kind::kString, family, true);
+        const Operation& add = AddingOperation(Kind::kString, place, true);
         EXPECT_EQ((Answer{1, 3u}), add.call(*generator, arguments));
         EXPECT_EQ(LR"({"a":["put there"]})", TextOf(*generator));
         arguments.key = L"a/1";
@@ -174,15 +174,15 @@ const size_t kLongKeys[] = {1000, 1021, 1022, 1023, 1024, 1025, 1026, 2047, 2048
 
 TEST(BuildingKeys, LongOnesInEveryOperation) {
     for (const size_t length : kLongKeys) {
-        for (const Operation& operation : Operations()) {
-            if (!operation.keyed) continue;
+        for (const Operation& operation : AddingOperations()) {
+            if (!operation.hasKey) continue;
             SCOPED_TRACE(testing::Message() << operation.name << ", " << length << " units");
             Scene scene;
             Document expected = scene.Copy();
             Allocator& allocator = expected.GetAllocator();
             const std::wstring key(length, L'k');
             const Item& item = SomeItem(operation.kind);
-            Value value = Stored(item, operation.family, allocator);
+            Value value = Stored(item, operation.place, allocator);
             Resolve(expected, L"/object")->AddMember(NewString(key, allocator), value, allocator);
             Arguments arguments = scene.Place(L"object");
             arguments.key = key.c_str();
@@ -190,7 +190,7 @@ TEST(BuildingKeys, LongOnesInEveryOperation) {
             const Answer first = operation.call(scene.Generator(), arguments);
             EXPECT_EQ(1, first.result);
             EXPECT_TRUE(TextOf(expected) == scene.Text());
-            if (operation.family == Family::kReference) continue;
+            if (operation.place == Place::kReference) continue;
             EXPECT_EQ(first, operation.call(scene.Generator(), arguments));
             EXPECT_TRUE(TextOf(expected) == scene.Text());
         }

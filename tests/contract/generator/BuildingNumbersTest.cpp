@@ -25,19 +25,19 @@ struct Row {
 
 /// Adds one item below the root, as a member and as an element, in every family that has it.
 void ExpectWritten(const Row& row) {
-    for (const Family family : kAllFamilies) {
-        if (!IsAddedBy(family, row.item)) continue;
+    for (const Place place : kAllPlaces) {
+        if (!IsAddedBy(place, row.item)) continue;
         for (const bool keyed : {true, false}) {
-            SCOPED_TRACE(row.item.name + " " + NameOf(family) + (keyed ? ", keyed" : ""));
+            SCOPED_TRACE(row.item.name + " " + NameOf(place) + (keyed ? ", keyed" : ""));
             Scene scene;
             const wchar_t* parent = keyed ? L"object" : L"array";
             Arguments arguments = scene.Place(parent);
             arguments.payload = row.item.payload;
             arguments.key = L"k";
-            EXPECT_EQ(1, OperationFor(row.item.kind, family, keyed)
+            EXPECT_EQ(1, AddingOperation(row.item.kind, place, keyed)
                              .call(scene.Generator(), arguments)
                              .result);
-            const bool other = family == Family::kPath && row.byPath != nullptr;
+            const bool other = place == Place::kPath && row.byPath != nullptr;
             const std::wstring text = other ? row.byPath : row.text;
             const std::wstring whole = keyed ? L"{\"k\":" + text + L"}" : L"[" + text + L"]";
             EXPECT_EQ(whole, TextOf(At(scene.Place(parent).reference)));
@@ -153,17 +153,17 @@ TEST(BuildingNumbers, TheValueBehindAReference) {
     uint64_t root = 0;
     EXPECT_EQ(1, generator->ResetRootObjectValue(&root));
     for (const Item& item : Items()) {
-        if (!IsAddedBy(Family::kReference, item)) continue;
+        if (!IsAddedBy(Place::kReference, item)) continue;
         SCOPED_TRACE(item.name);
         Arguments arguments = With(item);
         arguments.reference = root;
         arguments.key = L"k";
         const Answer answer =
-            OperationFor(item.kind, Family::kReference, true).call(*generator, arguments);
-        ASSERT_TRUE(answer.output.has_value());
+            AddingOperation(item.kind, Place::kReference, true).call(*generator, arguments);
+        ASSERT_EQ(1u, answer.outputs.size());
         Allocator allocator;
-        const Value expected = Stored(item, Family::kReference, allocator);
-        const Value& value = At(*answer.output);
+        const Value expected = Stored(item, Place::kReference, allocator);
+        const Value& value = At(answer.Number());
         EXPECT_EQ(expected.GetType(), value.GetType());
         EXPECT_EQ(expected.IsDouble(), value.IsDouble());
         EXPECT_EQ(expected.IsInt(), value.IsInt());

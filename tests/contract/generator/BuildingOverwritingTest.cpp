@@ -9,12 +9,10 @@ namespace {
 
 using namespace building;
 
-std::vector<Operation> Overwriting() {
-    std::vector<Operation> operations;
-    for (const Operation& operation : Operations())
-        if (operation.keyed && operation.family != Family::kReference)
-            operations.push_back(operation);
-    return operations;
+support::Operations Overwriting() {
+    return OperationsIf(AddingOperations(), [](const Operation& operation) {
+        return operation.hasKey && operation.place != Place::kReference;
+    });
 }
 
 /// Adds an item under a key by handle; the handle of the new item.
@@ -22,10 +20,10 @@ uint32_t Add(Scene& scene, int32_t parent, const wchar_t* key, const Item& item)
     Arguments arguments = With(item);
     arguments.handle = parent;
     arguments.key = key;
-    const Answer answer =
-        OperationFor(item.kind, Family::kHandle, key != nullptr).call(scene.Generator(), arguments);
+    const Answer answer = AddingOperation(item.kind, Place::kHandle, key != nullptr)
+                              .call(scene.Generator(), arguments);
     EXPECT_EQ(1, answer.result);
-    return static_cast<uint32_t>(answer.output.value_or(0));
+    return static_cast<uint32_t>(answer.Number());
 }
 
 int32_t HandleOf(Scene& scene, const wchar_t* member) { return scene.Place(member).handle; }
@@ -75,7 +73,7 @@ TEST(BuildingOverwriting, EveryKindOverEveryKindInPlace) {
                 Add(scene, arguments.handle, L"after", IntItem(2));
                 Document expected = scene.Copy();
                 *Resolve(expected, L"/object/key") =
-                    Stored(item, operation.family, expected.GetAllocator());
+                    Stored(item, operation.place, expected.GetAllocator());
                 const uint32_t next = scene.NextHandle() + 1;
 
                 arguments.key = L"key";
@@ -119,7 +117,7 @@ const Refusal kRefusals[] = {
     {"a bad selector", [](const Operation& o) { return o.kind == Kind::kSpecialNumber; },
      [](Arguments& a) { a.payload.word = 4; }, 0},
     {"no output", [](const Operation&) { return true; },
-     [](Arguments& a) { a.output = Output::kMissing; }, 0},
+     [](Arguments& a) { a.outputs[0] = kMissing; }, 0},
 };
 
 TEST(BuildingOverwriting, ARefusedItemLeavesTheOldOne) {
@@ -184,7 +182,7 @@ TEST(BuildingOverwriting, AChildOfAParentThatIsGone) {
         Arguments arguments = With(SomeItem(operation.kind));
         arguments.handle = middle;
         arguments.path = L"/object/middle";
-        const bool byPath = operation.family == Family::kPath;
+        const bool byPath = operation.place == Place::kPath;
         const Answer known = IsText(SomeItem(operation.kind)) ? Answer{-5} : Answer{1, child};
         arguments.key = L"child";
         EXPECT_EQ(byPath ? Answer{-10} : known, operation.call(scene.Generator(), arguments));
@@ -225,17 +223,17 @@ TEST(BuildingOverwriting, AnElementUnderTheKeyOfAnEarlierMember) {
         arguments.key = L"1";
         EXPECT_EQ((Answer{1, child}), operation.call(scene.Generator(), arguments));
         const Value& list = *Resolve(At(scene.Place(L"").reference), L"/object/list");
-        EXPECT_EQ(L"[\"first\"," + StoredText(SomeItem(operation.kind), operation.family) +
-                      L",\"third\"]",
-                  TextOf(list));
+        EXPECT_EQ(
+            L"[\"first\"," + StoredText(SomeItem(operation.kind), operation.place) + L",\"third\"]",
+            TextOf(list));
         arguments.key = L"2 or another";
         EXPECT_EQ((Answer{-3}), operation.call(scene.Generator(), arguments));
     }
 }
 
 TEST(BuildingOverwriting, AppendingNeverOverwritesButFindsTheOldHandle) {
-    for (const Operation& operation : Operations()) {
-        if (operation.keyed || operation.family == Family::kReference) continue;
+    for (const Operation& operation : AddingOperations()) {
+        if (operation.hasKey || operation.place == Place::kReference) continue;
         SCOPED_TRACE(operation.name);
         Scene scene;
         const int32_t object = HandleOf(scene, L"object");
@@ -251,7 +249,7 @@ TEST(BuildingOverwriting, AppendingNeverOverwritesButFindsTheOldHandle) {
         EXPECT_EQ((Answer{1, first}), operation.call(scene.Generator(), arguments));
         EXPECT_EQ((Answer{1, second}), operation.call(scene.Generator(), arguments));
         EXPECT_EQ((Answer{1, next}), operation.call(scene.Generator(), arguments));
-        const std::wstring text = StoredText(SomeItem(operation.kind), operation.family);
+        const std::wstring text = StoredText(SomeItem(operation.kind), operation.place);
         const std::wstring all = L"[" + text + L"," + text + L"," + text + L"]";
         EXPECT_EQ(all, TextOf(*Resolve(At(scene.Place(L"").reference), L"/object/list")));
     }
@@ -277,7 +275,7 @@ TEST(BuildingOverwriting, AMemberThatHasNoHandle) {
             arguments.key = L"k";
             arguments.payload = SomeItem(operation.kind).payload;
             const std::wstring added =
-                L"\"k\":" + StoredText(SomeItem(operation.kind), operation.family);
+                L"\"k\":" + StoredText(SomeItem(operation.kind), operation.place);
             EXPECT_EQ((Answer{1, handle}), operation.call(generator, arguments));
             const std::wstring first = L"{" + added + L",\"k\":2";
             const std::wstring after = asked ? first + L"}" : L"{\"k\":1,\"k\":2," + added + L"}";
@@ -311,12 +309,12 @@ TEST(BuildingOverwriting, NeverByReference) {
     arguments.key = L"k";
     std::wstring expected;
     Add(scene, arguments.handle, L"k", StringItem(L"has a handle"));
-    for (const Operation& operation : Operations()) {
-        if (!operation.keyed || operation.family != Family::kReference) continue;
+    for (const Operation& operation : AddingOperations()) {
+        if (!operation.hasKey || operation.place != Place::kReference) continue;
         SCOPED_TRACE(operation.name);
         arguments.payload = SomeItem(operation.kind).payload;
         EXPECT_EQ(1, operation.call(scene.Generator(), arguments).result);
-        expected += L",\"k\":" + StoredText(SomeItem(operation.kind), operation.family);
+        expected += L",\"k\":" + StoredText(SomeItem(operation.kind), operation.place);
         EXPECT_EQ(L"{\"k\":\"has a handle\"" + expected + L"}",
                   TextOf(At(scene.Place(L"object").reference)));
     }

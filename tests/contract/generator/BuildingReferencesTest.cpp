@@ -14,8 +14,8 @@ constexpr int kAdds = 70;  // enough for the storage of the children to move sev
 /// Everything that is added by reference.
 template <class Visit>
 void ForEveryItem(bool keyed, Visit visit) {
-    for (const Operation& operation : Operations()) {
-        if (operation.family != Family::kReference || operation.keyed != keyed) continue;
+    for (const Operation& operation : AddingOperations()) {
+        if (operation.place != Place::kReference || operation.hasKey != keyed) continue;
         for (const Item& item : Items()) {
             if (item.kind != operation.kind) continue;
             SCOPED_TRACE(operation.name + " of " + item.name);
@@ -42,7 +42,7 @@ TEST(BuildingReferences, AMembersIsItsAddress) {
             const auto last = At(arguments.reference).MemberEnd() - 1;
             EXPECT_EQ((Answer{1, ReferenceOf(last->value)}), answer);
             EXPECT_STREQ(key.c_str(), last->name.GetString());
-            EXPECT_EQ(StoredText(item, Family::kReference), TextOf(last->value));
+            EXPECT_EQ(StoredText(item, Place::kReference), TextOf(last->value));
         }
     });
 }
@@ -58,7 +58,7 @@ TEST(BuildingReferences, AnElementsIsItsAddressUnlessItIsAScalar) {
             const Value& last = *(At(arguments.reference).End() - 1);
             const uint64_t odd = arguments.reference + 16 * i;
             EXPECT_EQ((Answer{1, IsScalar(item) ? odd : ReferenceOf(last)}), answer);
-            EXPECT_EQ(StoredText(item, Family::kReference), TextOf(last));
+            EXPECT_EQ(StoredText(item, Place::kReference), TextOf(last));
         }
     });
 }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <optional>
 
 #include "BuildScene.h"
 
@@ -13,8 +13,6 @@ using QXJSON::IJsonGenerator;
 using support::Generator;
 using support::NewGenerator;
 
-constexpr uint32_t kUntouched = 4711;
-
 /// The result of asking for a handle's path: 1 where the handle is known, -2 where it is not.
 int PathOf(IJsonGenerator& generator, int32_t handle) {
     wchar_t path[1024];
@@ -22,14 +20,14 @@ int PathOf(IJsonGenerator& generator, int32_t handle) {
 }
 
 TEST(BuildingRoots, BeforeThereIsOne) {
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : AddingOperations()) {
         SCOPED_TRACE(operation.name);
         const Generator generator = NewGenerator();
         Arguments arguments = With(SomeItem(operation.kind));
         arguments.handle = 1;
         arguments.path = L"/";
         arguments.key = L"k";
-        const bool byPath = operation.family == Family::kPath;
+        const bool byPath = operation.place == Place::kPath;
         EXPECT_EQ((Answer{byPath ? -3 : -2}), operation.call(*generator, arguments));
         for (const wchar_t* path : {L"/x", L"/1", L"//"}) {
             arguments.path = path;
@@ -55,8 +53,8 @@ TEST(BuildingRoots, BeforeThereIsOneTheRootIsNull) {
     wchar_t path[1024] = L"";
     EXPECT_EQ(1, generator->GetItemPath(1, path));
     EXPECT_STREQ(L"/", path);
-    for (const Operation& operation : Operations()) {
-        if (operation.family != Family::kHandle) continue;
+    for (const Operation& operation : AddingOperations()) {
+        if (operation.place != Place::kHandle) continue;
         SCOPED_TRACE(operation.name);
         Arguments arguments = With(SomeItem(operation.kind));
         arguments.handle = 1;
@@ -66,35 +64,25 @@ TEST(BuildingRoots, BeforeThereIsOneTheRootIsNull) {
     EXPECT_EQ(L"", TextOf(*generator));
 }
 
-/// One of the operations that start a document. The output of those that give a reference and those
-/// that give a handle is written here as one.
-struct Start {
-    const char* name;
-    bool isObject;
-    bool givesHandle;
-    int (*call)(IJsonGenerator& generator, uint64_t* output);
-};
-
-template <int (IJsonGenerator::*function)(uint32_t*)>
-int GiveHandle(IJsonGenerator& generator, uint64_t* output) {
-    if (output == nullptr) return (generator.*function)(nullptr);
-    uint32_t handle = kUntouched;
-    const int result = (generator.*function)(&handle);
-    *output = handle;
-    return result;
+/// The operations that start a document.
+const support::Operations& Starts() {
+    static const auto starts = OperationsIf(
+        support::GeneratorOperations(),
+        [](const Operation& operation) { return operation.asks == support::Asks::kNewRoot; });
+    return starts;
 }
 
-template <int (IJsonGenerator::*function)(uint64_t*)>
-int GiveReference(IJsonGenerator& generator, uint64_t* output) {
-    return (generator.*function)(output);
-}
+bool StartsObject(const Operation& start) { return start.name.find("Object") != std::string::npos; }
 
-const Start kStarts[] = {
-    {"ResetRootObjectValue", true, false, GiveReference<&IJsonGenerator::ResetRootObjectValue>},
-    {"CreateRootObject", true, true, GiveHandle<&IJsonGenerator::CreateRootObject>},
-    {"ResetRootArrayValue", false, false, GiveReference<&IJsonGenerator::ResetRootArrayValue>},
-    {"CreateRootArray", false, true, GiveHandle<&IJsonGenerator::CreateRootArray>},
-};
+bool GivesHandle(const Operation& start) { return start.Takes(support::parameters::kOutHandle); }
+
+/// A call whose output is a variable, or is at this address.
+Answer Begin(const Operation& start, IJsonGenerator& generator,
+             std::optional<uintptr_t> output = {}) {
+    Arguments arguments;
+    arguments.outputs[0] = output;
+    return start.call(generator, arguments);
+}
 
 /// What a generator went through before.
 struct Past {
@@ -143,8 +131,8 @@ const Past kPasts[] = {
 template <class Visit>
 void ForEveryPastAndStart(Visit visit) {
     for (const Past& past : kPasts) {
-        for (const Start& start : kStarts) {
-            SCOPED_TRACE(std::string(start.name) + " after " + past.name);
+        for (const Operation& start : Starts()) {
+            SCOPED_TRACE(start.name + " after " + past.name);
             const Generator generator = NewGenerator();
             past.live(*generator);
             visit(*generator, start);
@@ -161,62 +149,50 @@ uint32_t AddByPath(IJsonGenerator& generator, bool toObject) {
 }
 
 TEST(BuildingRoots, StartOverWithNothing) {
-    ForEveryPastAndStart([](IJsonGenerator& generator, const Start& start) {
-        uint64_t output = 0;
-        EXPECT_EQ(1, start.call(generator, &output));
-        EXPECT_EQ(start.isObject ? L"{}" : L"[]", TextOf(generator));
-        if (start.givesHandle) {
-            EXPECT_EQ(1u, output);
-        }
-        EXPECT_EQ(start.givesHandle ? 1 : -2, PathOf(generator, 1));
+    ForEveryPastAndStart([](IJsonGenerator& generator, const Operation& start) {
+        const Answer answer = Begin(start, generator);
+        EXPECT_EQ(GivesHandle(start) ? Answer(1, 1) : Answer(1, answer.Number()), answer);
+        EXPECT_EQ(StartsObject(start) ? L"{}" : L"[]", TextOf(generator));
+        EXPECT_EQ(GivesHandle(start) ? 1 : -2, PathOf(generator, 1));
         for (const int32_t handle : {0, 2, 3, 4, 5}) EXPECT_EQ(-2, PathOf(generator, handle));
         // A new item at an old item's path gets a handle of its own.
-        EXPECT_EQ(start.givesHandle ? 2u : 1u, AddByPath(generator, start.isObject));
-        EXPECT_EQ(start.isObject ? L"{\"a\":null}" : L"[null]", TextOf(generator));
+        EXPECT_EQ(GivesHandle(start) ? 2u : 1u, AddByPath(generator, StartsObject(start)));
+        EXPECT_EQ(StartsObject(start) ? L"{\"a\":null}" : L"[null]", TextOf(generator));
     });
 }
 
 TEST(BuildingRoots, WithoutAHandleTheRootGetsOneWhenItIsAskedFor) {
-    for (const Start& start : kStarts) {
+    for (const Operation& start : Starts()) {
         SCOPED_TRACE(start.name);
         const Generator generator = NewGenerator();
-        uint64_t output = 0;
         uint32_t handle = 0;
-        EXPECT_EQ(1, start.call(*generator, &output));
-        const uint32_t child = AddByPath(*generator, start.isObject);
-        EXPECT_EQ(start.givesHandle ? 2u : 1u, child);
+        EXPECT_EQ(1, Begin(start, *generator).result);
+        const uint32_t child = AddByPath(*generator, StartsObject(start));
+        EXPECT_EQ(GivesHandle(start) ? 2u : 1u, child);
         EXPECT_EQ(1, generator->GetItemHandleByPath(L"/", &handle));
-        EXPECT_EQ(start.givesHandle ? 1u : 2u, handle);
-        EXPECT_EQ(start.isObject ? 1 : -3,
+        EXPECT_EQ(GivesHandle(start) ? 1u : 2u, handle);
+        EXPECT_EQ(StartsObject(start) ? 1 : -3,
                   generator->AddObjectItemInt(static_cast<int32_t>(handle), L"b", 1, &handle));
     }
 }
 
 /// Without an output there is no root, but what was there before is gone all the same.
 TEST(BuildingRoots, WithoutAnOutput) {
-    ForEveryPastAndStart([](IJsonGenerator& generator, const Start& start) {
-        EXPECT_EQ(0, start.call(generator, nullptr));
+    ForEveryPastAndStart([](IJsonGenerator& generator, const Operation& start) {
+        EXPECT_EQ(Answer(0), Begin(start, generator, kMissing));
         EXPECT_EQ(L"", TextOf(generator));
         for (const int32_t handle : {0, 1, 2, 3, 4}) EXPECT_EQ(-2, PathOf(generator, handle));
-        uint64_t output = 0;
-        EXPECT_EQ(1, start.call(generator, &output));
-        EXPECT_EQ(start.isObject ? L"{}" : L"[]", TextOf(generator));
+        EXPECT_EQ(1, Begin(start, generator).result);
+        EXPECT_EQ(StartsObject(start) ? L"{}" : L"[]", TextOf(generator));
     });
 }
 
 TEST(BuildingRoots, WithAnOutputInNoMemory) {
-    ForEveryPastAndStart([](IJsonGenerator& generator, const Start& start) {
-        if (start.givesHandle) {
-            auto* wild = reinterpret_cast<uint32_t*>(uintptr_t{16});
-            EXPECT_EQ(-5, start.isObject ? generator.CreateRootObject(wild)
-                                         : generator.CreateRootArray(wild));
-        } else {
-            EXPECT_EQ(-5, start.call(generator, reinterpret_cast<uint64_t*>(uintptr_t{16})));
-        }
+    ForEveryPastAndStart([](IJsonGenerator& generator, const Operation& start) {
+        EXPECT_EQ(Answer(-5), Begin(start, generator, kWild));
         EXPECT_EQ(-2, PathOf(generator, 2));
-        uint64_t output = 0;
-        EXPECT_EQ(1, start.call(generator, &output));
-        EXPECT_EQ(start.isObject ? L"{}" : L"[]", TextOf(generator));
+        EXPECT_EQ(1, Begin(start, generator).result);
+        EXPECT_EQ(StartsObject(start) ? L"{}" : L"[]", TextOf(generator));
     });
 }
 

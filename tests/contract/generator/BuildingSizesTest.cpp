@@ -30,8 +30,8 @@ struct Rooted {
 };
 
 /// Adds the integers from 0 to the root; how many of the calls did as they should.
-int AddIntegers(Rooted& rooted, Family family, bool keyed, int count) {
-    const Operation& add = OperationFor(Kind::kInt, family, keyed);
+int AddIntegers(Rooted& rooted, Place place, bool keyed, int count) {
+    const Operation& add = AddingOperation(Kind::kInt, place, keyed);
     Arguments arguments = rooted.root;
     int good = 0;
     for (int i = 0; i < count; ++i) {
@@ -39,8 +39,8 @@ int AddIntegers(Rooted& rooted, Family family, bool keyed, int count) {
         arguments.key = key.c_str();
         arguments.payload.int32 = i;
         const Answer answer = add.call(*rooted.generator, arguments);
-        const bool isNext = family == Family::kReference || answer.output == i + 2u;
-        if (answer.result == 1 && answer.output && isNext) ++good;
+        const bool isNext = place == Place::kReference || answer.Number() == i + 2u;
+        if (answer.result == 1 && !answer.outputs.empty() && isNext) ++good;
     }
     return good;
 }
@@ -59,14 +59,14 @@ std::wstring ExpectedMembers() {
     return TextOf(expected);
 }
 
-class BuildingSizes : public testing::TestWithParam<Family> {};
+class BuildingSizes : public testing::TestWithParam<Place> {};
 
 TEST_P(BuildingSizes, AMillionElements) {
     Rooted rooted(false);
     EXPECT_EQ(kElements, AddIntegers(rooted, GetParam(), false, kElements));
     EXPECT_TRUE(ExpectedElements() == TextOf(*rooted.generator));
     uint32_t handle = 0;
-    const uint32_t last = GetParam() == Family::kReference ? 2 : kElements + 1;
+    const uint32_t last = GetParam() == Place::kReference ? 2 : kElements + 1;
     EXPECT_EQ(1, rooted.generator->GetItemHandleByPath(L"/1000000", &handle));
     EXPECT_EQ(last, handle);
     EXPECT_EQ(-10, rooted.generator->GetItemHandleByPath(L"/1000001", &handle));
@@ -79,13 +79,13 @@ TEST_P(BuildingSizes, AHundredThousandMembers) {
     Rooted rooted(true);
     EXPECT_EQ(kMembers, AddIntegers(rooted, GetParam(), true, kMembers));
     EXPECT_TRUE(ExpectedMembers() == TextOf(*rooted.generator));
-    if (GetParam() == Family::kReference) return;
+    if (GetParam() == Place::kReference) return;
     // Each of these finds its member again.
     EXPECT_EQ(1000, AddIntegers(rooted, GetParam(), true, 1000));
     EXPECT_TRUE(ExpectedMembers() == TextOf(*rooted.generator));
 }
 
-INSTANTIATE_TEST_SUITE_P(Families, BuildingSizes, testing::ValuesIn(kAllFamilies));
+INSTANTIATE_TEST_SUITE_P(Families, BuildingSizes, testing::ValuesIn(kAllPlaces));
 
 constexpr int kTooDeep = 200000;
 

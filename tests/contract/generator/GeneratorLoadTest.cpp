@@ -12,27 +12,25 @@
 
 namespace {
 
+using support::Answer;
+using support::Arguments;
+using support::Asks;
 using support::Generator;
 using support::GeneratorOf;
-using support::Graft;
-using support::GraftArguments;
-using support::Grafted;
-using support::GraftRoute;
 using support::GraftScene;
 using support::GraftSource;
 using support::HandleAt;
 using support::JsonOf;
-using support::kUnwrittenHandle;
 using support::NewGenerator;
+using support::Operation;
+using support::Operations;
 using support::PathOf;
 using support::TempFile;
 
 /// Both loads.
-std::vector<GraftRoute> Loads() {
-    std::vector<GraftRoute> loads;
-    for (const GraftRoute& route : support::AllGraftRoutes())
-        if (!route.IsGraft()) loads.push_back(route);
-    return loads;
+Operations Loads() {
+    return OperationsIf(support::AllGraftRoutes(),
+                        [](const Operation& route) { return route.asks == Asks::kLoad; });
 }
 
 struct Row {
@@ -52,13 +50,13 @@ const Row kRows[] = {
 TEST(GeneratorLoad, ResultsOfTextAndOfFiles) {
     ASSERT_EQ(2u, Loads().size());
     for (const Row& row : kRows) {
-        for (const GraftRoute& load : Loads()) {
+        for (const Operation& load : Loads()) {
             SCOPED_TRACE(testing::Message() << load << " of " << testing::PrintToString(row.json));
-            const int expected = load.fromFile ? row.fromFile : row.fromText;
+            const int expected = ReadsFile(load) ? row.fromFile : row.fromText;
             const GraftSource source(load, std::wstring(row.json));
             const Generator generator = NewGenerator();
-            const Grafted grafted = Graft(load, *generator, GraftScene::Good(load, source));
-            EXPECT_EQ((Grafted{expected, expected == 1 ? 1 : kUnwrittenHandle}), grafted);
+            const Answer grafted = load.call(*generator, GraftScene::Good(load, source));
+            EXPECT_EQ(expected == 1 ? Answer(1, 1) : Answer(expected), grafted);
             EXPECT_EQ(expected == 1 ? row.json : L"", JsonOf(*generator));
             EXPECT_EQ(expected == 1 ? L"/" : L"", PathOf(*generator, 1));
         }
@@ -66,23 +64,23 @@ TEST(GeneratorLoad, ResultsOfTextAndOfFiles) {
 }
 
 TEST(GeneratorLoad, NullSources) {
-    for (const GraftRoute& load : Loads()) {
+    for (const Operation& load : Loads()) {
         GraftScene scene;
-        scene.ExpectFailure(load.BadSourceResult(), load, GraftArguments());
+        scene.ExpectFailure(BadSourceResult(load), load, Arguments());
         scene.ExpectNextHandle(GraftScene::kNext);
     }
 }
 
 /// The variable for the handle is asked for first.
 TEST(GeneratorLoad, WithoutAVariableForTheHandle) {
-    for (const GraftRoute& load : Loads()) {
+    for (const Operation& load : Loads()) {
         for (const wchar_t* json : {L"[1]", L"5", L"[", L""}) {
             const GraftSource source(load, std::wstring(json));
             GraftScene scene;
-            GraftArguments arguments = GraftScene::Good(load, source);
-            arguments.hasOutput = false;
+            Arguments arguments = GraftScene::Good(load, source);
+            arguments.outputs[0] = support::kMissing;
             scene.ExpectFailure(0, load, arguments);
-            arguments.source = nullptr;
+            arguments.payload.text = nullptr;
             scene.ExpectFailure(0, load, arguments);
             scene.ExpectNextHandle(GraftScene::kNext);
         }
@@ -90,10 +88,10 @@ TEST(GeneratorLoad, WithoutAVariableForTheHandle) {
 }
 
 TEST(GeneratorLoad, TheRootHasTheHandleOneAndEarlierHandlesEnd) {
-    for (const GraftRoute& load : Loads()) {
+    for (const Operation& load : Loads()) {
         const GraftSource source(load, std::wstring(L"{\"object\":{},\"list\":[1]}"));
         GraftScene scene;
-        EXPECT_EQ((Grafted{1, 1}), Graft(load, *scene, GraftScene::Good(load, source)));
+        EXPECT_EQ((Answer{1, 1}), load.call(*scene, GraftScene::Good(load, source)));
         EXPECT_EQ(L"/", PathOf(*scene, 1));
         for (uint32_t handle = 2; handle < 10; ++handle) EXPECT_EQ(L"", PathOf(*scene, handle));
         EXPECT_EQ(2u, HandleAt(*scene, L"/list"));
@@ -106,10 +104,10 @@ TEST(GeneratorLoad, TheRootHasTheHandleOneAndEarlierHandlesEnd) {
 TEST(GeneratorLoad, LoadsFollowEachOther) {
     const Generator generator = NewGenerator();
     for (int i = 0; i < 20; ++i) {
-        const GraftRoute load = Loads()[i % 2];
+        const Operation load = Loads()[i % 2];
         const std::wstring json = L"{\"turn\":" + std::to_wstring(i) + L",\"more\":[]}";
         const GraftSource source(load, json);
-        EXPECT_EQ((Grafted{1, 1}), Graft(load, *generator, GraftScene::Good(load, source)));
+        EXPECT_EQ((Answer{1, 1}), load.call(*generator, GraftScene::Good(load, source)));
         EXPECT_EQ(json, JsonOf(*generator));
         EXPECT_EQ(2u, HandleAt(*generator, L"/more"));
     }
@@ -117,10 +115,10 @@ TEST(GeneratorLoad, LoadsFollowEachOther) {
 
 /// A loaded document is one like any other: items go into it by handle, path and reference.
 TEST(GeneratorLoad, ItemsAreAddedToWhatWasLoaded) {
-    for (const GraftRoute& load : Loads()) {
+    for (const Operation& load : Loads()) {
         const GraftSource source(load, std::wstring(L"{\"a\":{\"b\":[true]}}"));
         const Generator generator = NewGenerator();
-        ASSERT_EQ((Grafted{1, 1}), Graft(load, *generator, GraftScene::Good(load, source)));
+        ASSERT_EQ((Answer{1, 1}), load.call(*generator, GraftScene::Good(load, source)));
         uint32_t handle = 0;
         EXPECT_EQ(1, generator->AddObjectItemInt(1, L"c", 7, &handle));
         EXPECT_EQ(2u, handle);
@@ -152,12 +150,12 @@ TEST(GeneratorLoad, InPlaceOfAnything) {
             g.AddArrayItemJsonString(1, L"{\"k\":[]}", &handle);
         },
     };
-    for (const GraftRoute& load : Loads()) {
+    for (const Operation& load : Loads()) {
         for (const Begin begin : begins) {
             const GraftSource source(load, std::wstring(L"{\"k\":[1]}"));
             const Generator generator = NewGenerator();
             begin(*generator);
-            EXPECT_EQ((Grafted{1, 1}), Graft(load, *generator, GraftScene::Good(load, source)));
+            EXPECT_EQ((Answer{1, 1}), load.call(*generator, GraftScene::Good(load, source)));
             EXPECT_EQ(L"{\"k\":[1]}", JsonOf(*generator));
             EXPECT_EQ(2u, HandleAt(*generator, L"/k"));
         }
@@ -167,9 +165,9 @@ TEST(GeneratorLoad, InPlaceOfAnything) {
 /// A load that fails leaves everything usable, however often it comes.
 TEST(GeneratorLoad, FailuresInARow) {
     GraftScene scene;
-    for (const GraftRoute& load : Loads()) {
+    for (const Operation& load : Loads()) {
         for (const Row& row : kRows) {
-            const int expected = load.fromFile ? row.fromFile : row.fromText;
+            const int expected = ReadsFile(load) ? row.fromFile : row.fromText;
             if (expected == 1) continue;
             const GraftSource source(load, std::wstring(row.json));
             scene.ExpectFailure(expected, load, GraftScene::Good(load, source));
@@ -200,11 +198,11 @@ TEST(GeneratorLoad, NothingOfTheSourceIsKept) {
 /// The system's own measure of a text's length answers 0 where there is nothing to read; a file
 /// name there faults. Both leave the generator as it was.
 TEST(GeneratorLoad, SourcesThatAreNoMemory) {
-    GraftArguments arguments;
-    arguments.source = reinterpret_cast<const wchar_t*>(uintptr_t{8});
-    for (const GraftRoute& load : Loads()) {
+    Arguments arguments;
+    arguments.payload.text = reinterpret_cast<const wchar_t*>(uintptr_t{8});
+    for (const Operation& load : Loads()) {
         GraftScene scene;
-        scene.ExpectFailure(load.fromFile ? -5 : 0, load, arguments);
+        scene.ExpectFailure(ReadsFile(load) ? -5 : 0, load, arguments);
         scene.ExpectNextHandle(GraftScene::kNext);
     }
 }

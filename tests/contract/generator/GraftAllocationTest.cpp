@@ -16,27 +16,25 @@
 namespace {
 
 using support::AllGraftRoutes;
+using support::Answer;
+using support::Arguments;
 using support::FailingAllocations;
-using support::Graft;
-using support::GraftArguments;
-using support::Grafted;
-using support::GraftRoute;
 using support::GraftScene;
 using support::GraftSource;
-using support::kUnwrittenHandle;
+using support::Operation;
 using support::StateOf;
 
 constexpr int kAllThatFollow = std::numeric_limits<int>::max();
 constexpr int kHowMany[] = {1, kAllThatFollow};
 
 /// What a call with failing allocations may answer.
-bool IsFailure(const GraftRoute& route, bool isAnsi, int result) {
-    return result == -5 || (isAnsi && result == route.BadSourceResult());
+bool IsFailure(const Operation& route, bool isAnsi, int result) {
+    return result == -5 || (isAnsi && result == BadSourceResult(route));
 }
 
 /// Runs the call with the n-th allocation failing, for every n, until none fails any more.
-void FailEach(const GraftRoute& route, const GraftSource& source, bool isAnsi, int count) {
-    const GraftArguments arguments = GraftScene::Good(route, source);
+void FailEach(const Operation& route, const GraftSource& source, bool isAnsi, int count) {
+    const Arguments arguments = GraftScene::Good(route, source);
     support::PrepareForExhaustion();
     FailingAllocations allocations;
     int failures = 0;
@@ -47,7 +45,7 @@ void FailEach(const GraftRoute& route, const GraftSource& source, bool isAnsi, i
             GraftScene scene;
             const support::GeneratorState before = StateOf(*scene);
             allocations.Fail(n, count);
-            const Grafted grafted = Graft(route, *scene, arguments);
+            const Answer grafted = route.call(*scene, arguments);
             happened = allocations.Happened();
             allocations.Stop();
             if (grafted.result == 1) {
@@ -56,10 +54,10 @@ void FailEach(const GraftRoute& route, const GraftSource& source, bool isAnsi, i
                 ++failures;
                 EXPECT_TRUE(happened);
                 EXPECT_TRUE(IsFailure(route, isAnsi, grafted.result)) << grafted;
-                EXPECT_EQ(kUnwrittenHandle, grafted.handle);
+                EXPECT_TRUE(grafted.outputs.empty());
                 EXPECT_EQ(before, StateOf(*scene));
                 scene.ExpectNextHandle(GraftScene::kNext);
-                EXPECT_EQ(1, Graft(route, *scene, arguments).result);
+                EXPECT_EQ(1, route.call(*scene, arguments).result);
             }
             EXPECT_TRUE(source.IsClosed());
         }
@@ -71,7 +69,7 @@ void FailEach(const GraftRoute& route, const GraftSource& source, bool isAnsi, i
 class GraftAllocation : public testing::TestWithParam<int> {};
 
 TEST_P(GraftAllocation, SmallSources) {
-    for (const GraftRoute& route : AllGraftRoutes())
+    for (const Operation& route : AllGraftRoutes())
         FailEach(route, GraftSource(route, std::wstring(L"{\"a\":[1,{\"b\":\"a text\"}]}")), false,
                  GetParam());
 }
@@ -79,22 +77,22 @@ TEST_P(GraftAllocation, SmallSources) {
 TEST_P(GraftAllocation, LargeSources) {
     std::wstring json = L"[0";
     for (int i = 0; i < 3000; ++i) json += L",{\"a name\":\"and a text that is not short\"}";
-    for (const GraftRoute& route : AllGraftRoutes())
+    for (const Operation& route : AllGraftRoutes())
         FailEach(route, GraftSource(route, json + L"]"), false, GetParam());
 }
 
 TEST_P(GraftAllocation, AnsiSources) {
-    for (const GraftRoute& route : support::FileRoutes())
+    for (const Operation& route : support::FileRoutes())
         FailEach(route, GraftSource(route, std::string("[\"\xE9. and a text\",{\"a\":[1,2]}]")),
                  true, GetParam());
 }
 
 /// The graft that overwrites a member goes its own way in the end.
 TEST_P(GraftAllocation, Overwriting) {
-    for (const GraftRoute& route : support::GraftsOnly()) {
-        if (!route.TakesKey()) continue;
+    for (const Operation& route : support::GraftsOnly()) {
+        if (!route.hasKey) continue;
         const GraftSource source(route, std::wstring(L"{\"a\":[1,{\"b\":\"a text\"}]}"));
-        GraftArguments arguments = GraftScene::Good(route, source);
+        Arguments arguments = GraftScene::Good(route, source);
         arguments.key = L"old";
         support::PrepareForExhaustion();
         FailingAllocations allocations;
@@ -105,12 +103,11 @@ TEST_P(GraftAllocation, Overwriting) {
             EXPECT_EQ(GraftScene::kNext, support::HandleAt(*scene, L"/object/old"));
             const support::GeneratorState before = StateOf(*scene);
             allocations.Fail(n, GetParam());
-            const Grafted grafted = Graft(route, *scene, arguments);
+            const Answer grafted = route.call(*scene, arguments);
             happened = allocations.Happened();
             allocations.Stop();
             const bool succeeds = grafted.result == 1;
-            EXPECT_EQ((succeeds ? Grafted{1, GraftScene::kNext} : Grafted{-5, kUnwrittenHandle}),
-                      grafted);
+            EXPECT_EQ((succeeds ? Answer{1, GraftScene::kNext} : Answer(-5)), grafted);
             EXPECT_EQ(succeeds, !(before == StateOf(*scene)));
         }
     }

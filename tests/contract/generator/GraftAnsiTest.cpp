@@ -15,9 +15,9 @@ namespace {
 using support::ExpectAsReference;
 using support::FileRoutes;
 using support::FromAnsi;
-using support::GraftRoute;
 using support::GraftScene;
 using support::GraftSource;
+using support::Operation;
 using support::Taken;
 
 const std::string kMark = "\xEF\xBB\xBF";
@@ -62,7 +62,7 @@ const Row kRows[] = {
 TEST(GraftAnsi, TheSecondAttempt) {
     for (const Row& row : kRows) {
         SCOPED_TRACE(testing::PrintToString(row.bytes));
-        for (const GraftRoute& route : FileRoutes()) {
+        for (const Operation& route : FileRoutes()) {
             const GraftSource source(route, row.bytes);
             EXPECT_EQ(row.kind, ReferenceTake(route, source).kind) << route;
             ExpectAsReference(route, source);
@@ -71,11 +71,10 @@ TEST(GraftAnsi, TheSecondAttempt) {
 }
 
 TEST(GraftAnsi, CharactersAreThoseOfTheCodePage) {
-    for (const GraftRoute& route : FileRoutes()) {
+    for (const Operation& route : FileRoutes()) {
         GraftScene scene;
         const GraftSource source(route, std::string("[\"\xE9\xFC.\",NaN]"));
-        EXPECT_EQ(GraftScene::AnswerOf(route),
-                  Graft(route, *scene, GraftScene::Good(route, source)));
+        EXPECT_EQ(GraftScene::AnswerOf(route), route.call(*scene, GraftScene::Good(route, source)));
         EXPECT_EQ(GraftScene::DocumentWith(route, FromAnsi("[\"\xE9\xFC.\",NaN]")),
                   support::JsonOf(*scene));
     }
@@ -87,7 +86,7 @@ TEST(GraftAnsi, TextHasNoSecondAttempt) {
     const std::string sources[] = {"[\"\xE9-\"]", kMark + "[\"\xE9.- \"]",
                                    support::Encode(L"[\"\xD800.\"]", support::Encoding::kUtf16Le)};
     for (const std::string& bytes : sources) {
-        for (const GraftRoute& route : support::TextRoutes()) {
+        for (const Operation& route : support::TextRoutes()) {
             GraftScene scene;
             const GraftSource source(route, bytes);
             scene.ExpectFailure(0, route, GraftScene::Good(route, source));
@@ -103,7 +102,7 @@ TEST(GraftAnsi, LargeFiles) {
         const std::string bytes =
             "[\"" + std::string(front, '-') + "\xE9.\",\"" + std::string(3000, '+') + "\"]";
         SCOPED_TRACE(front);
-        for (const GraftRoute& route : FileRoutes())
+        for (const Operation& route : FileRoutes())
             EXPECT_TRUE(ExpectAsReference(route, GraftSource(route, bytes)));
     }
 }

@@ -14,15 +14,13 @@
 namespace {
 
 using support::AllGraftRoutes;
+using support::Answer;
+using support::Arguments;
 using support::FileRoutes;
-using support::Graft;
-using support::GraftArguments;
-using support::Grafted;
-using support::GraftRoute;
 using support::GraftScene;
 using support::GraftSource;
 using support::JsonOf;
-using support::kUnwrittenHandle;
+using support::Operation;
 
 std::string Repeated(const std::string& part, int count) {
     std::string all;
@@ -49,31 +47,31 @@ const Nesting kNestings[] = {
 constexpr int kTooDeep = 200'000;
 
 /// The bytes of text: as they are in a file, as UTF-16 in text.
-std::string BytesFor(const GraftRoute& route, const std::string& ascii) {
-    if (route.fromFile) return ascii;
+std::string BytesFor(const Operation& route, const std::string& ascii) {
+    if (ReadsFile(route)) return ascii;
     std::string wide;
     for (const char c : ascii) wide += {c, '\0'};
     return wide;
 }
 
-void ExpectTooDeep(const GraftRoute& route, const std::string& json) {
+void ExpectTooDeep(const Operation& route, const std::string& json) {
     SCOPED_TRACE(route.name);
     const GraftSource source(route, BytesFor(route, json));
-    const GraftArguments arguments = GraftScene::Good(route, source);
+    const Arguments arguments = GraftScene::Good(route, source);
     GraftScene scene;
     scene.ExpectFailure(-5, route, arguments);
     support::OnSmallStack([&] { scene.ExpectFailure(-5, route, arguments); });
     EXPECT_TRUE(source.IsClosed());
 
     const GraftSource flat(route, std::wstring(L"{\"a\":[1]}"));
-    EXPECT_EQ(GraftScene::AnswerOf(route), Graft(route, *scene, GraftScene::Good(route, flat)));
+    EXPECT_EQ(GraftScene::AnswerOf(route), route.call(*scene, GraftScene::Good(route, flat)));
     EXPECT_EQ(GraftScene::DocumentWith(route, L"{\"a\":[1]}"), JsonOf(*scene));
 }
 
 TEST(GraftDepth, TooDeep) {
     for (const Nesting& nesting : kNestings) {
         SCOPED_TRACE(nesting.name);
-        for (const GraftRoute& route : AllGraftRoutes()) {
+        for (const Operation& route : AllGraftRoutes()) {
             ExpectTooDeep(route, nesting.Document(kTooDeep));
             ExpectTooDeep(route, Repeated(nesting.open, kTooDeep));
         }
@@ -81,21 +79,21 @@ TEST(GraftDepth, TooDeep) {
 }
 
 TEST(GraftDepth, TooDeepInTheSecondAttempt) {
-    for (const GraftRoute& route : FileRoutes())
+    for (const Operation& route : FileRoutes())
         ExpectTooDeep(route, "[\"\xE9.\"," + kNestings[0].Document(kTooDeep) + "]");
 }
 
 TEST(GraftDepth, ThreeHundredLevelsOnASmallStack) {
     for (const Nesting& nesting : kNestings) {
         const std::string json = nesting.Document(nesting.open.size() > 5 ? 150 : 300);
-        for (const GraftRoute& route : AllGraftRoutes()) {
+        for (const Operation& route : AllGraftRoutes()) {
             SCOPED_TRACE(testing::Message() << nesting.name << route.name);
             const GraftSource source(route, BytesFor(route, json));
             const GraftScene scene;
-            Grafted grafted;
+            Answer grafted;
             std::wstring text;
             support::OnSmallStack([&] {
-                grafted = Graft(route, *scene, GraftScene::Good(route, source));
+                grafted = route.call(*scene, GraftScene::Good(route, source));
                 text = JsonOf(*scene);
             });
             EXPECT_EQ(GraftScene::AnswerOf(route), grafted);
@@ -108,12 +106,12 @@ TEST(GraftDepth, ThreeHundredLevelsOnASmallStack) {
 TEST(GraftDepth, AThousandLevelsOnAnOrdinaryStack) {
     for (const Nesting& nesting : kNestings) {
         const std::string json = nesting.Document(nesting.open.size() > 5 ? 500 : 1000);
-        for (const GraftRoute& route : AllGraftRoutes()) {
+        for (const Operation& route : AllGraftRoutes()) {
             SCOPED_TRACE(testing::Message() << nesting.name << route.name);
             const GraftSource source(route, BytesFor(route, json));
             const GraftScene scene;
             EXPECT_EQ(GraftScene::AnswerOf(route),
-                      Graft(route, *scene, GraftScene::Good(route, source)));
+                      route.call(*scene, GraftScene::Good(route, source)));
             EXPECT_EQ(GraftScene::DocumentWith(route, std::wstring(json.begin(), json.end())),
                       JsonOf(*scene));
         }
@@ -131,7 +129,7 @@ TEST(GraftDepth, ADocumentThatGrowsTooDeep) {
     ASSERT_EQ(1, generator->AddArrayItemJsonStringByPath(L"/", L"[]", &handle));
     for (int i = 0; i < kTooDeep; ++i) ASSERT_EQ(1, generator->AddArrayValueArray(value, &value));
     EXPECT_EQ(-5, support::WriteIn({support::OutputForm::kText}, *generator).result);
-    uint32_t grafted = kUnwrittenHandle;
+    uint32_t grafted = 0;
     EXPECT_EQ(
         1, generator->AddArrayItemJsonString(static_cast<int32_t>(handle), tree.c_str(), &grafted));
     EXPECT_EQ(handle + 1, grafted);
@@ -140,22 +138,22 @@ TEST(GraftDepth, ADocumentThatGrowsTooDeep) {
 }
 
 /// No memory is lost.
-void ExpectNoLoss(const GraftRoute& route) {
+void ExpectNoLoss(const Operation& route) {
     SCOPED_TRACE(route.name);
     const GraftSource source(route, BytesFor(route, Repeated("[", kTooDeep)));
-    const GraftArguments arguments = GraftScene::Good(route, source);
+    const Arguments arguments = GraftScene::Good(route, source);
     const GraftScene scene;
     const support::FailingAllocations allocations;
-    for (int i = 0; i < 10; ++i) EXPECT_EQ(-5, Graft(route, *scene, arguments).result);
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(-5, route.call(*scene, arguments).result);
     EXPECT_EQ(0, allocations.LiveBlocks());
 }
 
 /// Nor is a file left open. The first round lets the system open what it keeps.
 TEST(GraftDepth, NothingIsLost) {
     support::PrepareForExhaustion();
-    for (const GraftRoute& route : AllGraftRoutes()) ExpectNoLoss(route);
+    for (const Operation& route : AllGraftRoutes()) ExpectNoLoss(route);
     const DWORD handles = support::HandleCount();
-    for (const GraftRoute& route : AllGraftRoutes()) ExpectNoLoss(route);
+    for (const Operation& route : AllGraftRoutes()) ExpectNoLoss(route);
     EXPECT_EQ(handles, support::HandleCount());
 }
 

@@ -21,32 +21,32 @@
 
 namespace {
 
+using support::Answer;
+using support::Arguments;
+using support::Asks;
 using support::FileRoutes;
 using support::FromAnsi;
-using support::Graft;
-using support::GraftArguments;
-using support::Grafted;
-using support::GraftRoute;
 using support::GraftScene;
 using support::ImportPatch;
 using support::JsonOf;
+using support::Operation;
 using support::TempFile;
 
-GraftArguments Named(const GraftRoute& route, const wchar_t* fileName) {
-    GraftArguments arguments = GraftScene::Good(route);
-    arguments.source = fileName;
+Arguments Named(const Operation& route, const wchar_t* fileName) {
+    Arguments arguments = GraftScene::Good(route);
+    arguments.payload.text = fileName;
     return arguments;
 }
 
-void ExpectRefused(const GraftRoute& route, const wchar_t* fileName) {
+void ExpectRefused(const Operation& route, const wchar_t* fileName) {
     GraftScene scene;
     scene.ExpectFailure(-3, route, Named(route, fileName));
     scene.ExpectNextHandle(GraftScene::kNext);
 }
 
-void ExpectTaken(const GraftRoute& route, const wchar_t* fileName, const std::wstring& tree) {
+void ExpectTaken(const Operation& route, const wchar_t* fileName, const std::wstring& tree) {
     const GraftScene scene;
-    EXPECT_EQ(GraftScene::AnswerOf(route), Graft(route, *scene, Named(route, fileName)));
+    EXPECT_EQ(GraftScene::AnswerOf(route), route.call(*scene, Named(route, fileName)));
     EXPECT_EQ(GraftScene::DocumentWith(route, tree), JsonOf(*scene));
 }
 
@@ -65,7 +65,7 @@ TEST(GraftFiles, NamesThatDoNotOpen) {
                                   L"no*such.json",
                                   std::wstring(300, L'n'),
                                   std::wstring(40000, L'n')};
-    for (const GraftRoute& route : FileRoutes()) {
+    for (const Operation& route : FileRoutes()) {
         SCOPED_TRACE(route.name);
         ExpectRefused(route, nullptr);
         for (const std::wstring& name : names) {
@@ -77,7 +77,7 @@ TEST(GraftFiles, NamesThatDoNotOpen) {
 }
 
 TEST(GraftFiles, FilesInUse) {
-    for (const GraftRoute& route : FileRoutes()) {
+    for (const Operation& route : FileRoutes()) {
         SCOPED_TRACE(route.name);
         const TempFile file("[1]");
         for (const DWORD share : {0, FILE_SHARE_WRITE, FILE_SHARE_DELETE}) {
@@ -101,11 +101,11 @@ TEST(GraftFiles, AFileInUseUnderAParentOfTheWrongKind) {
     const TempFile file("[1]");
     HANDLE other = CreateFileW(file.Name(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(INVALID_HANDLE_VALUE, other);
-    for (const GraftRoute& route : FileRoutes()) {
-        if (!route.IsGraft()) continue;
+    for (const Operation& route : FileRoutes()) {
+        if (route.asks == Asks::kLoad) continue;
         GraftScene scene;
-        GraftArguments arguments = Named(route, file.Name());
-        arguments.parent = GraftScene::kText;
+        Arguments arguments = Named(route, file.Name());
+        arguments.handle = GraftScene::kText;
         arguments.path = L"/text";
         scene.ExpectFailure(0, route, arguments);
     }
@@ -114,14 +114,14 @@ TEST(GraftFiles, AFileInUseUnderAParentOfTheWrongKind) {
 
 TEST(GraftFiles, ReadOnlyFilesAndWhatIsRead) {
     const std::string sources[] = {"[1]", "[1", "5", "[\"\xE9.\"]"};
-    for (const GraftRoute& route : FileRoutes()) {
+    for (const Operation& route : FileRoutes()) {
         for (const std::string& bytes : sources) {
             SCOPED_TRACE(testing::Message() << route << testing::PrintToString(bytes));
             const TempFile file(bytes);
             SetFileAttributesW(file.Name(), FILE_ATTRIBUTE_READONLY);
             const GraftScene scene;
             const bool takes = bytes.back() == ']';
-            EXPECT_EQ(takes ? 1 : -3, Graft(route, *scene, Named(route, file.Name())).result);
+            EXPECT_EQ(takes ? 1 : -3, route.call(*scene, Named(route, file.Name())).result);
             SetFileAttributesW(file.Name(), FILE_ATTRIBUTE_NORMAL);
             EXPECT_TRUE(file.IsClosed());
             EXPECT_EQ(bytes, file.Bytes());
@@ -133,13 +133,13 @@ TEST(GraftFiles, NamesOutsideTheAnsiCodePage) {
     const TempFile file("[1]");
     const std::wstring name = std::wstring(file.Name()) + L" \xE9\x4E2D.json";
     ASSERT_TRUE(CopyFileW(file.Name(), name.c_str(), TRUE));
-    for (const GraftRoute& route : FileRoutes()) ExpectTaken(route, name.c_str(), L"[1]");
+    for (const Operation& route : FileRoutes()) ExpectTaken(route, name.c_str(), L"[1]");
     EXPECT_TRUE(DeleteFileW(name.c_str()));
 }
 
 /// A name that cannot be read faults.
 TEST(GraftFiles, ANameThatIsNoMemory) {
-    for (const GraftRoute& route : FileRoutes()) {
+    for (const Operation& route : FileRoutes()) {
         GraftScene scene;
         scene.ExpectFailure(-5, route, Named(route, reinterpret_cast<wchar_t*>(uintptr_t{8})));
         scene.ExpectNextHandle(GraftScene::kNext);
@@ -149,12 +149,12 @@ TEST(GraftFiles, ANameThatIsNoMemory) {
 TEST(GraftFiles, NoHandleStaysOpen) {
     const std::string sources[] = {"[1]", "[1", "5", "", "[\"\xE9.\"]", "[\"\xE9.\"", "\"\xE9.\""};
     const auto takeAll = [&] {
-        for (const GraftRoute& route : FileRoutes())
+        for (const Operation& route : FileRoutes())
             for (const std::string& bytes : sources) {
                 const TempFile file(bytes);
                 const GraftScene scene;
-                Graft(route, *scene, Named(route, file.Name()));
-                Graft(route, *scene, Named(route, TempFile().Name()));
+                route.call(*scene, Named(route, file.Name()));
+                route.call(*scene, Named(route, TempFile().Name()));
                 EXPECT_TRUE(DeleteFileW(file.Name()));
             }
     };
@@ -201,7 +201,7 @@ TEST(GraftFiles, TheSecondAttemptOpensTheFileAgain) {
     const ImportPatch close(support::JsonDll(), "fclose", &CountedClose);
     ASSERT_TRUE(open.Found() && close.Found());
     const TempFile file(kAnsi);
-    for (const GraftRoute& route : FileRoutes()) {
+    for (const Operation& route : FileRoutes()) {
         for (const int opens : {0, 1}) {
             SCOPED_TRACE(testing::Message() << route << ", " << opens);
             Reset();
@@ -223,13 +223,13 @@ TEST(GraftFiles, TheSecondAttemptOpensTheFileAgain) {
 TEST(GraftFiles, OtherFilesAreOpenedOnce) {
     const ImportPatch open(support::JsonDll(), "_wfopen_s", &OpenSomeTimes);
     ASSERT_TRUE(open.Found());
-    for (const GraftRoute& route : FileRoutes()) {
+    for (const Operation& route : FileRoutes()) {
         for (const char* bytes : {"[1]", "[1", "5", "", "[\"\xC3\xA9\"]", "[\xE9]"}) {
             const TempFile file(bytes);
             const GraftScene scene;
             Reset();
             g_opens = 1;
-            Graft(route, *scene, Named(route, file.Name()));
+            route.call(*scene, Named(route, file.Name()));
             EXPECT_EQ(1, g_calls) << route << testing::PrintToString(bytes);
         }
     }
@@ -241,7 +241,7 @@ TEST(GraftFiles, ASecondReadThatFallsShort) {
     const ImportPatch close(support::JsonDll(), "fclose", &CountedClose);
     ASSERT_TRUE(read.Found() && close.Found());
     const TempFile file(kAnsi);
-    for (const GraftRoute& route : FileRoutes()) {
+    for (const Operation& route : FileRoutes()) {
         SCOPED_TRACE(route.name);
         Reset();
         constexpr int kAll = 1000;
@@ -269,12 +269,12 @@ TEST(GraftFiles, TheFileIsReadInBlocks) {
     ASSERT_TRUE(read.Found());
     const std::string utf8 = "[\"" + std::string(100000, 'x') + "\xC3\xA9\"]";
     const std::string ansi = "[\"" + std::string(100000, 'x') + "\xE9.\"]";
-    for (const GraftRoute& route : FileRoutes()) {
+    for (const Operation& route : FileRoutes()) {
         for (const std::string& bytes : {utf8, ansi}) {
             const TempFile file(bytes);
             const GraftScene scene;
             largest = 0;
-            EXPECT_EQ(1, Graft(route, *scene, Named(route, file.Name())).result);
+            EXPECT_EQ(1, route.call(*scene, Named(route, file.Name())).result);
             EXPECT_EQ(bytes == utf8 ? 2048 : ansi.size(), largest) << route;
         }
     }
@@ -295,7 +295,7 @@ TEST(GraftFiles, NoMemoryForTheWholeFile) {
     const TempFile file(bytes);
     const ImportPatch allocate(support::JsonDll(), "malloc", &AllocateOthers);
     ASSERT_TRUE(allocate.Found());
-    for (const GraftRoute& route : FileRoutes()) {
+    for (const Operation& route : FileRoutes()) {
         SCOPED_TRACE(route.name);
         g_refused = bytes.size();
         g_refusals = 0;

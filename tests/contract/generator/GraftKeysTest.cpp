@@ -10,34 +10,34 @@
 
 namespace {
 
+using support::Answer;
+using support::Arguments;
 using support::Generator;
 using support::GeneratorOf;
-using support::GraftArguments;
-using support::Grafted;
-using support::GraftRoute;
 using support::GraftSource;
 using support::HandleAt;
 using support::JsonOf;
-using support::kUnwrittenHandle;
+using support::Operation;
 using support::PathOf;
+using support::Place;
 using support::StateOf;
 
 /// Grafts an array that holds `number` under `key` into the object with this handle or path.
-Grafted GraftUnder(const GraftRoute& route, QXJSON::IJsonGenerator& generator, int32_t parent,
-                   const std::wstring& path, const std::wstring& key, int number) {
+Answer GraftUnder(const Operation& route, QXJSON::IJsonGenerator& generator, int32_t parent,
+                  const std::wstring& path, const std::wstring& key, int number) {
     const GraftSource source(route, L"[" + std::to_wstring(number) + L"]");
-    GraftArguments arguments;
-    arguments.parent = parent;
+    Arguments arguments;
+    arguments.handle = parent;
     arguments.path = path.c_str();
     arguments.key = key.c_str();
-    arguments.source = source.Argument();
-    return Graft(route, generator, arguments);
+    arguments.payload.text = source.Argument();
+    return route.call(generator, arguments);
 }
 
 template <class Check>
 void ForAllMemberRoutes(const Check& check) {
-    for (const GraftRoute& route : support::GraftsOnly()) {
-        if (!route.TakesKey()) continue;
+    for (const Operation& route : support::GraftsOnly()) {
+        if (!route.hasKey) continue;
         SCOPED_TRACE(route.name);
         check(route);
     }
@@ -69,11 +69,11 @@ const Key kKeys[] = {
 };
 
 TEST(GraftKeys, AreStoredAsTheyAre) {
-    ForAllMemberRoutes([](const GraftRoute& route) {
+    ForAllMemberRoutes([](const Operation& route) {
         for (const Key& key : kKeys) {
             SCOPED_TRACE(testing::PrintToString(key.key));
             const Generator generator = GeneratorOf(L"{\"spare\":0}");
-            EXPECT_EQ((Grafted{1, 2}), GraftUnder(route, *generator, 1, L"/", key.key, 1));
+            EXPECT_EQ((Answer{1, 2}), GraftUnder(route, *generator, 1, L"/", key.key, 1));
             const support::ReferenceDocument document = support::ReferenceParse(JsonOf(*generator));
             ASSERT_EQ(2u, document.MemberCount());
             EXPECT_STREQ(key.key, (document.MemberBegin() + 1)->name.GetString());
@@ -85,21 +85,21 @@ TEST(GraftKeys, AreStoredAsTheyAre) {
 /// Under a key whose path does not lead back to it the second graft faults, and its handle is no
 /// parent.
 TEST(GraftKeys, ASecondGraftUnderTheSameKey) {
-    ForAllMemberRoutes([](const GraftRoute& route) {
+    ForAllMemberRoutes([](const Operation& route) {
         for (const Key& key : kKeys) {
             SCOPED_TRACE(testing::PrintToString(key.key));
             const Generator generator = GeneratorOf(L"{\"spare\":0}");
-            ASSERT_EQ((Grafted{1, 2}), GraftUnder(route, *generator, 1, L"/", key.key, 1));
+            ASSERT_EQ((Answer{1, 2}), GraftUnder(route, *generator, 1, L"/", key.key, 1));
             const support::GeneratorState before = StateOf(*generator);
-            const Grafted second = GraftUnder(route, *generator, 1, L"/", key.key, 2);
-            uint32_t handle = kUnwrittenHandle;
+            const Answer second = GraftUnder(route, *generator, 1, L"/", key.key, 2);
+            uint32_t handle = 0;
             const int below = generator->AddArrayItemJsonString(2, L"[3]", &handle);
             if (key.leadsToItself) {
-                EXPECT_EQ((Grafted{1, 2}), second);
+                EXPECT_EQ((Answer{1, 2}), second);
                 EXPECT_EQ(1, below);
                 EXPECT_NE(std::wstring::npos, JsonOf(*generator).find(L":[2,[3]]}"));
             } else {
-                EXPECT_EQ((Grafted{-5, kUnwrittenHandle}), second);
+                EXPECT_EQ(Answer(-5), second);
                 EXPECT_EQ(0, below);
                 EXPECT_EQ(before, StateOf(*generator));
                 EXPECT_EQ(3u, HandleAt(*generator, L"/spare"));
@@ -126,13 +126,13 @@ const Elsewhere kElsewhere[] = {
 };
 
 TEST(GraftKeys, APathThatLeadsElsewhere) {
-    ForAllMemberRoutes([](const GraftRoute& route) {
+    ForAllMemberRoutes([](const Operation& route) {
         for (const Elsewhere& row : kElsewhere) {
             SCOPED_TRACE(testing::PrintToString(row.key));
             const Generator generator = GeneratorOf(row.document);
-            EXPECT_EQ((Grafted{1, 2}), GraftUnder(route, *generator, 1, L"/", row.key, 1));
+            EXPECT_EQ((Answer{1, 2}), GraftUnder(route, *generator, 1, L"/", row.key, 1));
             EXPECT_EQ(row.grafted, JsonOf(*generator));
-            EXPECT_EQ((Grafted{1, 2}), GraftUnder(route, *generator, 1, L"/", row.key, 2));
+            EXPECT_EQ((Answer{1, 2}), GraftUnder(route, *generator, 1, L"/", row.key, 2));
             EXPECT_EQ(row.overwritten, JsonOf(*generator));
             uint32_t handle = 0;
             EXPECT_EQ(1, generator->AddArrayItemJsonString(2, L"[3]", &handle));
@@ -144,14 +144,14 @@ TEST(GraftKeys, APathThatLeadsElsewhere) {
 
 /// A path that something else got its handle under counts for the first graft already.
 TEST(GraftKeys, APathThatHasAHandleAlready) {
-    ForAllMemberRoutes([](const GraftRoute& route) {
+    ForAllMemberRoutes([](const Operation& route) {
         const Generator generator = GeneratorOf(L"{\"x\":{\"y\":1},\"m/n\":2}");
         EXPECT_EQ(2u, HandleAt(*generator, L"/x/y"));
         EXPECT_EQ(3u, HandleAt(*generator, L"/m~/n"));
-        EXPECT_EQ((Grafted{1, 2}), GraftUnder(route, *generator, 1, L"/", L"x/y", 5));
-        EXPECT_EQ((Grafted{1, 3}), GraftUnder(route, *generator, 1, L"/", L"m~1n", 6));
+        EXPECT_EQ((Answer{1, 2}), GraftUnder(route, *generator, 1, L"/", L"x/y", 5));
+        EXPECT_EQ((Answer{1, 3}), GraftUnder(route, *generator, 1, L"/", L"m~1n", 6));
         EXPECT_EQ(L"{\"x\":{\"y\":[5]},\"m/n\":[6]}", JsonOf(*generator));
-        EXPECT_EQ((Grafted{1, 4}), GraftUnder(route, *generator, 1, L"/", L"m/n", 7));
+        EXPECT_EQ((Answer{1, 4}), GraftUnder(route, *generator, 1, L"/", L"m/n", 7));
         EXPECT_EQ(L"{\"x\":{\"y\":[5]},\"m/n\":[6],\"m/n\":[7]}", JsonOf(*generator));
     });
 }
@@ -171,13 +171,13 @@ TEST(GraftKeys, BelowParentsOfEveryPath) {
         {L"{\"1\":{\"2\":{}}}", L"/1/2", L"{\"1\":{\"2\":{\"k\":[1]}}}", L"/1/2/k"},
         {L"{\"a\":[{\"b2\":{}}]}", L"/a/1/b2", L"{\"a\":[{\"b2\":{\"k\":[1]}}]}", L"/a/1/b2/k"},
     };
-    ForAllMemberRoutes([&](const GraftRoute& route) {
+    ForAllMemberRoutes([&](const Operation& route) {
         for (const Parent& parent : parents) {
             SCOPED_TRACE(testing::PrintToString(parent.path));
             const Generator generator = GeneratorOf(parent.document);
             const auto handle = static_cast<int32_t>(HandleAt(*generator, parent.path));
             EXPECT_EQ(2, handle);
-            EXPECT_EQ((Grafted{1, 3}), GraftUnder(route, *generator, handle, parent.path, L"k", 1));
+            EXPECT_EQ((Answer{1, 3}), GraftUnder(route, *generator, handle, parent.path, L"k", 1));
             EXPECT_EQ(parent.after, JsonOf(*generator));
             EXPECT_EQ(parent.childPath, PathOf(*generator, 3));
             EXPECT_EQ(3u, HandleAt(*generator, parent.childPath));
@@ -187,13 +187,13 @@ TEST(GraftKeys, BelowParentsOfEveryPath) {
 
 /// Remembered paths have no limit: a long key works, and its handle leads to it.
 TEST(GraftKeys, LongKeys) {
-    ForAllMemberRoutes([](const GraftRoute& route) {
+    ForAllMemberRoutes([](const Operation& route) {
         for (const size_t length : {1000u, 1022u, 1023u, 1024u, 1025u, 5000u, 100000u}) {
             SCOPED_TRACE(length);
             const std::wstring key(length, L'k');
             const Generator generator = GeneratorOf(L"{\"spare\":0}");
-            EXPECT_EQ((Grafted{1, 2}), GraftUnder(route, *generator, 1, L"/", key, 1));
-            EXPECT_EQ((Grafted{1, 2}), GraftUnder(route, *generator, 1, L"/", key, 2));
+            EXPECT_EQ((Answer{1, 2}), GraftUnder(route, *generator, 1, L"/", key, 1));
+            EXPECT_EQ((Answer{1, 2}), GraftUnder(route, *generator, 1, L"/", key, 2));
             uint32_t handle = 0;
             EXPECT_EQ(1, generator->AddArrayItemJsonString(2, L"[3]", &handle));
             EXPECT_EQ(3u, handle);
@@ -204,18 +204,18 @@ TEST(GraftKeys, LongKeys) {
 
 /// The path of a parent as the caller gives it has one: 1023 units when translated.
 TEST(GraftKeys, LongParentPaths) {
-    for (const GraftRoute& route : support::GraftsOnly()) {
-        if (route.parent != GraftRoute::kByPath) continue;
+    for (const Operation& route : support::GraftsOnly()) {
+        if (route.place != Place::kPath) continue;
         for (const size_t length : {1021u, 1022u, 1023u, 1024u, 5000u}) {
             SCOPED_TRACE(testing::Message() << route << ", " << length);
             const std::wstring key(length, L'k');
             const std::wstring front = L"{\"" + key + L"\":";
-            const Generator generator = GeneratorOf(front + (route.TakesKey() ? L"{}}" : L"[]}"));
+            const Generator generator = GeneratorOf(front + (route.hasKey ? L"{}}" : L"[]}"));
             const bool fits = length + 1 <= 1023;
-            EXPECT_EQ((Grafted{fits ? 1 : -10, fits ? 2 : kUnwrittenHandle}),
+            EXPECT_EQ(fits ? Answer(1, 2) : Answer(-10),
                       GraftUnder(route, *generator, 0, L"/" + key, L"new", 1));
-            const std::wstring inner = !fits ? L"" : route.TakesKey() ? L"\"new\":[1]" : L"[1]";
-            EXPECT_EQ(front + (route.TakesKey() ? L"{" + inner + L"}}" : L"[" + inner + L"]}"),
+            const std::wstring inner = !fits ? L"" : route.hasKey ? L"\"new\":[1]" : L"[1]";
+            EXPECT_EQ(front + (route.hasKey ? L"{" + inner + L"}}" : L"[" + inner + L"]}"),
                       JsonOf(*generator));
         }
     }

@@ -12,15 +12,15 @@ using support::Encode;
 using support::Encoding;
 using support::ExpectAsReference;
 using support::FileRoutes;
-using support::GraftRoute;
 using support::GraftSource;
+using support::Operation;
 
 constexpr size_t kBuffer = 2048;
 
 /// Takes the bytes in through the next of the routes; whether they were a tree.
 bool NextTakes(const std::string& bytes) {
     static size_t turn = 0;
-    const GraftRoute& route = FileRoutes()[turn++ % FileRoutes().size()];
+    const Operation& route = FileRoutes()[turn++ % FileRoutes().size()];
     return ExpectAsReference(route, GraftSource(route, bytes));
 }
 
@@ -76,7 +76,7 @@ TEST(GraftLargeFiles, Megabytes) {
     for (int i = 0; i < 60000; ++i) text += L",{\"k\":[" + std::to_wstring(i) + L",\"\xE9\"]}";
     text += L"]";
     for (const Encoding encoding : {Encoding::kUtf8, Encoding::kUtf16Le})
-        for (const GraftRoute& route : FileRoutes())
+        for (const Operation& route : FileRoutes())
             EXPECT_TRUE(ExpectAsReference(route, GraftSource(route, Encode(text, encoding))));
 }
 

@@ -14,14 +14,14 @@
 
 namespace {
 
-using support::Graft;
-using support::GraftArguments;
-using support::Grafted;
-using support::GraftRoute;
+using support::Answer;
+using support::Arguments;
 using support::GraftScene;
 using support::GraftsOnly;
 using support::GraftSource;
 using support::HandleAt;
+using support::Operation;
+using support::Place;
 using support::StateOf;
 
 enum class Mistake {
@@ -70,21 +70,21 @@ Stage StageOf(Mistake mistake) {
 }
 
 /// Text by handle is parsed before the parent is looked at.
-int RankOf(Mistake mistake, const GraftRoute& route) {
+int RankOf(Mistake mistake, const Operation& route) {
     const Stage stage = StageOf(mistake);
-    const bool isParsedFirst = !route.fromFile && route.parent == GraftRoute::kByHandle;
+    const bool isParsedFirst = !ReadsFile(route) && route.place == Place::kHandle;
     if (isParsedFirst && stage == kSource) return kKind;
     if (isParsedFirst && stage == kKind) return kSource;
     return stage;
 }
 
-int ResultOf(Mistake mistake, const GraftRoute& route) {
+int ResultOf(Mistake mistake, const Operation& route) {
     switch (mistake) {
         case Mistake::kBadPlace:
-            return route.parent == GraftRoute::kByPath ? -10 : -2;
+            return route.place == Place::kPath ? -10 : -2;
         case Mistake::kNullSource:
         case Mistake::kBrokenSource:
-            return route.BadSourceResult();
+            return BadSourceResult(route);
         case Mistake::kScalarSource:
             return -3;
         case Mistake::kNullKey:
@@ -95,9 +95,9 @@ int ResultOf(Mistake mistake, const GraftRoute& route) {
     }
 }
 
-bool CanMake(Mistake mistake, const GraftRoute& route) {
-    if (StageOf(mistake) == kKey) return route.TakesKey();
-    return mistake != Mistake::kDeadParent || route.parent == GraftRoute::kByHandle;
+bool CanMake(Mistake mistake, const Operation& route) {
+    if (StageOf(mistake) == kKey) return route.hasKey;
+    return mistake != Mistake::kDeadParent || route.place == Place::kHandle;
 }
 
 bool CanMakeBoth(Mistake a, Mistake b) {
@@ -123,7 +123,7 @@ GraftScene SceneWithLosses() {
 /// A call that is good but for the mistakes made in it.
 class Call {
 public:
-    explicit Call(const GraftRoute& of)
+    explicit Call(const Operation& of)
         : route(of),
           good(of, std::wstring(L"[1]")),
           broken(of, std::wstring(L"[1")),
@@ -133,27 +133,27 @@ public:
     void Make(Mistake mistake) {
         switch (mistake) {
             case Mistake::kBadPlace:
-                arguments.parent = 999;
+                arguments.handle = 999;
                 arguments.path = L"/nowhere";
                 return;
             case Mistake::kNoOutput:
-                arguments.hasOutput = false;
+                arguments.outputs[0] = support::kMissing;
                 return;
             case Mistake::kWrongKind:
-                arguments.parent = GraftScene::kText;
+                arguments.handle = GraftScene::kText;
                 arguments.path = L"/text";
                 return;
             case Mistake::kDeadParent:
-                arguments.parent = kDead;
+                arguments.handle = kDead;
                 return;
             case Mistake::kNullSource:
-                arguments.source = nullptr;
+                arguments.payload.text = nullptr;
                 return;
             case Mistake::kBrokenSource:
-                arguments.source = broken.Argument();
+                arguments.payload.text = broken.Argument();
                 return;
             case Mistake::kScalarSource:
-                arguments.source = scalar.Argument();
+                arguments.payload.text = scalar.Argument();
                 return;
             case Mistake::kNullKey:
                 arguments.key = nullptr;
@@ -172,13 +172,13 @@ public:
     }
 
 private:
-    const GraftRoute& route;
+    const Operation& route;
     GraftSource good, broken, scalar;
-    GraftArguments arguments;
+    Arguments arguments;
 };
 
 TEST(GraftMistakes, EachAlone) {
-    for (const GraftRoute& route : GraftsOnly()) {
+    for (const Operation& route : GraftsOnly()) {
         for (const Mistake mistake : kAllMistakes) {
             if (!CanMake(mistake, route)) continue;
             SCOPED_TRACE(testing::Message() << route << ": " << NameOf(mistake));
@@ -191,7 +191,7 @@ TEST(GraftMistakes, EachAlone) {
 
 TEST(GraftMistakes, TheFirstOfTwoDecides) {
     int pairs = 0;
-    for (const GraftRoute& route : GraftsOnly()) {
+    for (const Operation& route : GraftsOnly()) {
         for (const Mistake first : kAllMistakes) {
             for (const Mistake second : kAllMistakes) {
                 if (!CanMake(first, route) || !CanMake(second, route)) continue;
@@ -212,23 +212,23 @@ TEST(GraftMistakes, TheFirstOfTwoDecides) {
 
 /// The call without mistakes, in the scene that all of the above use.
 TEST(GraftMistakes, None) {
-    for (const GraftRoute& route : GraftsOnly()) {
+    for (const Operation& route : GraftsOnly()) {
         const GraftScene scene = SceneWithLosses();
         const GraftSource source(route, std::wstring(L"[1]"));
-        EXPECT_EQ((Grafted{1, kNext}), Graft(route, *scene, GraftScene::Good(route, source)));
+        EXPECT_EQ((Answer{1, kNext}), route.call(*scene, GraftScene::Good(route, source)));
         EXPECT_EQ(GraftScene::DocumentWith(route, L"[1]"), support::JsonOf(*scene));
     }
 }
 
 TEST(GraftMistakes, UnknownHandles) {
-    for (const GraftRoute& route : GraftsOnly()) {
-        if (route.parent != GraftRoute::kByHandle) continue;
+    for (const Operation& route : GraftsOnly()) {
+        if (route.place != Place::kHandle) continue;
         SCOPED_TRACE(route.name);
         const GraftSource source(route, std::wstring(L"[1]"));
         GraftScene scene;
         for (const int32_t handle : {0, -1, -2, INT_MIN, INT_MAX, 5, 6, 1000, 65537}) {
-            GraftArguments arguments = GraftScene::Good(route, source);
-            arguments.parent = handle;
+            Arguments arguments = GraftScene::Good(route, source);
+            arguments.handle = handle;
             scene.ExpectFailure(-2, route, arguments);
         }
         scene.ExpectNextHandle(GraftScene::kNext);
@@ -250,13 +250,13 @@ TEST(GraftMistakes, PathsToNothing) {
         {L"/obj~0ect", -10},  {L"/obj~2ect", -10},  {L"/~object", -10},    {L"#/object", -10},
         {L"/nowhere/1", -5},  {L"/nowhere/a1", -5}, {L"/array/9/1", -5},
     };
-    for (const GraftRoute& route : GraftsOnly()) {
-        if (route.parent != GraftRoute::kByPath) continue;
+    for (const Operation& route : GraftsOnly()) {
+        if (route.place != Place::kPath) continue;
         const GraftSource source(route, std::wstring(L"[1]"));
         GraftScene scene;
         for (const Row& row : rows) {
             SCOPED_TRACE(testing::Message() << route << testing::PrintToString(row.path));
-            GraftArguments arguments = GraftScene::Good(route, source);
+            Arguments arguments = GraftScene::Good(route, source);
             arguments.path = row.path;
             scene.ExpectFailure(row.result, route, arguments);
         }
@@ -278,20 +278,20 @@ TEST(GraftMistakes, ParentsOfTheWrongKind) {
     const wchar_t* document =
         L"{\"object\":{},\"array\":[],\"string\":\"\",\"number\":1,\"true\":true,\"false\":false,"
         L"\"null\":null,\"double\":1.5,\"spare\":0}";
-    for (const GraftRoute& route : GraftsOnly()) {
+    for (const Operation& route : GraftsOnly()) {
         const GraftSource source(route, std::wstring(L"[1]"));
         for (const std::wstring kind :
              {L"object", L"array", L"string", L"number", L"true", L"false", L"null", L"double"}) {
-            if (kind == (route.TakesKey() ? L"object" : L"array")) continue;
+            if (kind == (route.hasKey ? L"object" : L"array")) continue;
             SCOPED_TRACE(testing::Message() << route << testing::PrintToString(kind));
             const support::Generator generator = support::GeneratorOf(document);
             const std::wstring path = L"/" + kind;
-            GraftArguments arguments = GraftScene::Good(route, source);
+            Arguments arguments = GraftScene::Good(route, source);
             arguments.path = path.c_str();
-            arguments.parent = static_cast<int32_t>(HandleAt(*generator, path.c_str()));
+            arguments.handle = static_cast<int32_t>(HandleAt(*generator, path.c_str()));
             const support::GeneratorState before = StateOf(*generator);
             g_opens = 0;
-            EXPECT_EQ((Grafted{0, support::kUnwrittenHandle}), Graft(route, *generator, arguments));
+            EXPECT_EQ(Answer(0), route.call(*generator, arguments));
             EXPECT_EQ(0, g_opens);
             EXPECT_EQ(before, StateOf(*generator));
             EXPECT_EQ(3u, HandleAt(*generator, L"/spare"));
@@ -303,8 +303,8 @@ TEST(GraftMistakes, ParentsOfTheWrongKind) {
 TEST(GraftMistakes, FilesThatAreNotNeededAreNotOpened) {
     const support::ImportPatch open(support::JsonDll(), "_wfopen_s", &CountedOpen);
     ASSERT_TRUE(open.Found());
-    for (const GraftRoute& route : GraftsOnly()) {
-        if (!route.fromFile) continue;
+    for (const Operation& route : GraftsOnly()) {
+        if (!ReadsFile(route)) continue;
         for (const Mistake mistake : kAllMistakes) {
             if (!CanMake(mistake, route) || StageOf(mistake) == kSource) continue;
             SCOPED_TRACE(testing::Message() << route << ": " << NameOf(mistake));
@@ -319,20 +319,19 @@ TEST(GraftMistakes, FilesThatAreNotNeededAreNotOpened) {
 
 /// Before there is a root there is one parent, a null under the path "/".
 TEST(GraftMistakes, BeforeThereIsARoot) {
-    for (const GraftRoute& route : GraftsOnly()) {
+    for (const Operation& route : GraftsOnly()) {
         SCOPED_TRACE(route.name);
         const GraftSource source(route, std::wstring(L"[1]"));
         const support::Generator generator = support::NewGenerator();
-        const bool isByPath = route.parent == GraftRoute::kByPath;
-        GraftArguments arguments = GraftScene::Good(route, source);
+        const bool isByPath = route.place == Place::kPath;
+        Arguments arguments = GraftScene::Good(route, source);
         const auto expect = [&](int result) {
-            EXPECT_EQ((Grafted{result, support::kUnwrittenHandle}),
-                      Graft(route, *generator, arguments));
+            EXPECT_EQ(Answer(result), route.call(*generator, arguments));
             EXPECT_EQ(L"", support::JsonOf(*generator));
         };
         expect(isByPath ? -10 : -2);
         arguments.path = L"/";
-        arguments.parent = 1;
+        arguments.handle = 1;
         expect(isByPath ? 0 : -2);
         EXPECT_EQ(1u, HandleAt(*generator, L"/"));
         expect(0);

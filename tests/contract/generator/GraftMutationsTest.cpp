@@ -14,8 +14,9 @@ namespace {
 using support::Encode;
 using support::Encoding;
 using support::ExpectAsReference;
-using support::GraftRoute;
 using support::GraftSource;
+using support::Operation;
+using support::Operations;
 
 constexpr const wchar_t* kDocuments[] = {
     L"{\"name\":\"Zo\xEB\",\"size\":[1,-2,3.25,4e5,-6E-7,18446744073709551616],\"on\":true}",
@@ -67,7 +68,7 @@ private:
     std::mt19937 random{20};
 };
 
-void ExpectTakenAsByReference(const std::vector<GraftRoute>& routes, int count) {
+void ExpectTakenAsByReference(const Operations& routes, int count) {
     Mutator mutator;
     int trees = 0;
     for (int i = 0; i < count; ++i) {
@@ -76,7 +77,7 @@ void ExpectTakenAsByReference(const std::vector<GraftRoute>& routes, int count) 
         const std::wstring document = kDocuments[mutator.Below(std::size(kDocuments))];
         const std::string bytes = mutator.Mutate(Encode(document, encoding, mark));
         SCOPED_TRACE(testing::PrintToString(bytes));
-        const GraftRoute& route = routes[static_cast<size_t>(i) % routes.size()];
+        const Operation& route = routes[static_cast<size_t>(i) % routes.size()];
         trees += ExpectAsReference(route, GraftSource(route, bytes)) ? 1 : 0;
     }
     EXPECT_GT(trees, 0);

@@ -15,8 +15,8 @@ using support::AllGraftRoutes;
 using support::Encode;
 using support::Encoding;
 using support::ExpectAsReference;
-using support::GraftRoute;
 using support::GraftSource;
+using support::Operation;
 using support::Taken;
 
 struct Row {
@@ -95,14 +95,14 @@ const Row kRows[] = {
 };
 
 /// A file that ends in a lone surrogate is not UTF-8, and is tried as ANSI text.
-bool IsTriedAgain(const Row& row, const GraftRoute& route) {
-    return route.fromFile && std::wcschr(row.json, L'\xD800') != nullptr;
+bool IsTriedAgain(const Row& row, const Operation& route) {
+    return ReadsFile(route) && std::wcschr(row.json, L'\xD800') != nullptr;
 }
 
 TEST(GraftSources, Texts) {
     for (const Row& row : kRows) {
         SCOPED_TRACE(testing::PrintToString(row.json));
-        for (const GraftRoute& route : AllGraftRoutes()) {
+        for (const Operation& route : AllGraftRoutes()) {
             const GraftSource source(route, std::wstring(row.json));
             ExpectAsReference(route, source);
             const Taken::Kind kind = IsTriedAgain(row, route) ? Taken::kContainer : row.kind;
@@ -123,8 +123,8 @@ TEST(GraftSources, EveryEncodingWithAndWithoutAMark) {
             std::string bytes = Encode(kText, encoding, mark);
             if (bytes.size() % 2 != 0) bytes += ' ';
             const bool isWide = encoding == Encoding::kUtf32Le || encoding == Encoding::kUtf32Be;
-            for (const GraftRoute& route : AllGraftRoutes())
-                EXPECT_EQ(route.fromFile || !isWide,
+            for (const Operation& route : AllGraftRoutes())
+                EXPECT_EQ(ReadsFile(route) || !isWide,
                           ExpectAsReference(route, GraftSource(route, bytes)));
         }
     }
@@ -143,7 +143,7 @@ TEST(GraftSources, EveryPrefix) {
                 SCOPED_TRACE(testing::Message() << size << " bytes of " << NameOf(encoding)
                                                 << (mark ? " with a mark" : ""));
                 for (const auto* routes : {&support::FileRoutes(), &support::TextRoutes()}) {
-                    const GraftRoute& route = (*routes)[turn % routes->size()];
+                    const Operation& route = (*routes)[turn % routes->size()];
                     const bool isTree =
                         ExpectAsReference(route, GraftSource(route, bytes.substr(0, size)));
                     good += isTree ? 1 : 0;
@@ -186,7 +186,7 @@ TEST(GraftSources, BeginningsThatMislead) {
     };
     for (const std::string& bytes : beginnings) {
         SCOPED_TRACE(testing::PrintToString(bytes));
-        for (const GraftRoute& route : AllGraftRoutes())
+        for (const Operation& route : AllGraftRoutes())
             ExpectAsReference(route, GraftSource(route, bytes));
     }
 }
@@ -197,7 +197,7 @@ TEST(GraftSources, FilesAreBinary) {
                                    Encode(L"[\"\x0A0D\x1A1A\x0D0A\"]", Encoding::kUtf16Le),
                                    Encode(L"[\"\x0A0D\x1A1A\x0D0A\"]", Encoding::kUtf16Be, true)};
     for (const std::string& bytes : sources)
-        for (const GraftRoute& route : support::FileRoutes())
+        for (const Operation& route : support::FileRoutes())
             ExpectAsReference(route, GraftSource(route, bytes));
 }
 

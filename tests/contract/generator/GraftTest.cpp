@@ -11,55 +11,54 @@
 
 namespace {
 
+using support::Answer;
+using support::Arguments;
 using support::Generator;
 using support::GeneratorOf;
-using support::Graft;
-using support::GraftArguments;
-using support::Grafted;
-using support::GraftRoute;
 using support::GraftScene;
 using support::GraftsOnly;
 using support::GraftSource;
 using support::HandleAt;
 using support::JsonOf;
 using support::NewGenerator;
+using support::Operation;
 using support::PathOf;
+using support::Place;
 
 /// Grafts `json` with the scene's arguments, changed by `change`.
 template <class Change>
-Grafted GraftJson(const GraftRoute& route, QXJSON::IJsonGenerator& generator,
-                  const std::wstring& json, const Change& change) {
+Answer GraftJson(const Operation& route, QXJSON::IJsonGenerator& generator,
+                 const std::wstring& json, const Change& change) {
     const GraftSource source(route, json);
-    GraftArguments arguments = GraftScene::Good(route, source);
+    Arguments arguments = GraftScene::Good(route, source);
     change(arguments);
-    return Graft(route, generator, arguments);
+    return route.call(generator, arguments);
 }
 
-Grafted GraftJson(const GraftRoute& route, QXJSON::IJsonGenerator& generator,
-                  const std::wstring& json) {
-    return GraftJson(route, generator, json, [](GraftArguments&) {});
+Answer GraftJson(const Operation& route, QXJSON::IJsonGenerator& generator,
+                 const std::wstring& json) {
+    return GraftJson(route, generator, json, [](Arguments&) {});
 }
 
 TEST(Graft, TheTreeBecomesTheLastChild) {
     ASSERT_EQ(8u, GraftsOnly().size());
-    for (const GraftRoute& route : GraftsOnly()) {
+    for (const Operation& route : GraftsOnly()) {
         SCOPED_TRACE(route.name);
         GraftScene scene;
         const std::wstring tree = L"{\"a\":[1,{\"b\":null}]}";
-        EXPECT_EQ((Grafted{1, GraftScene::kNext}), GraftJson(route, *scene, tree));
+        EXPECT_EQ((Answer{1, GraftScene::kNext}), GraftJson(route, *scene, tree));
         EXPECT_EQ(GraftScene::DocumentWith(route, tree), JsonOf(*scene));
-        EXPECT_EQ(route.TakesKey() ? L"/object/new" : L"/array/3",
-                  PathOf(*scene, GraftScene::kNext));
+        EXPECT_EQ(route.hasKey ? L"/object/new" : L"/array/3", PathOf(*scene, GraftScene::kNext));
         scene.ExpectNextHandle(GraftScene::kNext + 1);
     }
 }
 
 /// Stored positions count from 0, item paths from 1: the third element is found under either.
 TEST(Graft, TheHandleIsThatOfItsPath) {
-    for (const GraftRoute& route : GraftsOnly()) {
+    for (const Operation& route : GraftsOnly()) {
         SCOPED_TRACE(route.name);
         GraftScene scene;
-        const uint32_t handle = GraftJson(route, *scene, L"[[],{}]").handle;
+        const auto handle = static_cast<uint32_t>(GraftJson(route, *scene, L"[[],{}]").Number());
         const std::wstring path = PathOf(*scene, handle);
         EXPECT_EQ(handle, HandleAt(*scene, path.c_str()));
         EXPECT_EQ(handle + 1, HandleAt(*scene, (path + L"/2").c_str()));
@@ -76,12 +75,12 @@ TEST(Graft, HandlesCountOnThroughAllRoutes) {
     std::wstring members;
     std::wstring elements;
     for (int round = 0; round < 3; ++round) {
-        for (const GraftRoute& route : GraftsOnly()) {
+        for (const Operation& route : GraftsOnly()) {
             const std::wstring key = L"k" + std::to_wstring(next);
-            const Grafted grafted = GraftJson(route, *generator, L"[]",
-                                              [&](GraftArguments& a) { a.key = key.c_str(); });
-            EXPECT_EQ((Grafted{1, next}), grafted) << route;
-            if (route.TakesKey())
+            const Answer grafted =
+                GraftJson(route, *generator, L"[]", [&](Arguments& a) { a.key = key.c_str(); });
+            EXPECT_EQ((Answer{1, next}), grafted) << route;
+            if (route.hasKey)
                 members += (members.empty() ? L"\"" : L",\"") + key + L"\":[]";
             else
                 elements += elements.empty() ? L"[]" : L",[]";
@@ -106,17 +105,17 @@ TEST(Graft, IntoTheRoot) {
         {L"[]", L"[[1]]", false, L"/1"},
         {L"[0]", L"[0,[1]]", false, L"/2"},
     };
-    for (const GraftRoute& route : GraftsOnly()) {
+    for (const Operation& route : GraftsOnly()) {
         for (const Root& root : roots) {
-            if (root.isObject != route.TakesKey()) continue;
+            if (root.isObject != route.hasKey) continue;
             SCOPED_TRACE(testing::Message() << route << testing::PrintToString(root.before));
             const Generator generator = GeneratorOf(root.before);
-            const Grafted grafted = GraftJson(route, *generator, L"[1]", [](GraftArguments& a) {
-                a.parent = 1;
+            const Answer grafted = GraftJson(route, *generator, L"[1]", [](Arguments& a) {
+                a.handle = 1;
                 a.path = L"/";
                 a.key = L"k";
             });
-            EXPECT_EQ((Grafted{1, 2}), grafted);
+            EXPECT_EQ((Answer{1, 2}), grafted);
             EXPECT_EQ(root.after, JsonOf(*generator));
             EXPECT_EQ(root.path, PathOf(*generator, 2));
         }
@@ -125,29 +124,30 @@ TEST(Graft, IntoTheRoot) {
 
 /// A root that was created by reference has no handle, so that the first graft gets the first one.
 TEST(Graft, BelowARootWithoutAHandle) {
-    for (const GraftRoute& route : GraftsOnly()) {
-        if (route.parent != GraftRoute::kByPath) continue;
+    for (const Operation& route : GraftsOnly()) {
+        if (route.place != Place::kPath) continue;
         SCOPED_TRACE(route.name);
         const Generator generator = NewGenerator();
         uint64_t root = 0;
-        ASSERT_EQ(1, route.TakesKey() ? generator->ResetRootObjectValue(&root)
-                                      : generator->ResetRootArrayValue(&root));
-        const auto toRoot = [](GraftArguments& a) { a.path = L"/"; };
-        EXPECT_EQ((Grafted{1, 1}), GraftJson(route, *generator, L"{}", toRoot));
-        EXPECT_EQ(route.TakesKey() ? L"/new" : L"/1", PathOf(*generator, 1));
+        ASSERT_EQ(1, route.hasKey ? generator->ResetRootObjectValue(&root)
+                                  : generator->ResetRootArrayValue(&root));
+        const auto toRoot = [](Arguments& a) { a.path = L"/"; };
+        EXPECT_EQ((Answer{1, 1}), GraftJson(route, *generator, L"{}", toRoot));
+        EXPECT_EQ(route.hasKey ? L"/new" : L"/1", PathOf(*generator, 1));
         EXPECT_EQ(2u, HandleAt(*generator, L"/"));
     }
 }
 
 /// By reference, too, one can go on in what was grafted.
 TEST(Graft, ItemsAreAddedToWhatWasGrafted) {
-    for (const GraftRoute& route : GraftsOnly()) {
+    for (const Operation& route : GraftsOnly()) {
         SCOPED_TRACE(route.name);
         GraftScene scene;
-        const uint32_t tree = GraftJson(route, *scene, L"{\"list\":[1]}").handle;
+        const auto tree =
+            static_cast<int32_t>(GraftJson(route, *scene, L"{\"list\":[1]}").Number());
         const std::wstring path = PathOf(*scene, tree);
         uint32_t handle = 0;
-        EXPECT_EQ(1, scene->AddObjectItemBoolean(static_cast<int32_t>(tree), L"on", 1, &handle));
+        EXPECT_EQ(1, scene->AddObjectItemBoolean(tree, L"on", 1, &handle));
         EXPECT_EQ(tree + 1, handle);
         EXPECT_EQ(1, scene->AddArrayItemIntByPath((path + L"/list").c_str(), 2, &handle));
         EXPECT_EQ(tree + 2, handle);
@@ -156,22 +156,22 @@ TEST(Graft, ItemsAreAddedToWhatWasGrafted) {
 }
 
 TEST(Graft, GraftsIntoGrafts) {
-    for (const GraftRoute& route : GraftsOnly()) {
+    for (const Operation& route : GraftsOnly()) {
         SCOPED_TRACE(route.name);
-        const Generator generator = GeneratorOf(route.TakesKey() ? L"{}" : L"[]");
+        const Generator generator = GeneratorOf(route.hasKey ? L"{}" : L"[]");
         uint32_t parent = 1;
-        std::wstring expected = route.TakesKey() ? L"{}" : L"[]";
+        std::wstring expected = route.hasKey ? L"{}" : L"[]";
         for (int level = 0; level < 30; ++level) {
             const std::wstring path = PathOf(*generator, parent);
-            const Grafted grafted = GraftJson(route, *generator, route.TakesKey() ? L"{}" : L"[]",
-                                              [&](GraftArguments& a) {
-                                                  a.parent = static_cast<int32_t>(parent);
-                                                  a.path = path.c_str();
-                                                  a.key = L"k1";
-                                              });
-            EXPECT_EQ((Grafted{1, parent + 1}), grafted);
-            parent = grafted.handle;
-            expected = route.TakesKey() ? L"{\"k1\":" + expected + L"}" : L"[" + expected + L"]";
+            const Answer grafted =
+                GraftJson(route, *generator, route.hasKey ? L"{}" : L"[]", [&](Arguments& a) {
+                    a.handle = parent;
+                    a.path = path.c_str();
+                    a.key = L"k1";
+                });
+            EXPECT_EQ((Answer{1, parent + 1}), grafted);
+            parent = static_cast<uint32_t>(grafted.Number());
+            expected = route.hasKey ? L"{\"k1\":" + expected + L"}" : L"[" + expected + L"]";
         }
         EXPECT_EQ(expected, JsonOf(*generator));
     }
@@ -179,16 +179,16 @@ TEST(Graft, GraftsIntoGrafts) {
 
 /// Two grafts of one source are two trees.
 TEST(Graft, EachGraftIsACopy) {
-    for (const GraftRoute& route : GraftsOnly()) {
-        if (route.TakesKey()) continue;
+    for (const Operation& route : GraftsOnly()) {
+        if (route.hasKey) continue;
         SCOPED_TRACE(route.name);
         const Generator generator = GeneratorOf(L"{\"array\":[]}");
         ASSERT_EQ(2u, HandleAt(*generator, L"/array"));
         const GraftSource source(route, std::wstring(L"[\"text\"]"));
-        GraftArguments arguments = GraftScene::Good(route, source);
-        arguments.parent = 2;
-        EXPECT_EQ((Grafted{1, 3}), Graft(route, *generator, arguments));
-        EXPECT_EQ((Grafted{1, 4}), Graft(route, *generator, arguments));
+        Arguments arguments = GraftScene::Good(route, source);
+        arguments.handle = 2;
+        EXPECT_EQ((Answer{1, 3}), route.call(*generator, arguments));
+        EXPECT_EQ((Answer{1, 4}), route.call(*generator, arguments));
         uint32_t handle = 0;
         EXPECT_EQ(1, generator->AddArrayItemInt(3, 1, &handle));
         EXPECT_EQ(1, generator->AddArrayItemInt(4, 2, &handle));
@@ -198,35 +198,35 @@ TEST(Graft, EachGraftIsACopy) {
 
 /// Key, text, path and file belong to the caller again when the call is over.
 TEST(Graft, NothingOfTheCallersIsKept) {
-    for (const GraftRoute& route : GraftsOnly()) {
+    for (const Operation& route : GraftsOnly()) {
         SCOPED_TRACE(route.name);
         GraftScene scene;
         std::wstring key = L"new";
-        std::wstring path = route.TakesKey() ? L"/object" : L"/array";
+        std::wstring path = route.hasKey ? L"/object" : L"/array";
         std::wstring text = L"{\"a key\":\"a text\"}";
         {
             const GraftSource source(route, text);
-            GraftArguments arguments = GraftScene::Good(route, source);
+            Arguments arguments = GraftScene::Good(route, source);
             arguments.key = key.c_str();
             arguments.path = path.c_str();
-            if (!route.fromFile) arguments.source = text.c_str();
-            EXPECT_EQ(GraftScene::AnswerOf(route), Graft(route, *scene, arguments));
+            if (!ReadsFile(route)) arguments.payload.text = text.c_str();
+            EXPECT_EQ(GraftScene::AnswerOf(route), route.call(*scene, arguments));
         }
         for (std::wstring* mine : {&key, &path, &text}) mine->assign(mine->size(), L'#');
         EXPECT_EQ(GraftScene::DocumentWith(route, L"{\"a key\":\"a text\"}"), JsonOf(*scene));
-        EXPECT_EQ(route.TakesKey() ? L"/object/new" : L"/array/3",
-                  PathOf(*scene, GraftScene::kNext));
+        EXPECT_EQ(route.hasKey ? L"/object/new" : L"/array/3", PathOf(*scene, GraftScene::kNext));
     }
 }
 
 /// A variable for the handle that is no memory faults; the generator goes on.
 TEST(Graft, AVariableThatIsNoMemory) {
-    for (const GraftRoute& route : support::AllGraftRoutes()) {
+    for (const Operation& route : support::AllGraftRoutes()) {
         SCOPED_TRACE(route.name);
         const GraftScene scene;
         const GraftSource source(route, std::wstring(L"[1]"));
-        const GraftArguments arguments = GraftScene::Good(route, source);
-        EXPECT_EQ(-5, route.call(*scene, arguments, reinterpret_cast<uint32_t*>(uintptr_t{8})));
+        Arguments arguments = GraftScene::Good(route, source);
+        arguments.outputs[0] = support::kWild;
+        EXPECT_EQ(Answer(-5), route.call(*scene, arguments));
         EXPECT_TRUE(source.IsClosed());
         uint32_t handle = 0;
         EXPECT_EQ(1, scene->LoadJsonString(L"{\"a\":1}", &handle));
@@ -259,17 +259,17 @@ TEST(Graft, AGeneratorTakesItsOwnOutput) {
 
 /// An element gets the handle that its position had before the array was overwritten.
 TEST(Graft, AnElementAtAPositionThatHadAHandle) {
-    for (const GraftRoute& route : GraftsOnly()) {
-        if (route.TakesKey()) continue;
+    for (const Operation& route : GraftsOnly()) {
+        if (route.hasKey) continue;
         SCOPED_TRACE(route.name);
         GraftScene scene;
         EXPECT_EQ(5u, HandleAt(*scene, L"/array/2"));
         uint32_t handle = 0;
         ASSERT_EQ(1, scene->AddObjectItemArray(1, L"array", &handle));
         EXPECT_EQ(3u, handle);
-        EXPECT_EQ((Grafted{1, 6}), GraftJson(route, *scene, L"[\"first\"]"));
-        EXPECT_EQ((Grafted{1, 5}), GraftJson(route, *scene, L"[\"second\"]"));
-        EXPECT_EQ((Grafted{1, 7}), GraftJson(route, *scene, L"[\"third\"]"));
+        EXPECT_EQ((Answer{1, 6}), GraftJson(route, *scene, L"[\"first\"]"));
+        EXPECT_EQ((Answer{1, 5}), GraftJson(route, *scene, L"[\"second\"]"));
+        EXPECT_EQ((Answer{1, 7}), GraftJson(route, *scene, L"[\"third\"]"));
         EXPECT_EQ(1, scene->AddArrayItemInt(5, 2, &handle));
         EXPECT_EQ(8u, handle);
         EXPECT_NE(std::wstring::npos,
@@ -279,17 +279,17 @@ TEST(Graft, AnElementAtAPositionThatHadAHandle) {
 
 /// A parent that is no longer where it was under its handle, but something else is.
 TEST(Graft, IntoWhatStandsUnderTheHandleNow) {
-    for (const GraftRoute& route : GraftsOnly()) {
+    for (const Operation& route : GraftsOnly()) {
         SCOPED_TRACE(route.name);
         GraftScene scene;
         uint32_t handle = 0;
-        const wchar_t* key = route.TakesKey() ? L"object" : L"array";
-        const wchar_t* other = route.TakesKey() ? L"{\"b\":{}}" : L"[true]";
+        const wchar_t* key = route.hasKey ? L"object" : L"array";
+        const wchar_t* other = route.hasKey ? L"{\"b\":{}}" : L"[true]";
         ASSERT_EQ(1, scene->AddObjectItemJsonString(1, key, other, &handle));
-        EXPECT_EQ(static_cast<uint32_t>(GraftScene::Good(route).parent), handle);
-        EXPECT_EQ((Grafted{1, 5}), GraftJson(route, *scene, L"[]"));
+        EXPECT_EQ(GraftScene::Good(route).handle, handle);
+        EXPECT_EQ((Answer{1, 5}), GraftJson(route, *scene, L"[]"));
         const wchar_t* now =
-            route.TakesKey() ? L"\"object\":{\"b\":{},\"new\":[]}" : L"\"array\":[true,[]]";
+            route.hasKey ? L"\"object\":{\"b\":{},\"new\":[]}" : L"\"array\":[true,[]]";
         EXPECT_NE(std::wstring::npos, JsonOf(*scene).find(now));
     }
 }

@@ -10,8 +10,6 @@ using namespace building;
 using support::Generator;
 using support::NewGenerator;
 
-constexpr uint32_t kUntouched = 4711;
-
 /// A generator that holds parsed JSON, whose root has the handle 1 and nothing else has one.
 Generator Holding(const wchar_t* json) {
     Generator generator = NewGenerator();
@@ -21,13 +19,6 @@ Generator Holding(const wchar_t* json) {
     return generator;
 }
 
-Answer HandleAt(QXJSON::IJsonGenerator& generator, const wchar_t* path) {
-    uint32_t handle = kUntouched;
-    Answer answer = {generator.GetItemHandleByPath(path, &handle)};
-    if (handle != kUntouched) answer.output = handle;
-    return answer;
-}
-
 TEST(Paths, HandlesAreIssuedOnTheFirstRequest) {
     const Generator generator = Holding(LR"({"a":[1,{"b":null}],"c":{"1":"x","a1":[[5]]}})");
     const wchar_t* const paths[] = {L"/",    L"/a/2", L"/a",    L"/c/1",      L"/a/2/b",
@@ -35,7 +26,7 @@ TEST(Paths, HandlesAreIssuedOnTheFirstRequest) {
     for (int round = 0; round < 3; ++round) {
         for (uint32_t i = 0; i < std::size(paths); ++i) {
             SCOPED_TRACE(testing::PrintToString(paths[i]));
-            EXPECT_EQ((Answer{1, i + 1}), HandleAt(*generator, paths[i]));
+            EXPECT_EQ((Answer{1, i + 1}), ItemHandleByPath(*generator, paths[i]));
             wchar_t path[1024] = L"";
             EXPECT_EQ(1, generator->GetItemPath(static_cast<int32_t>(i + 1), path));
             EXPECT_STREQ(paths[i], path);
@@ -46,19 +37,19 @@ TEST(Paths, HandlesAreIssuedOnTheFirstRequest) {
 /// The same item under different spellings of its position has one handle.
 TEST(Paths, SpellingsOfAPosition) {
     const Generator generator = Holding(L"[[0,1,2,3,4,5,6,7,8,9,10],{}]");
-    EXPECT_EQ((Answer{1, 2u}), HandleAt(*generator, L"/1"));
-    EXPECT_EQ((Answer{1, 3u}), HandleAt(*generator, L"/1/10"));
+    EXPECT_EQ((Answer{1, 2u}), ItemHandleByPath(*generator, L"/1"));
+    EXPECT_EQ((Answer{1, 3u}), ItemHandleByPath(*generator, L"/1/10"));
     for (const wchar_t* path : {L"/01/10", L"/1/010", L"/+1/10x", L"/1/ 10", L"/1.9/10.5",
                                 L"/1a/10", L"/0000000000000000000000001/0010 11"}) {
         SCOPED_TRACE(testing::PrintToString(path));
-        EXPECT_EQ((Answer{1, 3u}), HandleAt(*generator, path));
+        EXPECT_EQ((Answer{1, 3u}), ItemHandleByPath(*generator, path));
     }
     for (const wchar_t* path : {L"/0", L"/00", L"/-1", L"/3", L"/x1", L"/x", L"//", L"/1/12",
                                 L"/1/0", L"/1/-", L"/1/", L"/2/1", L"/1/1/1"}) {
         SCOPED_TRACE(testing::PrintToString(path));
-        EXPECT_EQ((Answer{-10}), HandleAt(*generator, path));
+        EXPECT_EQ((Answer{-10}), ItemHandleByPath(*generator, path));
     }
-    EXPECT_EQ((Answer{1, 4u}), HandleAt(*generator, L"/2"));
+    EXPECT_EQ((Answer{1, 4u}), ItemHandleByPath(*generator, L"/2"));
 }
 
 /// Below an object digits are part of the key.
@@ -69,30 +60,32 @@ TEST(Paths, DigitsInKeys) {
                                     L"/1/1", L"/x~/1", L"/1~/x", L"/~0", L"/~01"};
     for (uint32_t i = 0; i < std::size(paths); ++i) {
         SCOPED_TRACE(testing::PrintToString(paths[i]));
-        EXPECT_EQ((Answer{1, i + 2}), HandleAt(*generator, paths[i]));
+        EXPECT_EQ((Answer{1, i + 2}), ItemHandleByPath(*generator, paths[i]));
     }
     for (const wchar_t* path :
          {L"/00", L"/2", L"/001", L"/A1", L"/1A", L"/1a/1", L"/1/2", L"/x/1"}) {
         SCOPED_TRACE(testing::PrintToString(path));
-        EXPECT_EQ((Answer{std::wstring(path) == L"/x/1" ? -5 : -10}), HandleAt(*generator, path));
+        EXPECT_EQ((Answer{std::wstring(path) == L"/x/1" ? -5 : -10}),
+                  ItemHandleByPath(*generator, path));
     }
 }
 
 TEST(Paths, NamesCompareExactly) {
     const Generator generator = Holding(L"{\"Ab\":{\"\x00E9\":1},\"ab\":2,\"\":3,\" \":{\"\":4}}");
-    EXPECT_EQ((Answer{1, 2u}), HandleAt(*generator, L"/Ab"));
-    EXPECT_EQ((Answer{1, 3u}), HandleAt(*generator, L"/ab"));
-    EXPECT_EQ((Answer{1, 4u}), HandleAt(*generator, L"/Ab/\x00E9"));
-    EXPECT_EQ((Answer{1, 5u}), HandleAt(*generator, L"/ /"));
+    EXPECT_EQ((Answer{1, 2u}), ItemHandleByPath(*generator, L"/Ab"));
+    EXPECT_EQ((Answer{1, 3u}), ItemHandleByPath(*generator, L"/ab"));
+    EXPECT_EQ((Answer{1, 4u}), ItemHandleByPath(*generator, L"/Ab/\x00E9"));
+    EXPECT_EQ((Answer{1, 5u}), ItemHandleByPath(*generator, L"/ /"));
     for (const wchar_t* path : {L"/AB", L"/aB", L"/Ab/\x00C9", L"/Ab/e", L"/ab ", L"/ab/", L"//"})
-        EXPECT_EQ((Answer{-10}), HandleAt(*generator, path)) << testing::PrintToString(path);
+        EXPECT_EQ((Answer{-10}), ItemHandleByPath(*generator, path))
+            << testing::PrintToString(path);
 }
 
 /// Of members of the same name a path names the first.
 TEST(Paths, OfRepeatedNamesTheFirst) {
     const Generator generator = Holding(LR"({"a":{"b":1},"a":{"c":2}})");
-    EXPECT_EQ((Answer{1, 2u}), HandleAt(*generator, L"/a/b"));
-    EXPECT_EQ((Answer{-10}), HandleAt(*generator, L"/a/c"));
+    EXPECT_EQ((Answer{1, 2u}), ItemHandleByPath(*generator, L"/a/b"));
+    EXPECT_EQ((Answer{-10}), ItemHandleByPath(*generator, L"/a/c"));
 }
 
 TEST(Paths, ToNothing) {
@@ -101,7 +94,7 @@ TEST(Paths, ToNothing) {
         Scene scene;
         const std::wstring text = scene.Text();
         const uint32_t next = scene.NextHandle() + 1;
-        EXPECT_EQ((Answer{bad.result}), HandleAt(scene.Generator(), bad.path));
+        EXPECT_EQ((Answer{bad.result}), ItemHandleByPath(scene.Generator(), bad.path));
         EXPECT_EQ(bad.result, scene.Generator().GetItemHandleByPath(bad.path, nullptr));
         EXPECT_EQ(text, scene.Text());
         EXPECT_EQ(next, scene.NextHandle());
@@ -111,26 +104,26 @@ TEST(Paths, ToNothing) {
 TEST(Paths, WithoutAnOutputNoHandleIsIssued) {
     const Generator generator = Holding(LR"({"a":1,"b":2})");
     EXPECT_EQ(0, generator->GetItemHandleByPath(L"/a", nullptr));
-    EXPECT_EQ((Answer{1, 2u}), HandleAt(*generator, L"/b"));
+    EXPECT_EQ((Answer{1, 2u}), ItemHandleByPath(*generator, L"/b"));
     EXPECT_EQ(0, generator->GetItemHandleByPath(L"/b", nullptr));
     EXPECT_EQ(0, generator->GetItemHandleByPath(L"/", nullptr));
-    EXPECT_EQ((Answer{1, 3u}), HandleAt(*generator, L"/a"));
+    EXPECT_EQ((Answer{1, 3u}), ItemHandleByPath(*generator, L"/a"));
     EXPECT_EQ(-5,
               generator->GetItemHandleByPath(L"/a", reinterpret_cast<uint32_t*>(uintptr_t{16})));
     EXPECT_EQ(-5, generator->GetItemHandleByPath(reinterpret_cast<const wchar_t*>(uintptr_t{16}),
                                                  nullptr));
-    EXPECT_EQ((Answer{1, 2u}), HandleAt(*generator, L"/b"));
+    EXPECT_EQ((Answer{1, 2u}), ItemHandleByPath(*generator, L"/b"));
 }
 
 /// A child whose path leads nowhere has a handle still, but nothing is at its path.
 TEST(Paths, ToWhatWasOverwritten) {
     Scene scene;
-    EXPECT_EQ((Answer{-10}), HandleAt(scene.Generator(), L"/emptied/inside"));
+    EXPECT_EQ((Answer{-10}), ItemHandleByPath(scene.Generator(), L"/emptied/inside"));
     uint64_t reference = 0;
     EXPECT_EQ(1, scene.Generator().AddObjectValueInt(scene.Place(L"emptied").reference, L"inside",
                                                      1, &reference));
     const Answer again = {1, static_cast<uint64_t>(scene.LostHandle())};
-    EXPECT_EQ(again, HandleAt(scene.Generator(), L"/emptied/inside"));
+    EXPECT_EQ(again, ItemHandleByPath(scene.Generator(), L"/emptied/inside"));
 }
 
 /// A key so long that the path to it is of a length, with slashes at the end to escape or not.
@@ -166,10 +159,11 @@ TEST(Paths, OfAllLengths) {
         EXPECT_EQ(1, generator->AddObjectValueArray(root, row.key.c_str(), &member));
         const std::wstring text = TextOf(*generator);
         const int result = row.fits ? 1 : -10;
-        EXPECT_EQ(row.fits ? (Answer{1, 1u}) : Answer{-10}, HandleAt(*generator, row.path.c_str()));
+        EXPECT_EQ(row.fits ? (Answer{1, 1u}) : Answer{-10},
+                  ItemHandleByPath(*generator, row.path.c_str()));
         EXPECT_EQ(result, generator->AddArrayItemIntByPath(row.path.c_str(), 5, &handle));
         EXPECT_EQ(row.fits ? text.substr(0, text.size() - 2) + L"5]}" : text, TextOf(*generator));
-        EXPECT_EQ((Answer{1, row.fits ? 3u : 1u}), HandleAt(*generator, L"/"));
+        EXPECT_EQ((Answer{1, row.fits ? 3u : 1u}), ItemHandleByPath(*generator, L"/"));
     }
 }
 
@@ -184,11 +178,11 @@ TEST(Paths, WhoseTranslationIsShorter) {
     EXPECT_EQ(1, generator->AddObjectValueArray(root, key.c_str(), &list));
     for (int i = 0; i < 11; ++i) EXPECT_EQ(1, generator->AddArrayValueNull(list, &element));
     const std::wstring path = L"/" + key;
-    EXPECT_EQ((Answer{1, 1u}), HandleAt(*generator, (path + L"/9").c_str()));
-    EXPECT_EQ((Answer{1, 2u}), HandleAt(*generator, (path + L"/10").c_str()));
-    EXPECT_EQ((Answer{-10}), HandleAt(*generator, (path + L"/11").c_str()));
+    EXPECT_EQ((Answer{1, 1u}), ItemHandleByPath(*generator, (path + L"/9").c_str()));
+    EXPECT_EQ((Answer{1, 2u}), ItemHandleByPath(*generator, (path + L"/10").c_str()));
+    EXPECT_EQ((Answer{-10}), ItemHandleByPath(*generator, (path + L"/11").c_str()));
     const std::wstring zeros(5000, L'0');
-    EXPECT_EQ((Answer{1, 1u}), HandleAt(*generator, (path + L"/" + zeros + L"9").c_str()));
+    EXPECT_EQ((Answer{1, 1u}), ItemHandleByPath(*generator, (path + L"/" + zeros + L"9").c_str()));
 }
 
 /// New items below a parent by path have the paths that handles give them.

@@ -32,10 +32,10 @@ void ForEachCall(const Each& each) {
         SCOPED_TRACE(slot.name);
         each([&](IJsonPackage& package) {
             const wchar_t* text = nullptr;
-            return slot.forward(package, &text);
+            return slot.Forward(package, &text);
         });
-        each([&](IJsonPackage& package) { return slot.set(package, L"s"); });
-        each([&](IJsonPackage& package) { return slot.set(package, L"new"); });
+        each([&](IJsonPackage& package) { return slot.Set(package, L"s"); });
+        each([&](IJsonPackage& package) { return slot.Set(package, L"new"); });
     }
     each([](IJsonPackage& package) { return ImportFrom(package, L"s"); });
     each([](IJsonPackage& package) { return ImportFrom(package, L"o"); });
@@ -76,7 +76,7 @@ TEST(PackageBridgeFailure, AlsoThroughAChainOfPackages) {
     EXPECT_EQ(1, second->SetDelegate(third.get()));
     EXPECT_EQ(1, third->SetDelegate(&delegate));
     for (const ExportSlot& slot : ExportSlots()) {
-        EXPECT_EQ("of the last delegate", Thrown([&] { slot.set(*first, L"k"); })) << slot.name;
+        EXPECT_EQ("of the last delegate", Thrown([&] { slot.Set(*first, L"k"); })) << slot.name;
         EXPECT_EQ(kDocument, support::PackageText(*first));
     }
 }
@@ -105,8 +105,8 @@ TEST(PackageBridgeFailure, ATextThatCannotBeReadIsRefused) {
     EXPECT_EQ(1, package->SetDelegate(&delegate));
     for (const ExportSlot& slot : ExportSlots()) {
         SCOPED_TRACE(slot.name);
-        EXPECT_EQ(-5, slot.set(*package, L"s"));
-        EXPECT_EQ(-5, slot.set(*package, L"new"));
+        EXPECT_EQ(-5, slot.Set(*package, L"s"));
+        EXPECT_EQ(-5, slot.Set(*package, L"new"));
         EXPECT_EQ(kDocument, support::PackageText(*package));
     }
 }

@@ -34,12 +34,12 @@ TEST(PackageBridge, ExportsAreForwardedUnchanged) {
     EXPECT_EQ(1, package->SetDelegate(&delegate));
     for (const ExportSlot& slot : ExportSlots())
         for (const int answer : {1, 0, -5, 17}) {
-            SCOPED_TRACE(std::string(slot.name) + " answers " + std::to_string(answer));
+            SCOPED_TRACE(slot.name + " answers " + std::to_string(answer));
             delegate.answer = answer;
             delegate.calls.clear();
             delegate.outputs.clear();
             const wchar_t* text = L"before";
-            EXPECT_EQ(answer, slot.forward(*package, &text));
+            EXPECT_EQ(answer, slot.Forward(*package, &text));
             EXPECT_EQ(Calls{slot.call}, delegate.calls);
             EXPECT_EQ(std::vector<const wchar_t**>{&text}, delegate.outputs);
             EXPECT_EQ(delegate.text, text);
@@ -53,7 +53,7 @@ TEST(PackageBridge, AMissingOutputIsForwardedToo) {
     EXPECT_EQ(1, package->SetDelegate(&delegate));
     for (const ExportSlot& slot : ExportSlots()) {
         delegate.outputs.clear();
-        EXPECT_EQ(1, slot.forward(*package, nullptr)) << slot.name;
+        EXPECT_EQ(1, slot.Forward(*package, nullptr)) << slot.name;
         EXPECT_EQ(std::vector<const wchar_t**>{nullptr}, delegate.outputs);
     }
 }
@@ -77,8 +77,8 @@ TEST(PackageBridge, SettingPassesAllArgumentsOn) {
         const Package package = LoadedPackage(L"{\"a\":1,\"Key\":2,\"z\":3}");
         RecordingDelegate delegate(L"{ \"x\" : [ 1 ] }");
         EXPECT_EQ(1, package->SetDelegate(&delegate));
-        EXPECT_EQ(1, slot.set(*package, L"kEY"));
-        EXPECT_EQ(1, slot.set(*package, L"new"));
+        EXPECT_EQ(1, slot.Set(*package, L"kEY"));
+        EXPECT_EQ(1, slot.Set(*package, L"new"));
         EXPECT_EQ((Calls{slot.call, slot.call}), delegate.calls);
         EXPECT_EQ((std::vector<const wchar_t*>{nullptr, nullptr}), delegate.foundThere);
         EXPECT_EQ(L"{\"a\":1,\"Key\":{\"x\":[1]},\"z\":3,\"new\":{\"x\":[1]}}",
@@ -89,18 +89,18 @@ TEST(PackageBridge, SettingPassesAllArgumentsOn) {
 TEST(PackageBridge, AnyAnswerButOneIsPassedBackAndStoresNothing) {
     for (const ExportSlot& slot : ExportSlots())
         for (const int answer : kFailures) {
-            SCOPED_TRACE(std::string(slot.name) + " answers " + std::to_string(answer));
+            SCOPED_TRACE(slot.name + " answers " + std::to_string(answer));
             const Package package = LoadedPackage(L"{\"Key\":1}");
             const PackageState before = PackageStateOf(*package);
             RecordingDelegate delegate(L"{\"x\":1}");
             delegate.answer = answer;
             EXPECT_EQ(1, package->SetDelegate(&delegate));
-            EXPECT_EQ(answer, slot.set(*package, L"Key"));
-            EXPECT_EQ(answer, slot.set(*package, L"new"));
+            EXPECT_EQ(answer, slot.Set(*package, L"Key"));
+            EXPECT_EQ(answer, slot.Set(*package, L"new"));
             // The answer comes first, the key is not looked at.
-            EXPECT_EQ(answer, slot.set(*package, nullptr));
+            EXPECT_EQ(answer, slot.Set(*package, nullptr));
             delegate.text = nullptr;
-            EXPECT_EQ(answer, slot.set(*package, L"Key"));
+            EXPECT_EQ(answer, slot.Set(*package, L"Key"));
             EXPECT_EQ(4u, delegate.calls.size());
             EXPECT_EQ(before, PackageStateOf(*package));
         }
@@ -122,8 +122,8 @@ TEST(PackageBridge, TheTextMustBeAnObjectOrArray) {
             const Package package = LoadedPackage(L"{\"a\":1}");
             RecordingDelegate delegate(row.text);
             EXPECT_EQ(1, package->SetDelegate(&delegate));
-            EXPECT_EQ(row.result, slot.set(*package, L"k"));
-            EXPECT_EQ(-1, slot.set(*package, nullptr));
+            EXPECT_EQ(row.result, slot.Set(*package, L"k"));
+            EXPECT_EQ(-1, slot.Set(*package, nullptr));
             EXPECT_EQ((Calls{slot.call, slot.call}), delegate.calls);
             EXPECT_EQ(
                 row.result == 1 ? std::wstring(L"{\"a\":1,\"k\":") + row.text + L"}" : L"{\"a\":1}",
@@ -137,7 +137,7 @@ TEST(PackageBridge, AnExportThatGivesNoTextAtAll) {
         RecordingDelegate delegate(L"{}");
         delegate.writesText = false;
         EXPECT_EQ(1, package->SetDelegate(&delegate));
-        EXPECT_EQ(-4, slot.set(*package, L"a")) << slot.name;
+        EXPECT_EQ(-4, slot.Set(*package, L"a")) << slot.name;
         EXPECT_EQ(L"{\"a\":1}", PackageText(*package));
     }
 }
@@ -150,7 +150,7 @@ TEST(PackageBridge, TheDelegatesTextIsCopied) {
     EXPECT_EQ(1, package->SetDelegate(&delegate));
     for (const ExportSlot& slot : ExportSlots()) {
         text = copy;
-        EXPECT_EQ(1, slot.set(*package, L"k"));
+        EXPECT_EQ(1, slot.Set(*package, L"k"));
         text.assign(text.size(), L'#');
         EXPECT_EQ(L"{\"k\":" + copy + L"}", PackageText(*package));
     }
@@ -211,11 +211,11 @@ void ExpectNoDelegate(IJsonPackage& package) {
     for (const ExportSlot& slot : ExportSlots()) {
         SCOPED_TRACE(slot.name);
         const wchar_t* text = L"untouched";
-        EXPECT_EQ(0, slot.forward(package, &text));
+        EXPECT_EQ(0, slot.Forward(package, &text));
         EXPECT_STREQ(L"untouched", text);
-        EXPECT_EQ(0, slot.forward(package, nullptr));
+        EXPECT_EQ(0, slot.Forward(package, nullptr));
         for (const wchar_t* key : {L"s", L"new", static_cast<const wchar_t*>(nullptr)})
-            EXPECT_EQ(0, slot.set(package, key));
+            EXPECT_EQ(0, slot.Set(package, key));
     }
     for (const NotImported& row : kNotImported)
         EXPECT_EQ(row.result, ImportFrom(package, row.key)) << testing::PrintToString(row.key);
@@ -244,7 +244,7 @@ TEST(PackageBridge, TheLastDelegateSetIsTheOneThatIsCalled) {
     RecordingDelegate second(L"[2]");
     EXPECT_EQ(1, package->SetDelegate(&first));
     EXPECT_EQ(1, package->SetDelegate(&second));
-    EXPECT_EQ(1, ExportSlots()[0].set(*package, L"k"));
+    EXPECT_EQ(1, ExportSlots()[0].Set(*package, L"k"));
     EXPECT_EQ(L"{\"k\":[2]}", PackageText(*package));
     EXPECT_EQ(Calls{}, first.calls);
     EXPECT_EQ(1u, second.calls.size());
@@ -258,7 +258,7 @@ TEST(PackageBridge, TheDelegateOutlivesLoads) {
     for (const wchar_t* text : {L"{\"a\":1}", L"[1]", L"{\"a\"", L""}) {
         package->LoadString(text);
         EXPECT_EQ(1, package->RemoveAll());
-        for (const ExportSlot& slot : ExportSlots()) EXPECT_EQ(1, slot.set(*package, L"k"));
+        for (const ExportSlot& slot : ExportSlots()) EXPECT_EQ(1, slot.Set(*package, L"k"));
         EXPECT_EQ(L"{\"k\":[1]}", PackageText(*package));
         EXPECT_EQ(1, ImportFrom(*package, L"k"));
     }
@@ -274,7 +274,7 @@ TEST(PackageBridge, ReleaseLeavesTheDelegateAlone) {
     EXPECT_EQ(Calls{}, delegate.calls);
     const Package other = NewPackage();
     EXPECT_EQ(1, other->SetDelegate(&delegate));
-    EXPECT_EQ(1, ExportSlots()[5].set(*other, L"k"));
+    EXPECT_EQ(1, ExportSlots()[5].Set(*other, L"k"));
     EXPECT_EQ(1u, delegate.calls.size());
 }
 
@@ -290,7 +290,7 @@ TEST(PackageBridge, AnExportMayChangeThePackage) {
             EXPECT_EQ(1, package->SetValueNumber(L"inner", 2));
         };
         EXPECT_EQ(1, package->SetDelegate(&delegate));
-        EXPECT_EQ(1, slot.set(*package, L"Key"));
+        EXPECT_EQ(1, slot.Set(*package, L"Key"));
         EXPECT_EQ(L"{\"inner\":2,\"Key\":[1]}", PackageText(*package));
     }
 }
@@ -316,18 +316,18 @@ TEST(PackageBridge, AChainOfPackagesForwardsToTheLastDelegate) {
         EXPECT_EQ(1, second->SetDelegate(third.get()));
 
         const wchar_t* text = L"untouched";
-        EXPECT_EQ(0, slot.forward(*first, &text));
+        EXPECT_EQ(0, slot.Forward(*first, &text));
         EXPECT_STREQ(L"untouched", text);
-        EXPECT_EQ(0, slot.set(*first, L"k"));
+        EXPECT_EQ(0, slot.Set(*first, L"k"));
 
         RecordingDelegate delegate(L"{\"x\":1}");
         EXPECT_EQ(1, third->SetDelegate(&delegate));
-        EXPECT_EQ(1, slot.forward(*first, &text));
+        EXPECT_EQ(1, slot.Forward(*first, &text));
         EXPECT_EQ(delegate.text, text);
-        EXPECT_EQ(1, slot.set(*first, L"k"));
+        EXPECT_EQ(1, slot.Set(*first, L"k"));
         EXPECT_EQ((Calls{slot.call, slot.call}), delegate.calls);
         delegate.answer = -17;
-        EXPECT_EQ(-17, slot.set(*first, L"l"));
+        EXPECT_EQ(-17, slot.Set(*first, L"l"));
         EXPECT_EQ(L"{\"a\":1,\"k\":{\"x\":1}}", PackageText(*first));
         EXPECT_EQ(L"{\"a\":2}", PackageText(*second));
         EXPECT_EQ(L"{\"a\":3}", PackageText(*third));
@@ -359,7 +359,7 @@ TEST(PackageBridge, PackagesInACircle) {
         EXPECT_EQ(1, package->LoadString(kKinds));
     }
     EXPECT_EQ(1, second->SetDelegate(nullptr));
-    EXPECT_EQ(0, ExportSlots()[0].set(*first, L"k"));
+    EXPECT_EQ(0, ExportSlots()[0].Set(*first, L"k"));
     EXPECT_EQ(1, first->SetDelegate(first.get()));
     EXPECT_EQ(0, ImportFrom(*first, L"s"));
     EXPECT_EQ(kKinds, PackageText(*first));

@@ -12,11 +12,11 @@
 namespace {
 
 using support::Answer;
+using support::Arguments;
+using support::Asks;
 using support::LoadedPackage;
-using support::Output;
+using support::Operation;
 using support::Package;
-using support::PackageAsks;
-using support::PackageGetter;
 using support::PackageGetters;
 using support::Sample;
 
@@ -31,8 +31,8 @@ std::vector<Sample> PackageSamples() {
 TEST(PackageValues, EveryGetterOnEveryValue) {
     for (const Sample& sample : PackageSamples()) {
         const Package package = LoadedPackage(L"{\"a\":1,\"k\":" + sample.json + L",\"z\":{}}");
-        for (const PackageGetter& getter : PackageGetters())
-            EXPECT_EQ(support::PackageAnswerFor(getter, sample), getter.Ask(*package, L"k"))
+        for (const Operation& getter : PackageGetters())
+            EXPECT_EQ(support::PackageAnswerFor(getter, sample), Ask(getter, *package, L"k"))
                 << getter.name << " of " << testing::PrintToString(sample.json);
     }
 }
@@ -40,10 +40,10 @@ TEST(PackageValues, EveryGetterOnEveryValue) {
 TEST(PackageValues, AnswersDoNotDependOnWhatWasAskedBefore) {
     for (const Sample& sample : PackageSamples()) {
         const Package package = LoadedPackage(L"{\"k\":" + sample.json + L",\"s\":\"text\"}");
-        for (const PackageGetter& before : PackageGetters())
-            for (const PackageGetter& getter : PackageGetters()) {
-                before.Ask(*package, L"s");
-                EXPECT_EQ(support::PackageAnswerFor(getter, sample), getter.Ask(*package, L"k"))
+        for (const Operation& before : PackageGetters())
+            for (const Operation& getter : PackageGetters()) {
+                Ask(before, *package, L"s");
+                EXPECT_EQ(support::PackageAnswerFor(getter, sample), Ask(getter, *package, L"k"))
                     << getter.name << " after " << before.name;
             }
     }
@@ -73,25 +73,25 @@ constexpr Mistake kOrderForBlobs[] = {Mistake::kNullKey,        Mistake::kNoMemb
 constexpr const wchar_t* kEveryKind =
     L"{\"text\":\"QUJD\",\"number\":12,\"flag\":true,\"nothing\":null,\"odd\":\"?*!\"}";
 
-const wchar_t* KeyOfRightKind(PackageAsks asks) {
+const wchar_t* KeyOfRightKind(Asks asks) {
     switch (asks) {
-        case PackageAsks::kNumber:
+        case Asks::kDouble:
             return L"number";
-        case PackageAsks::kBoolean:
+        case Asks::kBoolean:
             return L"flag";
         default:
             return L"text";
     }
 }
 
-bool CanMake(Mistake mistake, const PackageGetter& getter) {
+bool CanMake(Mistake mistake, const Operation& getter) {
     switch (mistake) {
         case Mistake::kNoSecondOutput:
             return getter.outputs == 2;
         case Mistake::kWrongKind:
-            return getter.asks != PackageAsks::kType && getter.asks != PackageAsks::kExistence;
+            return getter.asks != Asks::kItemType && getter.asks != Asks::kExistence;
         case Mistake::kNoBase64:
-            return getter.asks == PackageAsks::kBlob;
+            return getter.asks == Asks::kBlob;
         default:
             return true;
     }
@@ -101,12 +101,12 @@ bool IsInOutput(Mistake mistake) {
     return mistake == Mistake::kNoFirstOutput || mistake == Mistake::kNoSecondOutput;
 }
 
-int ResultOf(Mistake mistake, const PackageGetter& getter) {
+int ResultOf(Mistake mistake, const Operation& getter) {
     switch (mistake) {
         case Mistake::kNullKey:
             return -1;
         case Mistake::kNoMember:
-            return getter.asks == PackageAsks::kExistence ? 0 : -1;
+            return getter.asks == Asks::kExistence ? 0 : -1;
         case Mistake::kWrongKind:
         case Mistake::kNoBase64:
             return -3;
@@ -117,39 +117,40 @@ int ResultOf(Mistake mistake, const PackageGetter& getter) {
 
 /// A call with one or two mistakes.
 struct Spoilt {
-    explicit Spoilt(const PackageGetter& getter) : key(KeyOfRightKind(getter.asks)) {}
+    explicit Spoilt(const Operation& getter) { arguments.key = KeyOfRightKind(getter.asks); }
 
     void Make(Mistake mistake) {
         switch (mistake) {
             case Mistake::kNullKey:
-                key = nullptr;
+                arguments.key = nullptr;
                 break;
             case Mistake::kNoMember:
-                key = L"missing";
+                arguments.key = L"missing";
                 break;
             case Mistake::kWrongKind:
-                key = L"nothing";
+                arguments.key = L"nothing";
                 break;
             case Mistake::kNoBase64:
-                key = L"odd";
+                arguments.key = L"odd";
                 break;
             default:
-                outputs[mistake == Mistake::kNoSecondOutput ? 1 : 0] = Output::kMissing;
+                arguments.outputs[mistake == Mistake::kNoSecondOutput ? 1 : 0] = support::kMissing;
         }
     }
 
-    const wchar_t* key;
-    Output outputs[2] = {Output::kGiven, Output::kGiven};
+    Arguments arguments;
 };
 
-void ExpectFound(const PackageGetter& getter, Mistake found, Mistake other) {
+void ExpectFound(const Operation& getter, Mistake found, Mistake other) {
     const Package package = LoadedPackage(kEveryKind);
     const support::PackageState before = support::PackageStateOf(*package);
     Spoilt call(getter);
     call.Make(found);
     call.Make(other);
-    const Answer expected = support::PackageFailure(getter, ResultOf(found, getter), call.outputs);
-    EXPECT_EQ(expected, getter.call(*package, call.key, call.outputs))
+    const int result = ResultOf(found, getter);
+    const bool isGiven = !call.arguments.outputs[0];
+    EXPECT_EQ(isGiven ? support::PackageFailure(getter, result) : Answer(result),
+              getter.call(*package, call.arguments))
         << getter.name << ": mistakes " << static_cast<int>(found) << " and "
         << static_cast<int>(other);
     EXPECT_EQ(before, support::PackageStateOf(*package));
@@ -158,8 +159,8 @@ void ExpectFound(const PackageGetter& getter, Mistake found, Mistake other) {
 /// Every mistake alone, and every two that do not concern the key both.
 TEST(PackageValues, TheFirstMistakeDecides) {
     constexpr size_t kMistakes = std::size(kOrder);
-    for (const PackageGetter& getter : PackageGetters()) {
-        const Mistake* order = getter.asks == PackageAsks::kBlob ? kOrderForBlobs : kOrder;
+    for (const Operation& getter : PackageGetters()) {
+        const Mistake* order = getter.asks == Asks::kBlob ? kOrderForBlobs : kOrder;
         for (size_t i = 0; i < kMistakes; ++i)
             for (size_t k = i; k < kMistakes; ++k) {
                 if (!CanMake(order[i], getter) || !CanMake(order[k], getter)) continue;
@@ -171,8 +172,8 @@ TEST(PackageValues, TheFirstMistakeDecides) {
 
 TEST(PackageValues, TheCallsOfTheMistakesAreGoodOtherwise) {
     const Package package = LoadedPackage(kEveryKind);
-    for (const PackageGetter& getter : PackageGetters())
-        EXPECT_EQ(1, getter.Ask(*package, KeyOfRightKind(getter.asks)).result) << getter.name;
+    for (const Operation& getter : PackageGetters())
+        EXPECT_EQ(1, Ask(getter, *package, KeyOfRightKind(getter.asks)).result) << getter.name;
 }
 
 TEST(PackageValues, AFailedGetValueLeavesAnEmptyText) {

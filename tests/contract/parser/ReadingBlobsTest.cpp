@@ -8,7 +8,7 @@
 
 #include "Base64.h"
 #include "JsonDll.h"
-#include "Operations.h"
+#include "ParserOperationList.h"
 #include "Sites.h"
 
 namespace {
@@ -24,7 +24,7 @@ void ForEachRoute(QXJSON::IJsonParser& parser,
                   const std::function<void(const Operation&, Arguments)>& act) {
     const Site root = SiteOfRoot(parser);
     const Site value = SiteOfMember(parser, L"v");
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : ParserOperations()) {
         if (operation.asks != Asks::kBlob) continue;
         SCOPED_TRACE(operation.name);
         act(operation, AtMember(operation, root, value, L"v"));
@@ -32,9 +32,8 @@ void ForEachRoute(QXJSON::IJsonParser& parser,
 }
 
 Answer AnswerOf(const std::optional<std::string>& bytes) {
-    if (!bytes) return {-3, {kUnwritten, kUnwritten}};
-    const auto data = reinterpret_cast<const uint8_t*>(bytes->data());
-    return {1, {ShowBytes(data, bytes->size()), std::to_wstring(bytes->size())}};
+    if (!bytes) return -3;
+    return {1, {ShowBytes(bytes->data(), bytes->size()), std::to_wstring(bytes->size())}};
 }
 
 struct Blob {
@@ -156,17 +155,13 @@ TEST(ReadingBlobs, MissingOutputs) {
         SCOPED_TRACE(testing::Message() << row.json);
         const Parser parser = Loaded(row.json);
         ForEachRoute(*parser, [&](const Operation& operation, Arguments arguments) {
-            for (const bool noData : {true, false}) {
-                for (const bool noSize : {true, false}) {
-                    if (!noData && !noSize) continue;
-                    arguments.outputs[0] = noData ? Output::kMissing : Output::kGiven;
-                    arguments.outputs[1] = noSize ? Output::kMissing : Output::kGiven;
-                    const Answer expected{
-                        row.result,
-                        {noData ? kNotGiven : kUnwritten, noSize ? kNotGiven : kUnwritten}};
-                    EXPECT_EQ(expected, operation.call(*parser, arguments));
-                }
-            }
+            const Answer expected = row.result;
+            arguments.outputs[0] = kMissing;
+            EXPECT_EQ(expected, operation.call(*parser, arguments));
+            arguments.outputs[1] = kMissing;
+            EXPECT_EQ(expected, operation.call(*parser, arguments));
+            arguments.outputs[0].reset();
+            EXPECT_EQ(expected, operation.call(*parser, arguments));
         });
     }
 }

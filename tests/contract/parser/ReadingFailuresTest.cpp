@@ -2,7 +2,7 @@
 
 #include "JsonDll.h"
 #include "Mistakes.h"
-#include "Operations.h"
+#include "ParserOperationList.h"
 #include "Sites.h"
 
 namespace {
@@ -15,7 +15,7 @@ protected:
     Calls calls{*parser};
 
     void ExpectFailure(const Operation& operation, const Arguments& arguments, int result) {
-        EXPECT_EQ(Failed(result, operation, arguments), operation.call(*parser, arguments));
+        EXPECT_EQ(Answer(result), operation.call(*parser, arguments));
     }
 };
 
@@ -53,12 +53,12 @@ TEST_F(ReadingFailures, OfTwoMistakesTheOneFoundFirstDecides) {
 }
 
 TEST_F(ReadingFailures, OneMissingOutputLeavesTheOtherUnwritten) {
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : ParserOperations()) {
         if (operation.outputs == 0) continue;
         for (size_t missing = 0; missing < operation.outputs; ++missing) {
             SCOPED_TRACE(testing::Message() << operation.name << ", output " << missing);
             Arguments arguments = calls.Good(operation);
-            arguments.outputs[missing] = Output::kMissing;
+            arguments.outputs[missing] = kMissing;
             ExpectFailure(operation, arguments, 0);
         }
     }
@@ -108,7 +108,7 @@ TEST_F(ReadingFailures, VariantsWithoutAKey) {
         Arguments arguments = calls.Good(operation);
         arguments.key = nullptr;
         ExpectFailure(operation, arguments, -3);
-        arguments.outputs[0] = Output::kMissing;
+        arguments.outputs[0] = kMissing;
         ExpectFailure(operation, arguments, 0);
         calls.Make(Mistake::kBadPlace, operation, arguments);
         ExpectFailure(operation, arguments, -2);
@@ -118,7 +118,7 @@ TEST_F(ReadingFailures, VariantsWithoutAKey) {
 /// A pointer to no memory makes a guarded operation fault inside the parser, which goes on.
 TEST_F(ReadingFailures, WildPointersAnswerMinusFive) {
     const auto wild = reinterpret_cast<const wchar_t*>(uintptr_t{16});
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : ParserOperations()) {
         if (operation.asks == Asks::kLoad || operation.returnsBool) continue;
         auto expectFault = [&](const char* what, auto spoil) {
             SCOPED_TRACE(testing::Message() << operation.name << ", wild " << what);
@@ -132,7 +132,7 @@ TEST_F(ReadingFailures, WildPointersAnswerMinusFive) {
             expectFault("path", [&](Arguments& a) { a.path = wild; });
         if (operation.hasKey) expectFault("key", [&](Arguments& a) { a.key = wild; });
         for (size_t i = 0; i < operation.outputs; ++i)
-            expectFault("output", [&](Arguments& a) { a.outputs[i] = Output::kWild; });
+            expectFault("output", [&](Arguments& a) { a.outputs[i] = kWild; });
     }
     uint32_t handle = 0;
     EXPECT_EQ(1, parser->GetItemByPath(L"/array/1", &handle));

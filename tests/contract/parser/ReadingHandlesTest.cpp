@@ -5,78 +5,42 @@
 #include "CatchFault.h"
 #include "JsonDll.h"
 #include "Mistakes.h"
-#include "Operations.h"
+#include "ParserOperationList.h"
 #include "Sites.h"
 
 namespace {
 
 using namespace support;
 
-/// Asks for the value of the member `v` of the root and reports the handle that the answer shows;
-/// operations that issue one without showing it are asked first and looked up afterwards.
-struct Issuer {
-    const char* name;
-    bool needsRoot;  ///< names the value through the root's handle, 1
-    uint32_t (*ask)(QXJSON::IJsonParser&);
-};
-
-uint32_t LookUp(QXJSON::IJsonParser& parser) {
-    uint32_t handle = 0;
-    parser.GetItemByPath(L"/v", &handle);
-    return handle;
+/// Whether an operation issues handles, shown or not.
+bool Issues(const Operation& operation) {
+    const bool looksUpAnItem = operation.place == Place::kHandle && operation.hasKey &&
+                               (operation.asks == Asks::kItemType || operation.returnsBool);
+    return operation.Takes(parameters::kOutHandle) || looksUpAnItem;
 }
 
-/// Every operation that issues handles, on a member that is an object, the second of the root.
-const Issuer kObjectIssuers[] = {
-    {"GetMemberItemByPath", false,
-     [](QXJSON::IJsonParser& parser) {
-         uint32_t handle = 0, type = 0;
-         parser.GetMemberItemByPath(L"/", L"v", &handle, &type);
-         return handle;
-     }},
-    {"GetChildItemByPath", false,
-     [](QXJSON::IJsonParser& parser) {
-         uint32_t handle = 0, type = 0;
-         parser.GetChildItemByPath(L"/", 1, &handle, &type);
-         return handle;
-     }},
-    {"GetMemberItem", true,
-     [](QXJSON::IJsonParser& parser) {
-         uint32_t handle = 0, type = 0;
-         parser.GetMemberItem(1, L"v", &handle, &type);
-         return handle;
-     }},
-    {"GetChildItem", true,
-     [](QXJSON::IJsonParser& parser) {
-         uint32_t handle = 0, type = 0;
-         parser.GetChildItem(1, 1, &handle, &type);
-         return handle;
-     }},
-    {"GetMemberItemType", true,
-     [](QXJSON::IJsonParser& parser) {
-         uint32_t type = 0;
-         parser.GetMemberItemType(1, L"v", &type);
-         return LookUp(parser);
-     }},
-    {"GetObjectItemByPath", false,
-     [](QXJSON::IJsonParser& parser) {
-         uint32_t handle = 0, type = 0;
-         parser.GetObjectItemByPath(L"/v", &handle, &type);
-         return handle;
-     }},
-    {"GetMemberObjectItem", true,
-     [](QXJSON::IJsonParser& parser) {
-         uint32_t handle = 0, type = 0;
-         parser.GetMemberObjectItem(1, L"v", &handle, &type);
-         return handle;
-     }},
-    {"GetItemByPath", false, LookUp},
-    {"ExistsMember", true,
-     [](QXJSON::IJsonParser& parser) {
-         parser.ExistsMember(1, L"v");
-         return LookUp(parser);
-     }},
-};
+/// Those that issue one for a member that is an object.
+const Operations& ObjectIssuers() {
+    static const Operations issuers =
+        OperationsIf(ReadingOperations(), [](const Operation& operation) {
+            return Issues(operation) && operation.asks != Asks::kArray;
+        });
+    return issuers;
+}
+
+/// Asks for the value of the member `v`, the second of the root, and reports its handle; operations
+/// that issue one without showing it are asked first and the handle is looked up afterwards.
+uint32_t HandleFrom(const Operation& operation, QXJSON::IJsonParser& parser) {
+    Arguments arguments;
+    arguments.handle = 1;
+    arguments.path = operation.hasKey || operation.hasIndex ? L"/" : L"/v";
+    arguments.key = L"v";
+    arguments.index = 1;
+    const Answer answer = operation.call(parser, arguments);
+    EXPECT_EQ(1, answer.result);
+    return operation.Takes(parameters::kOutHandle) ? static_cast<uint32_t>(answer.Number())
+                                                   : NextHandle(parser, L"/v");
+}
 
 constexpr wchar_t kObjectDocument[] = L"{\"u\":0,\"v\":{},\"w\":0}";
 
@@ -87,12 +51,12 @@ Parser LoadedWithRoot(const wchar_t* json) {
 }
 
 TEST(ReadingHandles, AreDenseFromOneInTheOrderOfFirstRequest) {
-    for (const Issuer& issuer : kObjectIssuers) {
+    for (const Operation& issuer : ObjectIssuers()) {
         SCOPED_TRACE(issuer.name);
         const Parser parser = LoadedWithRoot(kObjectDocument);
-        EXPECT_EQ(2u, issuer.ask(*parser));
+        EXPECT_EQ(2u, HandleFrom(issuer, *parser));
         EXPECT_EQ(3u, NextHandle(*parser, L"/w"));
-        EXPECT_EQ(2u, issuer.ask(*parser));
+        EXPECT_EQ(2u, HandleFrom(issuer, *parser));
         EXPECT_EQ(1u, SiteOfRoot(*parser).handle);
         EXPECT_EQ(4u, NextHandle(*parser, L"/u"));
     }
@@ -100,22 +64,22 @@ TEST(ReadingHandles, AreDenseFromOneInTheOrderOfFirstRequest) {
 
 /// Nothing reserves handle 1 for the root.
 TEST(ReadingHandles, APathCanBeTheFirstRequest) {
-    for (const Issuer& issuer : kObjectIssuers) {
-        if (issuer.needsRoot) continue;
+    for (const Operation& issuer : ObjectIssuers()) {
+        if (issuer.place == Place::kHandle) continue;
         SCOPED_TRACE(issuer.name);
         const Parser parser = Loaded(kObjectDocument);
-        EXPECT_EQ(1u, issuer.ask(*parser));
+        EXPECT_EQ(1u, HandleFrom(issuer, *parser));
         EXPECT_EQ(2u, SiteOfRoot(*parser).handle);
         EXPECT_EQ(3u, NextHandle(*parser, L"/w"));
     }
 }
 
 TEST(ReadingHandles, OneValueHasOneHandleWhicheverOperationAsks) {
-    for (const Issuer& first : kObjectIssuers) {
+    for (const Operation& first : ObjectIssuers()) {
         const Parser parser = LoadedWithRoot(kObjectDocument);
-        EXPECT_EQ(2u, first.ask(*parser)) << first.name;
-        for (const Issuer& later : kObjectIssuers)
-            EXPECT_EQ(2u, later.ask(*parser)) << later.name << " after " << first.name;
+        EXPECT_EQ(2u, HandleFrom(first, *parser)) << first.name;
+        for (const Operation& later : ObjectIssuers())
+            EXPECT_EQ(2u, HandleFrom(later, *parser)) << later.name << " after " << first.name;
         EXPECT_EQ(3u, NextHandle(*parser, L"/w")) << first.name;
     }
 }
@@ -209,7 +173,7 @@ TEST(ReadingHandles, OtherOperationsIssueNone) {
     const Parser parser = Loaded(kEveryKind);
     const Calls calls(*parser);
     const uint32_t last = SiteOfMember(*parser, L"text").handle;
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : ParserOperations()) {
         if (operation.asks == Asks::kLoad || operation.asks == Asks::kRelease) continue;
         const bool handsOutItems =
             operation.asks == Asks::kChild && operation.place != Place::kReference;
@@ -220,7 +184,7 @@ TEST(ReadingHandles, OtherOperationsIssueNone) {
 }
 
 TEST(ReadingHandles, FailedOperationsIssueNone) {
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : ParserOperations()) {
         if (operation.asks == Asks::kLoad || operation.asks == Asks::kRelease) continue;
         for (const Mistake mistake : kAllMistakes) {
             if (!CanMake(mistake, operation)) continue;
@@ -242,9 +206,9 @@ TEST(ReadingHandles, RefusedValuesGetNone) {
         const char* operation;
         const wchar_t* path;
         const wchar_t* key;
-        Output second;
+        std::optional<uintptr_t> second;
     };
-    const Output given = Output::kGiven, missing = Output::kMissing;
+    const std::optional<uintptr_t> given = {}, missing = kMissing;
     const Row rows[] = {
         {"GetObjectItemByPath", L"/list", L"", given},
         {"GetObjectItemByPath", L"/number", L"", given},
@@ -274,7 +238,7 @@ TEST(ReadingHandles, RefusedValuesGetNone) {
         arguments.path = row.path;
         arguments.key = row.key;
         arguments.outputs[1] = row.second;
-        EXPECT_GE(0, OperationNamed(row.operation).call(*parser, arguments).result);
+        EXPECT_GE(0, ParserOperation(row.operation).call(*parser, arguments).result);
         EXPECT_EQ(2u, NextHandle(*parser, L"/w"));
     }
 }

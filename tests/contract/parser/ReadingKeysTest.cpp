@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "JsonDll.h"
-#include "Operations.h"
+#include "ParserOperationList.h"
 #include "Sites.h"
 
 namespace {
@@ -39,9 +39,9 @@ void ExpectFound(QXJSON::IJsonParser& parser, const wchar_t* key, const Found& e
     Arguments arguments = At(root);
     arguments.key = key;
     for (const Finder& finder : kFinders) {
-        const Operation& operation = OperationNamed(finder.operation);
-        const Answer answer = expected.byAnyCase ? Answer{1, {finder.prefix + expected.number}}
-                                                 : Answer{-1, {kUnwritten}};
+        const Operation& operation = ParserOperation(finder.operation);
+        const Answer answer =
+            expected.byAnyCase ? Answer{1, {finder.prefix + expected.number}} : Answer(-1);
         EXPECT_EQ(answer, operation.call(parser, arguments)) << finder.operation;
     }
     uint32_t handle = 0, type = 0, numberClass = 0;
@@ -168,7 +168,7 @@ TEST(ReadingKeys, TheKindDoesNotChooseTheMember) {
     for (const Row& row : rows) {
         Arguments arguments = At(root);
         arguments.key = row.key;
-        EXPECT_EQ(row.result, OperationNamed(row.operation).call(*parser, arguments).result)
+        EXPECT_EQ(row.result, ParserOperation(row.operation).call(*parser, arguments).result)
             << row.operation << ' ' << row.key;
     }
 }

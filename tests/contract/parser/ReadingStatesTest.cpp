@@ -6,7 +6,7 @@
 #include "CatchFault.h"
 #include "JsonDll.h"
 #include "Mistakes.h"
-#include "Operations.h"
+#include "ParserOperationList.h"
 #include "PathRoutes.h"
 #include "Sites.h"
 
@@ -39,15 +39,14 @@ void ExpectNothingFound(QXJSON::IJsonParser& parser, uint32_t handle) {
     arguments.key = L"key";
     for (const Operation& operation : ReadingOperations()) {
         const int result = ResultOf(Mistake::kBadPlace, operation);
-        EXPECT_EQ(Failed(result, operation, arguments), operation.call(parser, arguments))
+        EXPECT_EQ(Answer(result), operation.call(parser, arguments))
             << operation.name << ", handle " << handle;
     }
 }
 
 void ExpectNoRoot(QXJSON::IJsonParser& parser) {
     for (const char* name : {"GetRootValue", "GetRootItem"})
-        EXPECT_EQ((Answer{0, {kUnwritten, kUnwritten}}), OperationNamed(name).call(parser, {}))
-            << name;
+        EXPECT_EQ(Answer(0), ParserOperation(name).call(parser, {})) << name;
 }
 
 TEST(ReadingStates, BeforeAnyLoad) {
@@ -153,7 +152,7 @@ std::vector<Answer> Dump(QXJSON::IJsonParser& parser) {
 void MakeAllMistakes(QXJSON::IJsonParser& parser) {
     const Calls calls(parser);
     const auto wild = reinterpret_cast<const wchar_t*>(uintptr_t{16});
-    for (const Operation& operation : Operations()) {
+    for (const Operation& operation : ParserOperations()) {
         if (operation.asks == Asks::kLoad || operation.asks == Asks::kRelease) continue;
         for (const Mistake mistake : kAllMistakes) {
             if (!CanMake(mistake, operation)) continue;
@@ -171,7 +170,7 @@ void MakeAllMistakes(QXJSON::IJsonParser& parser) {
         Arguments arguments = calls.Good(operation);
         arguments.path = arguments.key = wild;
         if (operation.place == Place::kReference) arguments.reference = 16;
-        for (Output& output : arguments.outputs) output = Output::kWild;
+        for (auto& output : arguments.outputs) output = kWild;
         operation.call(parser, arguments);
     }
     CatchFault([&] { parser.ExistsItemByPath(L"/missing/1"); });

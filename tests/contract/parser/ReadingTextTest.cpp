@@ -3,7 +3,7 @@
 #include <string>
 
 #include "JsonDll.h"
-#include "Operations.h"
+#include "ParserOperationList.h"
 #include "Sites.h"
 #include "StackThread.h"
 
@@ -14,7 +14,7 @@ using namespace support;
 /// The operations that write JSON text, asked for the member `v`.
 std::vector<Operation> TextOperations() {
     std::vector<Operation> operations;
-    for (const Operation& operation : Operations())
+    for (const Operation& operation : ParserOperations())
         if (operation.asks == Asks::kObjectText || operation.asks == Asks::kArrayText)
             operations.push_back(operation);
     return operations;
@@ -28,8 +28,7 @@ void ExpectText(const std::wstring& json, const std::wstring& text) {
     const Site value = SiteOfMember(*parser, L"v");
     const Asks kind = text[0] == L'{' ? Asks::kObjectText : Asks::kArrayText;
     for (const Operation& operation : TextOperations()) {
-        const Answer expected =
-            operation.asks == kind ? Answer{1, {text}} : Answer{0, {kUnwritten}};
+        const Answer expected = operation.asks == kind ? Answer{1, {text}} : Answer(0);
         EXPECT_EQ(expected, operation.call(*parser, AtMember(operation, root, value, L"v")))
             << operation.name;
     }
@@ -166,7 +165,7 @@ TEST(ReadingText, FailuresOfTheirOwn) {
         Arguments arguments;
         arguments.handle = row.item ? SiteOfMember(*parser, row.item).handle : 999;
         arguments.key = row.key;
-        EXPECT_EQ(row.result, OperationNamed(row.operation).call(*parser, arguments).result);
+        EXPECT_EQ(row.result, ParserOperation(row.operation).call(*parser, arguments).result);
     }
 }
 
@@ -243,7 +242,7 @@ TEST(ReadingText, TooDeepForTheStackAnswersMinusFive) {
         OnStackOf(kSmallStack, [&] {
             for (const Operation& operation : TextOperations()) {
                 const bool array = operation.asks == Asks::kArrayText;
-                EXPECT_EQ((Answer{array ? -5 : 0, {kUnwritten}}),
+                EXPECT_EQ(Answer(array ? -5 : 0),
                           operation.call(*parser, AtMember(operation, root, value, L"v")))
                     << operation.name;
             }
