@@ -1,6 +1,7 @@
 #include "Operation.h"
 
 #include <algorithm>
+#include <iterator>
 #include <stdexcept>
 
 namespace support {
@@ -8,6 +9,37 @@ namespace support {
 const char* NameOf(Place place) {
     constexpr const char* kNames[] = {"alone", "by handle", "by reference", "by path"};
     return kNames[static_cast<int>(place)];
+}
+
+const char* NameOf(Parameter parameter) {
+    constexpr const char* kNames[] = {"handle",
+                                      "reference",
+                                      "path",
+                                      "key",
+                                      "index",
+                                      "text",
+                                      "file name",
+                                      "bytes",
+                                      "length",
+                                      "number",
+                                      "encoding",
+                                      "style",
+                                      "variant",
+                                      "variant",
+                                      "object",
+                                      "delegate",
+                                      "what is passed on",
+                                      "output handle",
+                                      "output reference",
+                                      "output type",
+                                      "output number",
+                                      "output text",
+                                      "output bytes",
+                                      "output length",
+                                      "output variant",
+                                      "output path"};
+    static_assert(std::size(kNames) == parameters::kOutPath + 1);
+    return kNames[parameter];
 }
 
 bool Operation::Takes(Parameter parameter) const {

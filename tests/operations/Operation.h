@@ -130,6 +130,9 @@ enum Parameter {
 }  // namespace parameters
 using parameters::Parameter;
 
+/// The name of a parameter, for test messages.
+const char* NameOf(Parameter parameter);
+
 constexpr bool IsOutput(Parameter parameter) { return parameter >= parameters::kOutHandle; }
 
 /// How long a path that GetItemPath writes may be, with its terminator.

@@ -11,7 +11,8 @@ namespace {
 
 bool Is(const wchar_t* a, const wchar_t* b) { return std::wcscmp(a, b) == 0; }
 
-/// The member of kEveryKind that an operation succeeds with.
+}  // namespace
+
 const wchar_t* GoodKey(const Operation& operation) {
     switch (operation.asks) {
         case Asks::kBoolean:
@@ -38,6 +39,8 @@ const wchar_t* GoodKey(const Operation& operation) {
             return L"object";
     }
 }
+
+namespace {
 
 /// The member of kEveryKind that is of the wrong kind for an operation; null when none is.
 const wchar_t* WrongKey(const Operation& operation) {

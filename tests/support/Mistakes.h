@@ -13,6 +13,9 @@ namespace support {
 extern const wchar_t kEveryKind[];
 inline constexpr const wchar_t* kSparePath = L"/spare";
 
+/// The member of kEveryKind that an operation succeeds with.
+const wchar_t* GoodKey(const Operation& operation);
+
 /// What can be wrong with a call, in the order in which it is found out; the first that is wrong
 /// decides the result.
 enum class Mistake {

@@ -187,15 +187,6 @@ TEST(BuildingRoots, WithoutAnOutput) {
     });
 }
 
-TEST(BuildingRoots, WithAnOutputInNoMemory) {
-    ForEveryPastAndStart([](IJsonGenerator& generator, const Operation& start) {
-        EXPECT_EQ(Answer(-5), Begin(start, generator, kWild));
-        EXPECT_EQ(-2, PathOf(generator, 2));
-        EXPECT_EQ(1, Begin(start, generator).result);
-        EXPECT_EQ(StartsObject(start) ? L"{}" : L"[]", TextOf(generator));
-    });
-}
-
 TEST(BuildingRoots, HandlesCountFromOneEachTime) {
     const Generator generator = NewGenerator();
     for (int i = 0; i < 5; ++i) {

@@ -218,22 +218,6 @@ TEST(Graft, NothingOfTheCallersIsKept) {
     }
 }
 
-/// A variable for the handle that is no memory faults; the generator goes on.
-TEST(Graft, AVariableThatIsNoMemory) {
-    for (const Operation& route : support::AllGraftRoutes()) {
-        SCOPED_TRACE(route.name);
-        const GraftScene scene;
-        const GraftSource source(route, std::wstring(L"[1]"));
-        Arguments arguments = GraftScene::Good(route, source);
-        arguments.outputs[0] = support::kWild;
-        EXPECT_EQ(Answer(-5), route.call(*scene, arguments));
-        EXPECT_TRUE(source.IsClosed());
-        uint32_t handle = 0;
-        EXPECT_EQ(1, scene->LoadJsonString(L"{\"a\":1}", &handle));
-        EXPECT_EQ(L"{\"a\":1}", JsonOf(*scene));
-    }
-}
-
 /// What a generator handed out is as good a source as any.
 TEST(Graft, AGeneratorTakesItsOwnOutput) {
     const std::wstring json = L"{\"a\":[1,\"\xE9\xD834\xDD1E\",NaN]}";

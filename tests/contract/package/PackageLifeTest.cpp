@@ -60,84 +60,8 @@ TEST(PackageLife, PackagesAreIndependent) {
 
 // ---- Faults ------------------------------------------------------------------------------------
 
-/// A guarded operation that meets a pointer to nothing. All go to kDocument.
-struct Fault {
-    const char* name;
-    int (*call)(IJsonPackage& package);
-};
-
 constexpr const wchar_t* kDocument =
     L"{\"s\":\"QUJD\",\"n\":1,\"b\":true,\"o\":{\"x\":[1]},\"last\":null}";
-
-const Fault kFaults[] = {
-    {"GetErrorOffset", [](IJsonPackage& p) { return p.GetErrorOffset(NowhereInMemory<size_t>()); }},
-    {"GetErrorMessage",
-     [](IJsonPackage& p) { return p.GetErrorMessage(NowhereInMemory<const wchar_t*>()); }},
-    {"GetKeyCount", [](IJsonPackage& p) { return p.GetKeyCount(NowhereInMemory<uint32_t>()); }},
-    {"GetKeyName",
-     [](IJsonPackage& p) { return p.GetKeyName(0, NowhereInMemory<const wchar_t*>()); }},
-    {"ContainsKey", [](IJsonPackage& p) { return p.ContainsKey(L"s", NowhereInMemory<bool>()); }},
-    {"GetValue",
-     [](IJsonPackage& p) { return p.GetValue(L"o", NowhereInMemory<const wchar_t*>()); }},
-    {"GetText", [](IJsonPackage& p) { return p.GetText(NowhereInMemory<const wchar_t*>()); }},
-    {"GetBytes, data",
-     [](IJsonPackage& p) {
-         size_t length = 0;
-         return p.GetBytes(NowhereInMemory<const void*>(), &length, 2);
-     }},
-    {"GetBytes, length",
-     [](IJsonPackage& p) {
-         const void* data = nullptr;
-         return p.GetBytes(&data, NowhereInMemory<size_t>(), 2);
-     }},
-    {"GetIgnoreCase", [](IJsonPackage& p) { return p.GetIgnoreCase(NowhereInMemory<uint32_t>()); }},
-    {"GetValueString",
-     [](IJsonPackage& p) { return p.GetValueString(L"s", NowhereInMemory<const wchar_t*>()); }},
-    {"GetValueNumber",
-     [](IJsonPackage& p) { return p.GetValueNumber(L"n", NowhereInMemory<double>()); }},
-    {"GetValueBoolean",
-     [](IJsonPackage& p) { return p.GetValueBoolean(L"b", NowhereInMemory<bool>()); }},
-    {"GetValueVariant",
-     [](IJsonPackage& p) { return p.GetValueVariant(L"s", NowhereInMemory<JsonVariant>()); }},
-    {"SetValueVariant",
-     [](IJsonPackage& p) { return p.SetValueVariant(L"s", NowhereInMemory<JsonVariant>()); }},
-    {"GetValueVariantAlias",
-     [](IJsonPackage& p) { return p.GetValueVariantAlias(L"s", NowhereInMemory<JsonVariant>()); }},
-    {"SetValueVariantAlias",
-     [](IJsonPackage& p) { return p.SetValueVariantAlias(L"s", NowhereInMemory<JsonVariant>()); }},
-    {"GetValueVariantEx",
-     [](IJsonPackage& p) { return p.GetValueVariantEx(L"n", NowhereInMemory<JsonVariant>()); }},
-    {"SetValueVariantEx",
-     [](IJsonPackage& p) { return p.SetValueVariantEx(L"n", NowhereInMemory<JsonVariant>()); }},
-    {"GetValueBlob, data",
-     [](IJsonPackage& p) {
-         uint32_t length = 0;
-         return p.GetValueBlob(L"s", NowhereInMemory<const void*>(), &length);
-     }},
-    {"GetValueBlob, length",
-     [](IJsonPackage& p) {
-         const void* data = nullptr;
-         return p.GetValueBlob(L"s", &data, NowhereInMemory<uint32_t>());
-     }},
-    {"GetValueType",
-     [](IJsonPackage& p) { return p.GetValueType(L"s", NowhereInMemory<uint32_t>()); }},
-    {"SetValueBlob",
-     [](IJsonPackage& p) { return p.SetValueBlob(L"s", NowhereInMemory<uint8_t>(), 100); }},
-};
-
-TEST(PackageLife, AFaultAnswersMinusFiveAndThePackageGoesOn) {
-    const Package package = LoadedPackage(kDocument);
-    const PackageState before = PackageStateOf(*package);
-    for (const Fault& fault : kFaults) {
-        SCOPED_TRACE(fault.name);
-        for (int i = 0; i < 10; ++i) EXPECT_EQ(-5, fault.call(*package));
-        EXPECT_EQ(before, PackageStateOf(*package));
-    }
-    EXPECT_EQ(1, package->SetValueNumber(L"last", 2));
-    double number = 0;
-    EXPECT_EQ(1, package->GetValueNumber(L"LAST", &number));
-    EXPECT_EQ(2, number);
-}
 
 TEST(PackageLife, AFileNameThatCannotBeReadFaults) {
     const Package package = LoadedPackage(kDocument);

@@ -146,65 +146,6 @@ TEST(Layers, ParsersAreIndependent) {
     EXPECT_EQ(good, support::OutcomeOf(*first, 1));
 }
 
-/// An operation that meets a pointer to nothing. All go to the document `[[1],"text"]`, whose
-/// values have the handles 1 (root) to 3.
-struct Fault {
-    const char* name;
-    int (*call)(IJsonParser& parser);
-};
-
-const Fault kFaults[] = {
-    {"GetErrorOffset", [](IJsonParser& p) { return p.GetErrorOffset(BadPointer<uint64_t>()); }},
-    {"GetErrorMessage",
-     [](IJsonParser& p) { return p.GetErrorMessage(BadPointer<const wchar_t*>()); }},
-    {"GetRootValue",
-     [](IJsonParser& p) { return p.GetRootValue(BadPointer<uint64_t>(), BadPointer<uint32_t>()); }},
-    {"GetRootItem",
-     [](IJsonParser& p) { return p.GetRootItem(BadPointer<uint32_t>(), BadPointer<uint32_t>()); }},
-    {"GetItemType", [](IJsonParser& p) { return p.GetItemType(1, BadPointer<uint32_t>()); }},
-    {"GetChildCount", [](IJsonParser& p) { return p.GetChildCount(1, BadPointer<uint32_t>()); }},
-    {"GetItemString",
-     [](IJsonParser& p) { return p.GetItemString(3, BadPointer<const wchar_t*>()); }},
-    {"GetArrayJson",
-     [](IJsonParser& p) { return p.GetArrayJson(1, BadPointer<const wchar_t*>()); }},
-    {"GetValueType",
-     [](IJsonParser& p) {
-         uint32_t type = 0;
-         return p.GetValueType(8, &type);
-     }},
-    {"GetChildCountOfValue",
-     [](IJsonParser& p) {
-         uint32_t count = 0;
-         return p.GetChildCountOfValue(8, &count);
-     }},
-    {"GetItemTypeByPath",
-     [](IJsonParser& p) {
-         uint32_t type = 0;
-         return p.GetItemTypeByPath(BadPointer<wchar_t>(), &type);
-     }},
-};
-
-TEST(Layers, AFaultAnswersMinusFiveAndTheObjectGoesOn) {
-    const wchar_t* document = L"[[1],\"text\"]";
-    const Parser parser = NewParser();
-    for (const Fault& fault : kFaults) {
-        SCOPED_TRACE(fault.name);
-        ASSERT_EQ(1, parser->LoadJsonString(document));
-        uint32_t handle = 0;
-        uint32_t type = 0;
-        parser->GetRootItem(&handle, &type);
-        parser->GetChildItem(1, 0, &handle, &type);
-        parser->GetChildItem(1, 1, &handle, &type);
-        ASSERT_EQ(3u, handle);
-
-        for (int i = 0; i < 10; ++i) EXPECT_EQ(-5, fault.call(*parser));
-
-        EXPECT_EQ(1, parser->GetItemType(3, &type));
-        EXPECT_EQ(0u, type);
-        EXPECT_EQ(Success(document), support::OutcomeOf(*parser, 1));
-    }
-}
-
 TEST(Layers, ALoadThatFaultsLeavesNoErrorBehind) {
     const Parser parser = NewParser();
     for (int i = 0; i < 10; ++i) {

@@ -115,29 +115,6 @@ TEST_F(ReadingFailures, VariantsWithoutAKey) {
     }
 }
 
-/// A pointer to no memory makes a guarded operation fault inside the parser, which goes on.
-TEST_F(ReadingFailures, WildPointersAnswerMinusFive) {
-    const auto wild = reinterpret_cast<const wchar_t*>(uintptr_t{16});
-    for (const Operation& operation : ParserOperations()) {
-        if (operation.asks == Asks::kLoad || operation.returnsBool) continue;
-        auto expectFault = [&](const char* what, auto spoil) {
-            SCOPED_TRACE(testing::Message() << operation.name << ", wild " << what);
-            Arguments arguments = calls.Good(operation);
-            spoil(arguments);
-            EXPECT_EQ(-5, operation.call(*parser, arguments).result);
-        };
-        if (operation.place == Place::kReference)
-            expectFault("reference", [](Arguments& a) { a.reference = 16; });
-        if (operation.place == Place::kPath)
-            expectFault("path", [&](Arguments& a) { a.path = wild; });
-        if (operation.hasKey) expectFault("key", [&](Arguments& a) { a.key = wild; });
-        for (size_t i = 0; i < operation.outputs; ++i)
-            expectFault("output", [&](Arguments& a) { a.outputs[i] = kWild; });
-    }
-    uint32_t handle = 0;
-    EXPECT_EQ(1, parser->GetItemByPath(L"/array/1", &handle));
-}
-
 TEST_F(ReadingFailures, TheQueriesOfTheLoadRefuseNullOutputs) {
     EXPECT_EQ(0, parser->GetErrorOffset(nullptr));
     EXPECT_EQ(0, parser->GetErrorMessage(nullptr));
