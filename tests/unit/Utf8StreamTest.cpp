@@ -8,6 +8,7 @@
 #include <rapidjson/memorystream.h>
 #include <rapidjson/writer.h>
 
+#include <cstring>
 #include <random>
 #include <string>
 
@@ -53,6 +54,16 @@ Outcome Expected(const std::string& bytes) {
                                                                             rapidjson::kUTF8);
     document.ParseStream<rapidjson::kParseNanAndInfFlag, rapidjson::AutoUTF<unsigned>>(stream);
     return {document.GetParseError(), document.GetErrorOffset(), TextOf(document)};
+}
+
+/// The same through the load of text, which takes what looks like UTF-8 for UTF-8 and makes no
+/// second attempt. There is an even number of bytes in it.
+Outcome LoadedOnce(const std::string& bytes) {
+    std::wstring text(bytes.size() / sizeof(wchar_t), L'\0');
+    std::memcpy(text.data(), bytes.data(), bytes.size());
+    JsonDocument document;
+    const LoadStatus status = LoadText(document, text.c_str(), kRules);
+    return {status.code, status.offset, TextOf(document)};
 }
 
 const std::string kPieces[] = {
@@ -134,6 +145,30 @@ TEST(Utf8Stream, ReadsEveryCharacter) {
         ASSERT_EQ(0, outcome.code) << c;
         ASSERT_TRUE(Expected(text) == outcome) << c;
     }
+}
+
+const std::string kBroken[] = {
+    "\x80",         "\xC3",     "\xC3-",        "\xE2\x82",    "\xE2\x82-", "\xE2--",
+    "\xED\xA0\x80", "\xF0\x9D", "\xF0---",      "\xFF",        "\x01",      "\\q",
+    "\\u12g4",      "\\u12",    "\\uD800x",     "\\uD800\\u1", "\",}",      "\" 1",
+    "\",tru",       "\",1e999", "\",1.",        "\",-",        "\",2e",     "\",\"\\uD8",
+    "\",{\"a\"",    "\",{1",    "\",{\"a\":1]", "\"]]",
+};
+
+/// Where an error is told to be depends on how far the reader's stream is ahead: at every place
+/// around the edge of a block, and of the text.
+TEST(Utf8Stream, TellsErrorsAsTheLiteralWayDoes) {
+    for (const std::string& piece : kBroken)
+        for (const char* const rest : {"", "-", "\"]"})
+            for (size_t front = ByteBlock::kSize - 14; front < ByteBlock::kSize + 2; ++front) {
+                std::string bytes = "[\"" + std::string(front, 'x') + piece + rest;
+                if (bytes.size() % 2 != 0) bytes.insert(0, " ");
+                const Outcome outcome = LoadedOnce(bytes);
+                EXPECT_NE(0, outcome.code);
+                EXPECT_TRUE(Expected(bytes) == outcome)
+                    << front << ": " << testing::PrintToString(piece + rest) << ", code "
+                    << outcome.code << " at " << outcome.offset;
+            }
 }
 
 TEST(Utf8Stream, AgreesOnRandomDocuments) {

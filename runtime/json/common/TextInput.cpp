@@ -1,7 +1,6 @@
 #include "TextInput.h"
 
 #include <rapidjson/encodedstream.h>
-#include <rapidjson/filereadstream.h>
 #include <rapidjson/memorystream.h>
 #include <windows.h>
 
@@ -52,42 +51,6 @@ LoadStatus Parse(JsonDocument& document, Stream& stream, bool acceptNan) {
                      : ParseWith<rapidjson::kParseDefaultFlags, Encoding>(document, stream);
 }
 
-/// A status, and whether it calls for a second attempt in the ANSI code page.
-struct FirstAttempt {
-    LoadStatus status;
-    bool notUtf8;
-};
-
-template <class ByteStream>
-FirstAttempt ParseAnyUtf(JsonDocument& document, ByteStream& bytes, const TextRules& rules) {
-    AnyUtfStream<ByteStream> stream(bytes, rapidjson::kUTF8);
-    const LoadStatus status = Parse<AnyUtf>(document, stream, rules.acceptNan);
-    return {status, status.code == kInvalidEncoding && stream.GetType() == rapidjson::kUTF8};
-}
-
-// ---- The literal way: through RapidJSON's detecting stream -------------------------------------
-
-FirstAttempt ParseBytes(JsonDocument& document, std::string_view bytes, const TextRules& rules) {
-    rapidjson::MemoryStream stream(bytes.data(), bytes.size());
-    return ParseAnyUtf(document, stream, rules);
-}
-
-FirstAttempt ParseFile(JsonDocument& document, std::FILE* file, const TextRules& rules) {
-    std::vector<char> buffer(rules.fileBufferSize);
-    rapidjson::FileReadStream stream(file, buffer.data(), buffer.size());
-    return ParseAnyUtf(document, stream, rules);
-}
-
-// ---- The fast way: for text that proves to be well-formed --------------------------------------
-// It only ever says yes. Whatever it does not load, for any reason, is for the literal way to
-// judge.
-
-bool LoadsPlainText(JsonDocument& document, std::wstring_view text, const TextRules& rules) {
-    if (WellFormedLength(text) != text.size()) return false;
-    PlainTextStream stream(text.data());
-    return Parse<PlainUtf16>(document, stream, rules.acceptNan).code == kNoError;
-}
-
 /// What RapidJSON's stream finds out about bytes before it reads them.
 struct Detected {
     rapidjson::UTFType type;
@@ -101,16 +64,31 @@ Detected Detect(std::string_view bytes) {
     return {stream.GetType(), stream.HasBOM() ? markSize : 0};
 }
 
-/// UTF-8 from a source whose first bytes are known, as far as its encoding is told by them.
-bool LoadsUtf8(JsonDocument& document, std::string_view beginning, ByteSource& source,
-               const TextRules& rules) {
-    const Detected detected = Detect(beginning);
-    if (detected.type != rapidjson::kUTF8) return false;
-    ByteBlock block;
-    Utf8Stream stream(source, block);
-    for (size_t i = 0; i < detected.markSize; ++i) stream.Take();
-    return Parse<Utf8InRuns>(document, stream, rules.acceptNan).code == kNoError;
+/// A status, and whether it calls for a second attempt in the ANSI code page.
+struct FirstAttempt {
+    LoadStatus status;
+    bool notUtf8;
+};
+
+/// The literal way: through RapidJSON's detecting stream.
+template <class ByteStream>
+FirstAttempt ParseAnyUtf(JsonDocument& document, ByteStream& bytes, const TextRules& rules) {
+    AnyUtfStream<ByteStream> stream(bytes, rapidjson::kUTF8);
+    return {Parse<AnyUtf>(document, stream, rules.acceptNan), false};
 }
+
+/// What has proved to be UTF-8, in runs. Code and offset are those of the literal way, whose stream
+/// is one byte ahead of its reader as long as there is one.
+FirstAttempt ParseUtf8(JsonDocument& document, Utf8Stream& stream, size_t markSize,
+                       const TextRules& rules) {
+    for (size_t i = 0; i < markSize; ++i) stream.Take();
+    LoadStatus status = Parse<Utf8InRuns>(document, stream, rules.acceptNan);
+    const bool atEnd = stream.AtEnd() && stream.Tell() == status.offset;
+    if (status.code != kNoError && !atEnd) ++status.offset;
+    return {status, status.code == kInvalidEncoding};
+}
+
+// ---- Bytes in memory ---------------------------------------------------------------------------
 
 class MemorySource final : public ByteSource {
 public:
@@ -127,29 +105,58 @@ private:
     std::string_view rest;
 };
 
+FirstAttempt ParseBytes(JsonDocument& document, std::string_view bytes, const TextRules& rules) {
+    const Detected detected = Detect(bytes);
+    if (detected.type != rapidjson::kUTF8) {
+        rapidjson::MemoryStream stream(bytes.data(), bytes.size());
+        return ParseAnyUtf(document, stream, rules);
+    }
+    MemorySource source(bytes);
+    ByteBlock block;
+    Utf8Stream stream(source, block);
+    return ParseUtf8(document, stream, detected.markSize, rules);
+}
+
+// ---- Well-formed text in memory ----------------------------------------------------------------
+
+/// The fast way for UTF-16. It only ever says yes: whatever it does not load, for any reason, is
+/// for the literal way to judge.
+bool LoadsPlainText(JsonDocument& document, std::wstring_view text, const TextRules& rules) {
+    if (WellFormedLength(text) != text.size()) return false;
+    PlainTextStream stream(text.data());
+    return Parse<PlainUtf16>(document, stream, rules.acceptNan).code == kNoError;
+}
+
+// ---- Files -------------------------------------------------------------------------------------
+
+/// Reads a file block by block, from its beginning to its end, and never goes back: it may be a
+/// pipe. As for RapidJSON's FileReadStream, a read that falls short is the last.
 class FileSource final : public ByteSource {
 public:
-    /// Reads the first block, so that a look at it is possible.
-    FileSource(std::FILE* stream, size_t blockSize)
-        : file(stream),
-          first(std::min(blockSize, ByteBlock::kSize)),
-          size(std::fread(first.data(), 1, first.size(), file)) {}
+    FileSource(std::FILE* stream, size_t bytes)
+        : file(stream), blockSize(std::min(bytes, ByteBlock::kSize)) {}
 
-    std::string_view Beginning() const { return {first.data(), size}; }
-
-    size_t Read(char* block, size_t room) override {
-        if (size == 0) size = std::fread(first.data(), 1, std::min(room, first.size()), file);
-        const size_t count = size;
-        std::memcpy(block, first.data(), count);
-        size = 0;
+    size_t Read(char* block, size_t) override {
+        if (ended) return 0;
+        const size_t count = std::fread(block, 1, blockSize, file);
+        ended = count < blockSize;
         return count;
     }
 
 private:
     std::FILE* file;
-    std::vector<char> first;
-    size_t size;
+    size_t blockSize;
+    bool ended = false;
 };
+
+FirstAttempt ParseFile(JsonDocument& document, std::FILE* file, const TextRules& rules) {
+    FileSource source(file, rules.fileBufferSize);
+    ByteBlock block;
+    Utf8Stream stream(source, block);
+    const Detected detected = Detect(stream.InHand());
+    return detected.type == rapidjson::kUTF8 ? ParseUtf8(document, stream, detected.markSize, rules)
+                                             : ParseAnyUtf(document, stream, rules);
+}
 
 // ---- The second attempt: the ANSI code page ----------------------------------------------------
 
@@ -202,8 +209,6 @@ LoadStatus LoadBytes(JsonDocument& document, const char* data, uint32_t length,
                      const TextRules& rules) {
     if (!data) return {kNullText};
     const std::string_view bytes(data, length);
-    MemorySource source(bytes);
-    if (LoadsUtf8(document, bytes, source, rules)) return {};
     return WithFallback(ParseBytes(document, bytes, rules),
                         [&] { return ParseAnsi(document, bytes, rules); });
 }
@@ -225,9 +230,6 @@ LoadStatus LoadFile(JsonDocument& document, const wchar_t* name, const TextRules
     File file = OpenFile(name, L"rb");
     if (!file) return {name ? kNoSuchFile : kNullFileName};
     std::setvbuf(file.get(), nullptr, _IOFBF, kSystemBlock);
-    FileSource source(file.get(), rules.fileBufferSize);
-    if (LoadsUtf8(document, source.Beginning(), source, rules)) return {};
-    std::rewind(file.get());
     const FirstAttempt first = ParseFile(document, file.get(), rules);
     file.reset();
     return WithFallback(first, [&]() -> std::optional<LoadStatus> {

@@ -39,8 +39,9 @@ LoadStatus LoadBytes(JsonDocument& document, const char* data, uint32_t length,
 /// Loads zero-terminated UTF-16 text; it is never read in the ANSI code page. Null: kNullText.
 LoadStatus LoadText(JsonDocument& document, const wchar_t* text, const TextRules& rules);
 
-/// Loads a file, which is closed again. Null: kNullFileName; a file that does not open:
-/// kNoSuchFile.
+/// Loads a file, which is closed again. It is read once, from its beginning to its end, so that it
+/// may be a pipe; a second attempt opens it by its name again. Null: kNullFileName; a file that
+/// does not open: kNoSuchFile.
 LoadStatus LoadFile(JsonDocument& document, const wchar_t* name, const TextRules& rules);
 
 }  // namespace QXJSON

@@ -25,21 +25,21 @@ unsigned Blanks(__m128i bytes) {
                              _mm_or_si128(Equal(bytes, '\r'), Equal(bytes, '\t'))));
 }
 
-/// Reads the continuation bytes of a character; false when one is missing.
+/// Takes the bytes behind a lead byte, whatever they are, as RapidJSON's decoder does; false when
+/// one of them continues nothing.
 bool TakeContinuation(Utf8Stream& stream, int count, uint32_t& character) {
+    unsigned marks = 0;
     for (; count > 0; --count) {
-        const auto byte = static_cast<unsigned char>(stream.Peek());
-        if ((byte & 0xC0) != 0x80) return false;
+        const auto byte = static_cast<unsigned char>(stream.Take());
+        marks |= byte ^ 0x80u;
         character = character << 6 | (byte & 0x3Fu);
-        stream.Take();
     }
-    return true;
+    return (marks & 0xC0) == 0;
 }
 
 }  // namespace
 
-/// At the source's end the block is empty, and the stream stays on the zero behind it. (The source
-/// would be asked again only for what lies behind that zero, which the reader never takes.)
+/// At the source's end the block is empty, and the stream stays on the zero behind it.
 void Utf8Stream::Refill() {
     before += static_cast<size_t>(end - block);
     const size_t count = source->Read(block, ByteBlock::kSize);
@@ -66,7 +66,7 @@ void Utf8Stream::SkipBlanks() {
 size_t AsciiRun(const char* bytes) {
     const char* ahead = bytes;
     unsigned ends = 0;
-    // So does the zero behind the block.
+    // The zero behind the block ends a run as well.
     while ((ends = RunEnds(Load(ahead))) == 0) ahead += kStep;
     return static_cast<size_t>(ahead - bytes) + First(ends);
 }

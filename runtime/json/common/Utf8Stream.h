@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <cstring>
+#include <string_view>
 
 #include "JsonTypes.h"
 
@@ -27,7 +27,8 @@ struct ByteBlock {
 };
 
 /// A stream over a source, block by block. A zero byte ends it, as it ends every stream of
-/// RapidJSON.
+/// RapidJSON; at the end of its source it gives zeros and stays where it is. RapidJSON's detecting
+/// stream can read it as well: then it is a stream of bytes in any encoding.
 class Utf8Stream {
 public:
     using Ch = char;
@@ -44,6 +45,8 @@ public:
         return c;
     }
     size_t Tell() const { return before + static_cast<size_t>(at - block); }
+    /// For the detection of encodings, at the beginning of a source.
+    const Ch* Peek4() const { return end - at >= 4 ? at : nullptr; }
 
     // LCOV_EXCL_START: asked for by the concept; a source is not written to
     Ch* PutBegin() { return nullptr; }
@@ -54,6 +57,9 @@ public:
 
     /// The bytes from here to the end of the block; a zero stands behind them.
     const char* At() const { return at; }
+    std::string_view InHand() const { return {at, static_cast<size_t>(end - at)}; }
+    /// Whether the source has no more bytes.
+    bool AtEnd() const { return at == end; }
     /// Passes over so many bytes of the block.
     void Advance(size_t count) {
         at += count;
