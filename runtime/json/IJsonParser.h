@@ -67,7 +67,8 @@ public:
     /// in the system's ANSI code page. The literals NaN, Inf and Infinity, with or without "-", are
     /// accepted as numbers, but not in ANSI text.
     /// \param[in] text the bytes; no terminator is needed, and they are not used after the call
-    /// \param[in] length their count
+    /// \param[in] length their count; a zero character ends the text earlier, and nothing after it
+    ///     need be readable
     /// \return 1; 0 with the reason in GetErrorMessage(): null text, empty text, a syntax error, or
     ///     a root that is neither object nor array; -5 where the nesting is too deep for the stack
     ///     of the calling thread

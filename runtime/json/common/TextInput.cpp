@@ -58,10 +58,14 @@ struct Detected {
 };
 
 Detected Detect(std::string_view bytes) {
-    rapidjson::MemoryStream memory(bytes.data(), bytes.size());
-    const AnyUtfStream<rapidjson::MemoryStream> stream(memory, rapidjson::kUTF8);
-    const size_t markSize = stream.GetType() == rapidjson::kUTF8 ? 3 : 2;
-    return {stream.GetType(), stream.HasBOM() ? markSize : 0};
+    Detected detected = {};
+    RethrowFaults([&] {
+        rapidjson::MemoryStream memory(bytes.data(), bytes.size());
+        const AnyUtfStream<rapidjson::MemoryStream> stream(memory, rapidjson::kUTF8);
+        const size_t markSize = stream.GetType() == rapidjson::kUTF8 ? 3 : 2;
+        detected = {stream.GetType(), stream.HasBOM() ? markSize : 0};
+    });
+    return detected;
 }
 
 /// A status, and whether it calls for a second attempt in the ANSI code page.
@@ -90,18 +94,22 @@ FirstAttempt ParseUtf8(JsonDocument& document, Utf8Stream& stream, size_t markSi
 
 // ---- Bytes in memory ---------------------------------------------------------------------------
 
+/// Hands out memory up to the end of a page at a time. A text may end at a zero before its length
+/// does: what lies on pages that the reader does not get to need not be readable.
 class MemorySource final : public ByteSource {
 public:
     explicit MemorySource(std::string_view bytes) : rest(bytes) {}
 
     size_t Read(char* block, size_t room) override {
-        const std::string_view next = rest.substr(0, room);
+        const size_t toPageEnd = kPage - reinterpret_cast<uintptr_t>(rest.data()) % kPage;
+        const std::string_view next = rest.substr(0, std::min(room, toPageEnd));
         std::memcpy(block, next.data(), next.size());
         rest.remove_prefix(next.size());
         return next.size();
     }
 
 private:
+    static constexpr size_t kPage = 4096;
     std::string_view rest;
 };
 
@@ -160,21 +168,38 @@ FirstAttempt ParseFile(JsonDocument& document, std::FILE* file, const TextRules&
 
 // ---- The second attempt: the ANSI code page ----------------------------------------------------
 
+/// As many bytes as the system can be told of: its lengths are of type int. A greater one is
+/// negative to it, and stands for text up to its zero, which counts; without a zero there is no
+/// text.
+std::string_view Countable(std::string_view bytes) {
+    if (bytes.size() <= INT_MAX) return bytes;
+    const void* zero = nullptr;
+    RethrowFaults([&] { zero = std::memchr(bytes.data(), 0, bytes.size()); });
+    if (!zero) return {};
+    const auto length = static_cast<size_t>(static_cast<const char*>(zero) - bytes.data()) + 1;
+    return length <= INT_MAX ? bytes.substr(0, length) : std::string_view();
+}
+
 /// Bytes in the system's ANSI code page as zero-terminated UTF-16; nothing when they are no text.
 std::optional<std::vector<wchar_t>> FromAnsi(std::string_view bytes) {
-    if (bytes.size() > INT_MAX) return std::nullopt;
-    const int length = static_cast<int>(bytes.size());
-    const int count = MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0);
+    const auto convert = [&](wchar_t* text, int capacity) {
+        const int length = static_cast<int>(bytes.size());
+        int count = 0;
+        RethrowFaults(
+            [&] { count = MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, text, capacity); });
+        return count;
+    };
+    const int count = convert(nullptr, 0);
     if (count < 1) return std::nullopt;
     std::vector<wchar_t> text(static_cast<size_t>(count) + 1);
-    MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, text.data(), count);
+    convert(text.data(), count);
     return text;
 }
 
 /// The second attempt. Nothing when the bytes are no ANSI text: the first attempt's error stands.
 std::optional<LoadStatus> ParseAnsi(JsonDocument& document, std::string_view bytes,
                                     const TextRules& rules) {
-    const auto text = FromAnsi(bytes);
+    const auto text = FromAnsi(Countable(bytes));
     if (!text) return std::nullopt;
     rapidjson::GenericStringStream<JsonEncoding> stream(text->data());
     return Parse<JsonEncoding>(document, stream, rules.acceptNanInAnsi);

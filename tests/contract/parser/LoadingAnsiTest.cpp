@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "BytesAtAnEdge.h"
 #include "JsonDll.h"
 #include "LoadForm.h"
 #include "ReferenceLoad.h"
@@ -124,6 +125,19 @@ TEST(LoadingAnsi, LargeFiles) {
             "[\"" + std::string(front, '-') + "\xE9.\",\"" + std::string(3000, '+') + "\"]";
         EXPECT_EQ(Success(FromAnsi(bytes)), support::LoadFile(*parser, bytes)) << front;
         EXPECT_EQ(Success(FromAnsi(bytes)), support::LoadBytes(*parser, bytes)) << front;
+    }
+}
+
+/// A length that is negative to the system stands for zero-terminated text.
+TEST(LoadingAnsi, ALengthBeyondThoseOfTheSystem) {
+    const Parser parser = NewParser();
+    for (const std::string bytes : {"[\"\xE9.\"]", "[\"\xE9.\",]"}) {
+        const LoadOutcome expected = support::ReferenceLoadBytes(bytes);
+        const support::BytesAtAnEdge text(bytes + '\0');
+        for (const uint32_t length : {0xFFFFFFFFu, 0xFFFFFFFEu, 0x80000000u})
+            EXPECT_EQ(expected,
+                      support::OutcomeOf(*parser, parser->LoadJsonBytes(text.Begin(), length)))
+                << bytes << ' ' << length;
     }
 }
 

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <vector>
 
+#include "BytesAtAnEdge.h"
 #include "JsonDll.h"
 #include "LoadForm.h"
 #include "ReferenceLoad.h"
@@ -12,6 +13,7 @@
 namespace {
 
 using support::AllForms;
+using support::BytesAtAnEdge;
 using support::Failure;
 using support::LoadForm;
 using support::LoadOutcome;
@@ -187,29 +189,6 @@ TEST(Loading, TextEndsAtItsFirstZeroUnit) {
     }
 }
 
-/// Bytes in front of memory that cannot be read.
-class BytesAtAnEdge {
-public:
-    explicit BytesAtAnEdge(const std::string& bytes)
-        : pages(static_cast<char*>(
-              VirtualAlloc(nullptr, 2 * kPage, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE))),
-          begin(pages + kPage - bytes.size()) {
-        DWORD before = 0;
-        VirtualProtect(pages + kPage, kPage, PAGE_NOACCESS, &before);
-        std::memcpy(begin, bytes.data(), bytes.size());
-    }
-    ~BytesAtAnEdge() { VirtualFree(pages, 0, MEM_RELEASE); }
-    BytesAtAnEdge(const BytesAtAnEdge&) = delete;
-    BytesAtAnEdge& operator=(const BytesAtAnEdge&) = delete;
-
-    char* Begin() const { return begin; }
-
-private:
-    static constexpr size_t kPage = 4096;
-    char* pages;
-    char* begin;
-};
-
 TEST(Loading, NothingBehindTheLengthIsRead) {
     struct Row {
         const char* bytes;
@@ -234,6 +213,47 @@ TEST(Loading, NothingBehindTheLengthIsRead) {
                   support::OutcomeOf(*parser, parser->LoadJsonBytes(bytes.Begin(), length)))
             << row.bytes;
     }
+}
+
+LoadOutcome LoadLength(QXJSON::IJsonParser& parser, const std::string& bytes, uint32_t length) {
+    const BytesAtAnEdge edge(bytes);
+    return support::OutcomeOf(parser, parser.LoadJsonBytes(edge.Begin(), length));
+}
+
+/// A length may go beyond the zero at the end of a text, and beyond the memory that it is in:
+/// nothing behind the zero is read.
+TEST(Loading, NothingBehindAZeroIsRead) {
+    const std::wstring texts[] = {L"[1]",
+                                  L"{\"a\":[\"\xE9\"]}",
+                                  L"[1,",
+                                  L"[\"abc",
+                                  L"12345",
+                                  L"[1] 2",
+                                  L"[\"" + std::wstring(6000, L'x') + L"\"]",
+                                  L"[\"" + std::wstring(6000, L'x')};
+    const Parser parser = NewParser();
+    for (const LoadForm& form : AllForms()) {
+        if (form.route != support::Route::kBytes) continue;
+        for (const std::wstring& text : texts) {
+            const std::string bytes = form.Bytes(text + L'\0');
+            const LoadOutcome expected =
+                support::ReferenceLoadBytes(bytes + std::string(form.UnitSize(), ' '));
+            for (const uint32_t more : {1u, 10u, 4096u, 0x10000u, 0x7FFF0000u, 0xFFFF0000u})
+                EXPECT_EQ(expected,
+                          LoadLength(*parser, bytes, static_cast<uint32_t>(bytes.size()) + more))
+                    << form << ": " << testing::PrintToString(text.substr(0, 9)) << ' ' << more;
+        }
+    }
+}
+
+TEST(Loading, ATextThatEndsNowhereAnswersMinusFive) {
+    const Parser parser = NewParser();
+    for (const char* const bytes : {"[1]", "[", "[\"abc", "[\"\xC3", "[\"\xE9.\"]"}) {
+        const auto length = static_cast<uint32_t>(std::strlen(bytes));
+        for (const uint32_t more : {1u, 4096u, 0xFFFF0000u})
+            EXPECT_EQ(support::Escaped(), LoadLength(*parser, bytes, length + more)) << bytes;
+    }
+    EXPECT_EQ(Success(L"[1]"), support::LoadText(*parser, L"[1]"));
 }
 
 TEST(Loading, ALengthCutsTheTextShort) {
