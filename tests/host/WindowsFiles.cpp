@@ -59,6 +59,15 @@ BOOL DeleteFileW(const wchar_t* name) {
     return unlink(host::ToHostName(name).c_str()) == 0;
 }
 
+BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER*, DWORD) {
+    return lseek(host::DescriptorOf(file), distance.QuadPart, SEEK_SET) != -1;
+}
+
+BOOL SetEndOfFile(HANDLE file) {
+    const int descriptor = host::DescriptorOf(file);
+    return ftruncate(descriptor, lseek(descriptor, 0, SEEK_CUR)) == 0;
+}
+
 DWORD GetFileAttributesW(const wchar_t* name) {
     struct stat file = {};
     if (!Find(name, file)) return INVALID_FILE_ATTRIBUTES;

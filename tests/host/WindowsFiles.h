@@ -19,6 +19,8 @@ constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x10;
 constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
 constexpr DWORD INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
 
+constexpr DWORD FILE_BEGIN = 0;
+
 /// Who may use a file; nobody asks here.
 struct SECURITY_ATTRIBUTES;
 
@@ -32,6 +34,9 @@ HANDLE CreateFileW(const wchar_t* name, DWORD access, DWORD share, SECURITY_ATTR
                    DWORD disposition, DWORD attributes, HANDLE pattern);
 BOOL CopyFileW(const wchar_t* from, const wchar_t* to, BOOL mustBeNew);
 BOOL DeleteFileW(const wchar_t* name);
+/// Counts from the file's beginning, and says nothing of the place.
+BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER* place, DWORD origin);
+BOOL SetEndOfFile(HANDLE file);
 DWORD GetFileAttributesW(const wchar_t* name);
 BOOL SetFileAttributesW(const wchar_t* name, DWORD attributes);
 DWORD GetTempPathW(DWORD capacity, wchar_t* folder);

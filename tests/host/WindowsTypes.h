@@ -12,10 +12,16 @@ using DWORD = uint32_t;
 using DWORD64 = uint64_t;
 using ULONG_PTR = uintptr_t;
 using SIZE_T = size_t;
+using LONGLONG = int64_t;
 using HANDLE = void*;
 using HMODULE = void*;
 using LPVOID = void*;
 using errno_t = int;
+
+/// Of its several views, the whole.
+struct LARGE_INTEGER {
+    LONGLONG QuadPart;
+};
 
 constexpr BOOL FALSE = 0;
 constexpr BOOL TRUE = 1;

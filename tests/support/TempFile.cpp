@@ -30,6 +30,18 @@ TempFile::TempFile(const std::string& bytes) : TempFile() {
     if (!bytes.empty()) std::fwrite(bytes.data(), 1, bytes.size(), file.get());
 }
 
+bool TempFile::Extend(uint64_t size) {
+    HANDLE file = CreateFileW(Name(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                              FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    LARGE_INTEGER end = {};
+    end.QuadPart = static_cast<LONGLONG>(size);
+    const bool extended =
+        SetFilePointerEx(file, end, nullptr, FILE_BEGIN) != 0 && SetEndOfFile(file) != 0;
+    CloseHandle(file);
+    return extended;
+}
+
 TempFile::~TempFile() { DeleteFileW(Name()); }
 
 bool TempFile::Exists() const { return GetFileAttributesW(Name()) != INVALID_FILE_ATTRIBUTES; }

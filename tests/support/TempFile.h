@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace support {
@@ -14,6 +15,9 @@ public:
     ~TempFile();
     TempFile(const TempFile&) = delete;
     TempFile& operator=(const TempFile&) = delete;
+
+    /// Makes the file longer, by zeros that take no time to write; whether the system could do it.
+    bool Extend(uint64_t size);
 
     const wchar_t* Name() const { return name.c_str(); }
     bool Exists() const;

@@ -205,14 +205,17 @@ std::optional<LoadStatus> ParseAnsi(JsonDocument& document, std::string_view byt
     return Parse<JsonEncoding>(document, stream, rules.acceptNanInAnsi);
 }
 
-/// The whole of a file; nothing when it is empty, or does not open, or cannot be measured or read.
+/// The whole of a file; nothing when it is empty or larger than the system can convert, or does not
+/// open, or cannot be measured or read.
 std::optional<std::vector<char>> ReadWhole(const wchar_t* name) {
     const File file = OpenFile(name, L"rb");
     if (!file || std::fseek(file.get(), 0, SEEK_END) != 0) return std::nullopt;
-    const long end = std::ftell(file.get());
-    if (end < 1 || std::fseek(file.get(), 0, SEEK_SET) != 0) return std::nullopt;
+    const int64_t end = std::ftell(file.get());
+    if (end < 1 || end > INT_MAX || std::fseek(file.get(), 0, SEEK_SET) != 0) return std::nullopt;
     std::vector<char> bytes(static_cast<size_t>(end));
     if (std::fread(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) return std::nullopt;
+    // A size beyond 32 bits may have been told without its upper half: there must be no byte more.
+    if (std::fgetc(file.get()) != EOF) return std::nullopt;
     return bytes;
 }
 
