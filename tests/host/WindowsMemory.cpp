@@ -1,5 +1,6 @@
 #include "WindowsMemory.h"
 
+#include <malloc.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -52,3 +53,5 @@ BOOL VirtualFree(void* address, SIZE_T, DWORD) {
     areas.erase(area);
     return TRUE;
 }
+
+size_t _msize(void* block) { return malloc_usable_size(block); }

@@ -1,6 +1,6 @@
 #pragma once
 
-// Pages of memory.
+// Pages of memory, and the size of a block of the heap.
 
 #include "WindowsTypes.h"
 
@@ -16,4 +16,7 @@ void* VirtualAlloc(void* address, SIZE_T size, DWORD type, DWORD protection);
 /// `before` receives PAGE_READWRITE, whatever there was.
 BOOL VirtualProtect(void* address, SIZE_T size, DWORD protection, DWORD* before);
 BOOL VirtualFree(void* address, SIZE_T size, DWORD type);
+
+/// Of the C runtime.
+size_t _msize(void* block);
 }

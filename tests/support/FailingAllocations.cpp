@@ -1,6 +1,7 @@
 #include "FailingAllocations.h"
 
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <cstdlib>
 #include <limits>
@@ -15,6 +16,7 @@ int g_first = kNever;
 int g_count = 0;
 bool g_happened = false;
 long g_blocks = 0;
+long long g_bytes = 0;
 
 bool FailsNow() {
     if (g_first == kNever) return false;
@@ -24,8 +26,11 @@ bool FailsNow() {
     return fails;
 }
 
-void* Counted(void* block) {
-    if (block != nullptr) ++g_blocks;
+/// Counts a block that comes (1) or goes (-1).
+void* Counted(void* block, int change = 1) {
+    if (block == nullptr) return block;
+    g_blocks += change;
+    g_bytes += change * static_cast<long long>(_msize(block));
     return block;
 }
 
@@ -37,16 +42,13 @@ void* Calloc(size_t count, size_t size) {
 
 void* Realloc(void* block, size_t size) {
     if (size != 0 && FailsNow()) return nullptr;
-    if (block != nullptr) --g_blocks;
+    Counted(block, -1);
     void* moved = std::realloc(block, size);
-    if (moved == nullptr && size != 0 && block != nullptr) ++g_blocks;
+    if (moved == nullptr && size != 0) Counted(block);
     return Counted(moved);
 }
 
-void Free(void* block) {
-    if (block != nullptr) --g_blocks;
-    std::free(block);
-}
+void Free(void* block) { std::free(Counted(block, -1)); }
 
 }  // namespace
 
@@ -58,6 +60,7 @@ FailingAllocations::FailingAllocations(HMODULE module)
     EXPECT_TRUE(malloc.Found()) << "the DLL does not allocate through an imported malloc";
     EXPECT_TRUE(free.Found()) << "the DLL does not free through an imported free";
     g_blocks = 0;
+    g_bytes = 0;
     Stop();
 }
 
@@ -73,6 +76,8 @@ void FailingAllocations::Fail(int first, int count) {
 bool FailingAllocations::Happened() const { return g_happened; }
 
 long FailingAllocations::LiveBlocks() const { return g_blocks; }
+
+long long FailingAllocations::LiveBytes() const { return g_bytes; }
 
 void FailingAllocations::Stop() { g_first = kNever; }
 

@@ -22,6 +22,8 @@ public:
     void Stop();
     /// How many more blocks the DLL has than when this object's life began.
     long LiveBlocks() const;
+    /// How many more bytes those blocks have.
+    long long LiveBytes() const;
 
 private:
     ImportPatch malloc;

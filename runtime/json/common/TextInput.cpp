@@ -28,9 +28,26 @@ using AnyUtf = rapidjson::AutoUTF<unsigned>;
 template <class ByteStream>
 using AnyUtfStream = rapidjson::AutoUTFInputStream<unsigned, ByteStream>;
 
+/// What an attempt puts into a pool that was empty is given back, unless the attempt is kept.
+class AttemptMemory {
+public:
+    explicit AttemptMemory(JsonAllocator& memory) : pool(memory.Size() == 0 ? &memory : nullptr) {}
+    ~AttemptMemory() {
+        if (pool) pool->Clear();
+    }
+    AttemptMemory(const AttemptMemory&) = delete;
+    AttemptMemory& operator=(const AttemptMemory&) = delete;
+
+    void Keep() { pool = nullptr; }
+
+private:
+    JsonAllocator* pool;
+};
+
 /// Fills the document from a stream: RapidJSON's ParseStream with a look at the stack in between.
 template <unsigned flags, class Encoding, class Stream>
 LoadStatus ParseWith(JsonDocument& document, Stream& stream) {
+    AttemptMemory memory(document.GetAllocator());
     rapidjson::GenericReader<Encoding, JsonEncoding, HeapAllocator> reader;
     rapidjson::ParseResult result;
     auto fill = [&](JsonDocument& handler) {
@@ -42,6 +59,7 @@ LoadStatus ParseWith(JsonDocument& document, Stream& stream) {
         return !result.IsError();
     };
     document.Populate(fill);
+    if (!result.IsError()) memory.Keep();
     return {result.Code(), result.Offset()};
 }
 

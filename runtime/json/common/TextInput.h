@@ -27,7 +27,8 @@ struct TextRules {
 // in the system's ANSI code page. On success the document's root is replaced and the status is 0;
 // on failure the root stays as it was, and the status holds RapidJSON's code and offset (in bytes;
 // in UTF-16 units for ANSI text) or one of the library's own codes with offset 0. What the root is
-// and which codes are replaced is each family's own affair.
+// and which codes are replaced is each family's own affair. Attempts that fail leave an empty pool
+// empty.
 //
 // All three throw NestingTooDeep, std::bad_alloc, and ProcessorFault for memory that cannot be
 // read.

@@ -41,6 +41,7 @@ int CRapidJsonPackage::FinishLoad(const LoadStatus& loaded) {
     const bool container = status.code == kNoError && IsContainer(document);
     if (!document.IsObject()) {
         document.SetObject();
+        allocator.Clear();
         status = {kRootNotObject};
     }
     SettleStrings();
