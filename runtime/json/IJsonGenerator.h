@@ -892,7 +892,8 @@ public:
     /// byte-order mark or else by the zero bytes among the first four, or in the system's ANSI code
     /// page. NaN, Inf and Infinity are accepted as numbers. The root must be an object or array.
     /// All return -5 where the nesting is too deep for the stack. A file is opened only once the
-    /// parent is found to fit; text is parsed before that where the parent is named by handle.
+    /// parent is found to fit; text is parsed before that where the parent is named by handle. The
+    /// text of this generator's own GetJsonString() may be loaded and grafted.
     /// \{
 
     /// Replaces the document with that of a file. Success ends all earlier handles.

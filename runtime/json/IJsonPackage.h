@@ -113,6 +113,9 @@ public:
     /// \name Loading
     /// A load, even a failed one, replaces the whole package; only the ignore-case flag and the
     /// delegate stay. A failed load leaves an empty package. NaN and the infinities are refused.
+    /// The old content ends first: a text that this package returned is gone before its load reads
+    /// it, as the text to be loaded or as the name of a file. Copy such a text, or load it with
+    /// another package.
     /// \{
 
     /// Replaces the package with the JSON object of a text. Message code 18 for null, 21 for empty

@@ -60,6 +60,9 @@ public:
     // ---------------------------------------------------------------------------------------------
     /// \name Loading
     /// Every load, even a failed one, replaces the document and ends all that was returned before.
+    /// The old document ends first: a text that this parser returned is gone before its load reads
+    /// it, as the text to be loaded or as the name of a file. Copy such a text, or load it with
+    /// another parser.
     /// \{
 
     /// Loads JSON in UTF-8, UTF-16 or UTF-32, recognised by a byte-order mark or else by the zero

@@ -239,9 +239,10 @@ TEST(PackageLoad, TheCallersTextMayGoAfterTheLoad) {
     EXPECT_EQ(copy, support::PackageText(*package));
 }
 
-TEST(PackageLoad, APackageCanLoadItsOwnText) {
+/// A copy, for the text itself ends when the load begins.
+TEST(PackageLoad, APackageCanLoadACopyOfItsOwnText) {
     const Package package = support::LoadedPackage(L"{\"a\":1}");
-    std::wstring copy = support::PackageText(*package);
+    const std::wstring copy = support::PackageText(*package);
     EXPECT_EQ(PackageLoaded(copy), LoadPackageText(*package, copy));
 }
 
