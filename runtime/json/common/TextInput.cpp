@@ -210,7 +210,7 @@ std::optional<std::vector<wchar_t>> FromAnsi(std::string_view bytes) {
     const int count = convert(nullptr, 0);
     if (count < 1) return std::nullopt;
     std::vector<wchar_t> text(static_cast<size_t>(count) + 1);
-    convert(text.data(), count);
+    if (convert(text.data(), count) != count) return std::nullopt;
     return text;
 }
 

@@ -303,6 +303,38 @@ TEST(FileFaults, AFileThatChangesBetweenTheAttempts) {
     }
 }
 
+// ---- Conversions that fail ---------------------------------------------------------------------
+
+int g_conversions = 0;  ///< calls that still work
+
+int ConvertSomeTimes(UINT codePage, DWORD flags, const char* bytes, int size, wchar_t* text,
+                     int capacity) {
+    if (g_conversions-- <= 0) return 0;
+    return MultiByteToWideChar(codePage, flags, bytes, size, text, capacity);
+}
+
+/// Whether it is measured or done that fails, the first error stays.
+TEST(FileFaults, AConversionFromTheAnsiCodePage) {
+    const ImportPatch convert(support::JsonDll(), "MultiByteToWideChar", &ConvertSomeTimes);
+    ASSERT_TRUE(convert.Found());
+    for (const FileLoad& load : kFileLoads)
+        for (const int good : {0, 1}) {
+            SCOPED_TRACE(testing::Message() << load.name << ", " << good);
+            const TempFile file(kAnsi);
+            const support::FailingAllocations allocations;
+            g_conversions = good;
+            const FileOutcome outcome = load.load(file.Name());
+            EXPECT_NE(1, outcome.result);
+            if (load.tells) {
+                EXPECT_EQ(12, outcome.code);
+                EXPECT_EQ(kAnsi.find('\xE9') + 1, outcome.offset);
+            }
+            EXPECT_EQ(0, allocations.LiveBlocks());
+            g_conversions = 2;
+            EXPECT_EQ(1, load.load(file.Name()).result);
+        }
+}
+
 // ---- Saves -------------------------------------------------------------------------------------
 
 constexpr const wchar_t* kSaved = L"{\"a\":[1,\"\xE9\",{\"b\":null}]}";
