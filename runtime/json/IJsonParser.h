@@ -708,8 +708,8 @@ public:
     /// \param[in] handle handle of the object
     /// \param[in] key key of the member
     /// \param[out] text receives the text, which lives until the next such text, load or Release()
-    /// \return 1; -5 unknown handle, -1 null key, 0 null output, the value is not an object, no
-    ///     such member, or the member is not an object
+    /// \return 1; -5 unknown handle, 0 null key or output, the value is not an object, no such
+    ///     member, or the member is not an object
     virtual int GetMemberObjectJson(uint32_t handle, const wchar_t* key, const wchar_t** text) = 0;
 
     /// Writes the JSON text of an array named by path.
@@ -728,8 +728,8 @@ public:
     /// \param[in] handle handle of the object
     /// \param[in] key key of the member
     /// \param[out] text receives the text, which lives until the next such text, load or Release()
-    /// \return 1; -5 unknown handle, -1 null key, 0 null output, the value is not an object, no
-    ///     such member, or the member is not an array
+    /// \return 1; -5 unknown handle, 0 null key or output, the value is not an object, no such
+    ///     member, or the member is not an array
     virtual int GetMemberArrayJson(uint32_t handle, const wchar_t* key, const wchar_t** text) = 0;
 
     /// \}

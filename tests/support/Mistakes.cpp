@@ -217,7 +217,7 @@ int ResultOf(Mistake mistake, const Operation& operation) {
         case Mistake::kBadPlace:
             return ResultOfBadPlace(operation);
         case Mistake::kNullKey:
-            return -1;
+            return IsText(operation) ? 0 : -1;
         case Mistake::kNoObject:
             return IsText(operation) ? 0 : -3;
         case Mistake::kNoMember:
