@@ -4,6 +4,7 @@
 // wincrypt.h needs the types of windows.h in front of it.
 #include <wincrypt.h>
 
+#include "Outputs.h"
 #include "ResultCodes.h"
 
 namespace QXJSON {
@@ -18,6 +19,8 @@ int DecodeBase64(MessageBuffer& buffer, const wchar_t* text, const uint8_t** dat
     DWORD count = 0;
     if (!decode(nullptr, &count) || !buffer.Reserve(count)) return kWrongKind;
     if (!decode(static_cast<BYTE*>(buffer.Area()), &count)) return kWrongKind;
+    EnsureWritable(data);
+    EnsureWritable(size);
     *data = static_cast<const uint8_t*>(buffer.Area());
     *size = count;
     return kSuccess;

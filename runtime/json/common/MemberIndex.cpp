@@ -156,9 +156,8 @@ bool MemberIndex::Names(const Slot& slot, const JsonValue& object, std::wstring_
 
 MemberIndex::Slot* MemberIndex::SlotOf(const JsonValue& object, std::wstring_view key,
                                        KeyMatch match) {
-    return table.Find(HashOf<KeyMatch::kIgnoreCase>(key, keys), [&](const Slot& slot) {
-        return Names(slot, object, key, match);
-    });
+    return table.Find(HashOf<KeyMatch::kIgnoreCase>(key, keys),
+                      [&](const Slot& slot) { return Names(slot, object, key, match); });
 }
 
 /// Enters the member behind those that are, for which the table has room.

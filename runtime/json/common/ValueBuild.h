@@ -3,6 +3,7 @@
 #include <cwchar>
 
 #include "ItemKinds.h"
+#include "Outputs.h"
 #include "ResultCodes.h"
 
 // Adding values. The order of checks is that of ValueAccess.h, with the text to be stored behind
@@ -43,25 +44,42 @@ int CheckAdd(const JsonValue* parent, rapidjson::Type kind, bool hasKey, const I
     return parent->GetType() == kind ? kSuccess : static_cast<int>(kWrongKind);
 }
 
-/// Adds a member to an object; `reference` receives the address of its value.
-template <class Item>
+/// How a value is put in place: as it is. What has to know of it takes the place of this.
+struct JustPut {
+    template <class Put>
+    JsonValue& operator()(JsonValue&, Put&& put) const {
+        return put();
+    }
+};
+
+/// Adds a member to an object; `reference` receives the address of its value. `putting` does the
+/// last step, by which the object changes.
+template <class Item, class Putting = JustPut>
 int AddMember(JsonValue* object, const wchar_t* key, const Item& item, JsonAllocator& allocator,
-              uint64_t* reference) {
+              uint64_t* reference, Putting&& putting = {}) {
     const int result = CheckAdd(object, rapidjson::kObjectType, key, item, reference);
     if (result != kSuccess) return result;
+    EnsureWritable(reference);
     JsonValue name = MakeName(key, allocator);
-    *reference = reinterpret_cast<uintptr_t>(
-        &PutMember(*object, std::move(name), item.Make(allocator), allocator));
+    JsonValue value = item.Make(allocator);
+    const JsonValue& added = putting(*object, [&]() -> JsonValue& {
+        return PutMember(*object, std::move(name), std::move(value), allocator);
+    });
+    *reference = reinterpret_cast<uintptr_t>(&added);
     return kSuccess;
 }
 
 /// Appends an element to an array. `reference` receives the address of the element; for booleans
 /// and numbers, by contract, that of the array itself plus 16 for each element before the new one.
-template <class Item>
-int Append(JsonValue* array, const Item& item, JsonAllocator& allocator, uint64_t* reference) {
+template <class Item, class Putting = JustPut>
+int Append(JsonValue* array, const Item& item, JsonAllocator& allocator, uint64_t* reference,
+           Putting&& putting = {}) {
     const int result = CheckAdd(array, rapidjson::kArrayType, true, item, reference);
     if (result != kSuccess) return result;
-    const JsonValue& element = PutElement(*array, item.Make(allocator), allocator);
+    EnsureWritable(reference);
+    JsonValue value = item.Make(allocator);
+    const JsonValue& element = putting(
+        *array, [&]() -> JsonValue& { return PutElement(*array, std::move(value), allocator); });
     *reference = Item::kOddReference
                      ? reinterpret_cast<uintptr_t>(array) + 16 * (uint64_t{array->Size()} - 1)
                      : reinterpret_cast<uintptr_t>(&element);

@@ -1,5 +1,6 @@
 #include "CRapidJsonGenerator.h"
 
+#include "../common/Outputs.h"
 #include "../common/TextInput.h"
 
 namespace QXJSON {
@@ -14,12 +15,14 @@ CRapidJsonGenerator::CRapidJsonGenerator() : textBuffer(nullptr, kTextCapacity) 
 
 int CRapidJsonGenerator::ResetRoot(rapidjson::Type type, uint64_t* value) {
     if (!value) return kPlainFailure;
+    EnsureWritable(value);
     *value = reinterpret_cast<uintptr_t>(&builder.ReplaceRoot(JsonValue(type)));
     return kSuccess;
 }
 
 int CRapidJsonGenerator::CreateRoot(rapidjson::Type type, uint32_t* handle) {
     if (!handle) return kPlainFailure;
+    EnsureWritable(handle);
     *handle = builder.StartAnew(JsonValue(type));
     return kSuccess;
 }
@@ -52,6 +55,7 @@ int CRapidJsonGenerator::GetJsonBytes(const uint8_t** data, uint64_t* length, in
     *data = nullptr;
     if (!IsContainer(builder.Root())) return kPlainFailure;
     encodedText.Write(builder.Root(), Layout::kCompact, encoding);
+    if (encodedText.Bytes().data()) EnsureWritable(length);
     *data = reinterpret_cast<const uint8_t*>(encodedText.Bytes().data());
     if (*data) *length = encodedText.Bytes().size();
     return kSuccess;
@@ -70,32 +74,19 @@ int CRapidJsonGenerator::Parse(Source source, const wchar_t* nameOrText, JsonDoc
 
 int CRapidJsonGenerator::Load(Source source, const wchar_t* nameOrText, uint32_t* handle) {
     if (!handle) return kPlainFailure;
-    uint32_t issued = 0;
-    const int result = Replace(source, nameOrText, issued);
-    if (result == kSuccess) *handle = issued;
-    return result;
-}
-
-int CRapidJsonGenerator::Replace(Source source, const wchar_t* nameOrText, uint32_t& handle) {
     JsonDocument parsed;
     const int result = Parse(source, nameOrText, parsed);
-    if (result == kSuccess)
-        handle = builder.StartAnew(DocumentItem(parsed).Make(builder.Allocator()));
-    return result;
+    if (result != kSuccess) return result;
+    // The output is the caller's memory, looked at while the parsed document is alive.
+    RethrowFaults([&] { EnsureWritable(handle); });
+    *handle = builder.StartAnew(DocumentItem(parsed).Make(builder.Allocator()));
+    return kSuccess;
 }
 
 int CRapidJsonGenerator::Graft(const Parent& parent, const Spot& spot, Source source,
                                const wchar_t* nameOrText, uint32_t* handle) {
     if (!parent.known) return parent.Absence();
     if (!handle) return kPlainFailure;
-    uint32_t issued = 0;
-    const int result = AddParsed(parent, spot, source, nameOrText, issued);
-    if (result == kSuccess) *handle = issued;
-    return result;
-}
-
-int CRapidJsonGenerator::AddParsed(const Parent& parent, const Spot& spot, Source source,
-                                   const wchar_t* nameOrText, uint32_t& handle) {
     const bool fits = parent.value && parent.value->GetType() == spot.parentType;
     // Text for a parent by handle is parsed before the parent's kind counts; everything else after.
     const bool textByHandle = source == Source::Text && parent.naming == Parent::Naming::kHandle;
@@ -105,11 +96,11 @@ int CRapidJsonGenerator::AddParsed(const Parent& parent, const Spot& spot, Sourc
     if (result != kSuccess) return result;
     if (!fits) return kPlainFailure;
     const DocumentItem item(parsed);
-    // The key is the caller's memory, read while the parsed document is alive.
+    // The key and the output are the caller's memory, used while the parsed document is alive.
     RethrowFaults([&] {
         result = spot.parentType == rapidjson::kObjectType
-                     ? builder.AddMember(parent, spot.key, item, &handle)
-                     : builder.Append(parent, item, &handle);
+                     ? builder.AddMember(parent, spot.key, item, handle)
+                     : builder.Append(parent, item, handle);
     });
     return result;
 }

@@ -402,10 +402,6 @@ private:
     int Load(Source source, const wchar_t* nameOrText, uint32_t* handle);
     int Graft(const Parent& parent, const Spot& spot, Source source, const wchar_t* nameOrText,
               uint32_t* handle);
-    // The parts of the two in which a parsed document is alive: nothing of the caller's is written.
-    int Replace(Source source, const wchar_t* nameOrText, uint32_t& handle);
-    int AddParsed(const Parent& parent, const Spot& spot, Source source, const wchar_t* nameOrText,
-                  uint32_t& handle);
 
     DocumentBuilder builder;
     MessageBuffer conversionBuffer;

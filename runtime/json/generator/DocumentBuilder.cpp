@@ -107,6 +107,7 @@ int DocumentBuilder::GetHandleByPath(const wchar_t* path, uint32_t* handle) {
     const Parent item = ByPath(path);
     if (!item.known) return item.Absence();
     if (!handle) return kPlainFailure;
+    EnsureWritable(handle);
     const Node node = paths.Enter(item.path);
     paths.PrepareIssue();
     *handle = HandleOf(node);

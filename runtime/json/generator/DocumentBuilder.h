@@ -95,8 +95,14 @@ private:
     std::vector<Node> TrailTo(Node node) const;
 
     JsonValue NameOf(Node child, std::wstring_view key);
-    template <class Grow>
-    auto WatchingStorage(JsonValue& container, Grow&& grow);
+    template <class Put>
+    JsonValue& WatchingStorage(JsonValue& container, Put&& put);
+    /// The same, as what puts values in place.
+    auto Watching() {
+        return [this](JsonValue& container, auto&& put) -> JsonValue& {
+            return WatchingStorage(container, put);
+        };
+    }
 
     DocumentPool pool;
     JsonAllocator& allocator = pool.Allocator();
@@ -113,17 +119,17 @@ private:
     uint64_t epoch = 1;
 };
 
-/// Calls `grow`, which adds to `container`. If that moved what was in it, a new epoch begins and
+/// Calls `put`, which adds to `container`. If that moved what was in it, a new epoch begins and
 /// the search for members is told.
-template <class Grow>
-auto DocumentBuilder::WatchingStorage(JsonValue& container, Grow&& grow) {
+template <class Put>
+JsonValue& DocumentBuilder::WatchingStorage(JsonValue& container, Put&& put) {
     const bool isObject = container.IsObject();
     const auto storage = [&]() -> const void* {
         if (isObject) return container.MemberBegin().operator->();
-        return container.IsArray() ? container.Begin() : nullptr;
+        return container.Begin();
     };
     const void* const before = storage();
-    auto result = grow();
+    JsonValue& added = put();
     const void* const after = storage();
     if (before && after != before) {
         ++epoch;
@@ -131,24 +137,20 @@ auto DocumentBuilder::WatchingStorage(JsonValue& container, Grow&& grow) {
             lookup.Moved(static_cast<const JsonMember*>(before),
                          static_cast<const JsonMember*>(after));
     }
-    return result;
+    return added;
 }
 
 template <class Item>
 int DocumentBuilder::AddMember(uint64_t parent, const wchar_t* key, const Item& item,
                                uint64_t* reference) {
-    if (parent == 0) return kNoValue;
-    auto* const object = reinterpret_cast<JsonValue*>(parent);
-    return WatchingStorage(
-        *object, [&] { return QXJSON::AddMember(object, key, item, allocator, reference); });
+    return QXJSON::AddMember(reinterpret_cast<JsonValue*>(parent), key, item, allocator, reference,
+                             Watching());
 }
 
 template <class Item>
 int DocumentBuilder::Append(uint64_t parent, const Item& item, uint64_t* reference) {
-    if (parent == 0) return kNoValue;
-    auto* const array = reinterpret_cast<JsonValue*>(parent);
-    return WatchingStorage(*array,
-                           [&] { return QXJSON::Append(array, item, allocator, reference); });
+    return QXJSON::Append(reinterpret_cast<JsonValue*>(parent), item, allocator, reference,
+                          Watching());
 }
 
 template <class Item>
@@ -161,12 +163,13 @@ int DocumentBuilder::AddMember(const Parent& parent, const wchar_t* key, const I
     if (path.Whole() && paths.HandleOf(path.node) != 0) return Overwrite(path.node, item, handle);
     const int result = CheckAdd(parent.value, rapidjson::kObjectType, true, item, handle);
     if (result != kSuccess) return result;
+    EnsureWritable(handle);
     JsonValue value = item.Make(allocator);
     if (!parent.path.Whole()) path = paths.Reach(paths.Enter(parent.path), name);
     const Node child = paths.Enter(path);
     paths.PrepareIssue();
-    WatchingStorage(*parent.value, [&] {
-        return &PutMember(*parent.value, NameOf(child, name), std::move(value), allocator);
+    WatchingStorage(*parent.value, [&]() -> JsonValue& {
+        return PutMember(*parent.value, NameOf(child, name), std::move(value), allocator);
     });
     *handle = paths.Issue(child);
     return kSuccess;
@@ -178,12 +181,13 @@ int DocumentBuilder::Append(const Parent& parent, const Item& item, uint32_t* ha
     JsonValue* const array = parent.value;
     const int result = CheckAdd(array, rapidjson::kArrayType, true, item, handle);
     if (result != kSuccess) return result;
+    EnsureWritable(handle);
     JsonValue value = item.Make(allocator);
     const Node child = paths.EnterElement(paths.Enter(parent.path), array->Size());
     paths.PrepareIssue();
-    JsonValue* const element =
-        WatchingStorage(*array, [&] { return &PutElement(*array, std::move(value), allocator); });
-    Remember(child, element);
+    JsonValue& element = WatchingStorage(
+        *array, [&]() -> JsonValue& { return PutElement(*array, std::move(value), allocator); });
+    Remember(child, &element);
     *handle = HandleOf(child);
     return kSuccess;
 }
@@ -195,6 +199,7 @@ int DocumentBuilder::Overwrite(Node child, const Item& item, uint32_t* handle) {
     if (!item.Known()) return kPlainFailure;
     if (!item.HasText()) throw ProcessorFault();  // used without a test here, by contract
     if (!handle) return kPlainFailure;
+    EnsureWritable(handle);
     JsonValue* const value = Resolve(child);
     if (value) {
         JsonValue made = item.Make(allocator);

@@ -2,6 +2,7 @@
 
 #include "../common/Base64.h"
 #include "../common/FaultGuard.h"
+#include "../common/Outputs.h"
 #include "../common/WholeNumber.h"
 
 namespace QXJSON {
@@ -103,9 +104,11 @@ template <class Item>
 int CRapidJsonPackage::Set(const wchar_t* key, const Item& item) {
     if (!key) return kNoMember;
     if (!item.HasText()) return kNoText;
+    // The caller's memory is read before the pool gives any: what cannot be read costs none.
+    JsonMember* const member = Find(key);
     JsonValue value = item.Make(allocator);
     SettleString(value, allocator);
-    if (JsonMember* const member = Find(key)) {
+    if (member) {
         member->value = value;
         return kSuccess;
     }
@@ -192,6 +195,7 @@ int CRapidJsonPackage::GetValueVariant(const wchar_t* key, JsonVariant* variant)
     const wchar_t* text = nullptr;
     const int result = Read<String>(key, variant ? &text : nullptr);
     if (result != kSuccess) return result;
+    EnsureWritable(variant);
     variant->tag = kVariantText;
     variant->text = text;
     return kSuccess;
@@ -201,6 +205,7 @@ int CRapidJsonPackage::GetValueVariantEx(const wchar_t* key, JsonVariant* varian
     int64_t number = 0;
     if (Read<Int64>(key, variant ? &number : nullptr) != kSuccess)
         return GetValueVariant(key, variant);
+    EnsureWritable(variant);
     variant->tag = kVariantInt64;
     variant->number = number;
     return kSuccess;
@@ -209,11 +214,17 @@ int CRapidJsonPackage::GetValueVariantEx(const wchar_t* key, JsonVariant* varian
 int CRapidJsonPackage::GetValueBlob(const wchar_t* key, const void** data, uint32_t* length) {
     const wchar_t* text = nullptr;
     const uint8_t* bytes = nullptr;
+    uint32_t size = 0;
     int result = GetValueString(key, &text);
     if (result == kSuccess)
-        result = DecodeBase64(scratchBuffer, text, data ? &bytes : nullptr, length);
-    if (result == kSuccess) *data = bytes;
-    return result;
+        result =
+            DecodeBase64(scratchBuffer, text, data ? &bytes : nullptr, length ? &size : nullptr);
+    if (result != kSuccess) return result;
+    EnsureWritable(data);
+    EnsureWritable(length);
+    *data = bytes;
+    *length = size;
+    return kSuccess;
 }
 
 // ---- Output ------------------------------------------------------------------------------------
@@ -229,6 +240,7 @@ int CRapidJsonPackage::GetBytes(const void** data, size_t* length, int32_t encod
     if (!data || !length) return kPlainFailure;
     *data = nullptr;
     encodedText.Write(document, Layout::kCompactFinite, encoding);
+    if (encodedText.Bytes().data()) EnsureWritable(length);
     *data = encodedText.Bytes().data();
     if (*data) *length = encodedText.Bytes().size();
     return kSuccess;

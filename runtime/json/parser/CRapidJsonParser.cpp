@@ -106,6 +106,7 @@ int CRapidJsonParser::ReadVariant(const Place& place, const wchar_t* key, JsonVa
     if (!variant) return kPlainFailure;
     const wchar_t* text = nullptr;
     if (Get<String>(source, &text) == kSuccess) {
+        EnsureWritable(variant);
         variant->tag = kVariantText;
         variant->text = text;
         return kSuccess;
@@ -113,6 +114,7 @@ int CRapidJsonParser::ReadVariant(const Place& place, const wchar_t* key, JsonVa
     int64_t number = 0;
     const int result = Get<Int64>(source, &number);
     if (result == kSuccess) {
+        EnsureWritable(variant);
         variant->tag = kVariantInt64;
         variant->number = number;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../common/Outputs.h"
 #include "../common/ValueAccess.h"
 #include "HandleTable.h"
 
@@ -15,6 +16,8 @@ struct ReferenceOutput {
 
     bool Complete() const { return value && valueType; }
     void Give(JsonValue& found) const {
+        EnsureWritable(value);
+        EnsureWritable(valueType);
         *value = reinterpret_cast<uintptr_t>(&found);
         *valueType = ValueType::Read(found);
     }
@@ -28,6 +31,8 @@ struct ItemOutput {
 
     bool Complete() const { return handle && itemType; }
     void Give(JsonValue& found) const {
+        EnsureWritable(handle);
+        EnsureWritable(itemType);
         *handle = handles.HandleOf(found);
         *itemType = ItemType::Read(found);
     }

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <stddef.h>
+
+namespace QXJSON {
+
+/// Faults where the host's memory for an output cannot be written, and changes nothing where it
+/// can. An operation makes sure of its outputs before it changes anything, and writes them last: a
+/// call that fails has then done nothing.
+template <class T>
+void EnsureWritable(T* output) {
+    // The first and the last byte: an output may lie across two pages, and at any address.
+    auto* const bytes = reinterpret_cast<volatile unsigned char*>(output);
+    constexpr size_t kLast = sizeof(T) - 1;
+    bytes[0] = bytes[0];
+    bytes[kLast] = bytes[kLast];
+}
+
+}  // namespace QXJSON
