@@ -1,7 +1,8 @@
 #include <sanitizer/allocator_interface.h>
 
+#include <windows.h>
+
 #include "ProcessUse.h"
-#include "StackThread.h"
 
 namespace support {
 
@@ -18,7 +19,5 @@ int HandleCount() {
     }
     return count;
 }
-
-void OnSmallStack(const std::function<void()>& work) { OnStackOf(256 * 1024, work); }
 
 }  // namespace support

@@ -1,19 +1,13 @@
 #include "ProcessUse.h"
 
-#include <gtest/gtest.h>
+#include <windows.h>
 
 #include <cstdint>
 
 namespace support {
 namespace {
 
-constexpr SIZE_T kSmallStack = 256 * 1024;
 constexpr uintptr_t kHandleLimit = 0x4000;
-
-DWORD WINAPI Run(void* work) {
-    (*static_cast<const std::function<void()>*>(work))();
-    return 0;
-}
 
 }  // namespace
 
@@ -35,15 +29,6 @@ int HandleCount() {
         if (GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags)) ++count;
     }
     return count;
-}
-
-void OnSmallStack(const std::function<void()>& work) {
-    void* context = const_cast<std::function<void()>*>(&work);
-    HANDLE thread = CreateThread(nullptr, kSmallStack, &Run, context,
-                                 STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
-    ASSERT_NE(nullptr, thread);
-    WaitForSingleObject(thread, INFINITE);
-    CloseHandle(thread);
 }
 
 }  // namespace support

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <windows.h>
-
 #include <cstddef>
-#include <functional>
 
 namespace support {
 
@@ -11,8 +8,5 @@ namespace support {
 /// Wine answers nothing of use to GetProcessMemoryInfo and GetProcessHandleCount.
 size_t PrivateBytes();
 int HandleCount();
-
-/// Runs `work` on a new thread with a stack of 256 KiB and waits for its end.
-void OnSmallStack(const std::function<void()>& work);
 
 }  // namespace support

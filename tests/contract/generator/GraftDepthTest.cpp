@@ -10,6 +10,7 @@
 #include "OutputExhaustion.h"
 #include "OutputForm.h"
 #include "ProcessUse.h"
+#include "StackThread.h"
 
 namespace {
 
@@ -60,7 +61,7 @@ void ExpectTooDeep(const Operation& route, const std::string& json) {
     const Arguments arguments = GraftScene::Good(route, source);
     GraftScene scene;
     scene.ExpectFailure(-5, route, arguments);
-    support::OnSmallStack([&] { scene.ExpectFailure(-5, route, arguments); });
+    support::OnStackOf(support::kSmallStack, [&] { scene.ExpectFailure(-5, route, arguments); });
     EXPECT_TRUE(source.IsClosed());
 
     const GraftSource flat(route, std::wstring(L"{\"a\":[1]}"));
@@ -92,7 +93,7 @@ TEST(GraftDepth, ThreeHundredLevelsOnASmallStack) {
             const GraftScene scene;
             Answer grafted;
             std::wstring text;
-            support::OnSmallStack([&] {
+            support::OnStackOf(support::kSmallStack, [&] {
                 grafted = route.call(*scene, GraftScene::Good(route, source));
                 text = JsonOf(*scene);
             });

@@ -10,6 +10,7 @@
 #include "OutputExhaustion.h"
 #include "OutputForm.h"
 #include "ProcessUse.h"
+#include "StackThread.h"
 #include "TempFile.h"
 
 namespace {
@@ -82,7 +83,7 @@ TEST(OutputDepth, TooDeepForASmallStack) {
     Nest(*generator, kTooDeep);
     int survivals = 1;
     int released = 0;
-    support::OnSmallStack([&] {
+    support::OnStackOf(support::kSmallStack, [&] {
         survivals = CountSurvivals(*generator, FormsForASmallStack());
         released = generator.release()->Release();
     });
@@ -131,7 +132,7 @@ TEST(OutputDepth, ThreeHundredLevelsOnASmallStack) {
     const support::ReferenceDocument document = support::ReferenceParse(json);
     for (const OutputForm& form : AllOutputForms()) {
         support::Written written = {};
-        support::OnSmallStack([&] { written = WriteIn(form, *generator); });
+        support::OnStackOf(support::kSmallStack, [&] { written = WriteIn(form, *generator); });
         EXPECT_EQ(support::ReferenceIn(form, document), written) << form;
     }
 }

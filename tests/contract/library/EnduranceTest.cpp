@@ -8,6 +8,7 @@
 #include "FailingAllocations.h"
 #include "JsonDll.h"
 #include "ProcessUse.h"
+#include "StackThread.h"
 #include "TempFile.h"
 
 namespace {
@@ -282,7 +283,7 @@ bool GoTooDeep() {
 }
 
 TEST(Endurance, DocumentsTooDeep) {
-    support::OnSmallStack([] { ExpectNoTrace(&GoTooDeep, kSome); });
+    support::OnStackOf(support::kSmallStack, [] { ExpectNoTrace(&GoTooDeep, kSome); });
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 
 #include "JsonDll.h"
 #include "LoadOutcome.h"
-#include "ProcessUse.h"
+#include "StackThread.h"
 #include "TempFile.h"
 
 namespace {
@@ -91,8 +91,9 @@ private:
     /// The stack that counts is that of the calling thread.
     void GoTooDeep() {
         int result = 0;
-        support::OnSmallStack(
-            [&] { result = parser->LoadJsonString(std::wstring(100'000, L'[').c_str()); });
+        support::OnStackOf(support::kSmallStack, [&] {
+            result = parser->LoadJsonString(std::wstring(100'000, L'[').c_str());
+        });
         Check(result == -5);
     }
 

@@ -7,7 +7,6 @@
 
 #include "PackageDelegate.h"
 #include "PackageState.h"
-#include "ProcessUse.h"
 #include "StackThread.h"
 #include "TempFile.h"
 
@@ -49,7 +48,7 @@ std::wstring Nested(Nesting nesting, size_t levels) {
 /// Runs the same on the test's own thread and on one with a small stack.
 void OnBothStacks(const std::function<void()>& work) {
     work();
-    support::OnSmallStack(work);
+    support::OnStackOf(support::kSmallStack, work);
 }
 
 /// Runs `work` on a thread whose stack carries kTooDeep levels.
@@ -162,7 +161,7 @@ TEST(PackageDepth, ThreeHundredLevelsFitASmallStack) {
     for (const Nesting nesting : kNestings) {
         const std::wstring value = Nested(nesting, 300);
         const std::wstring whole = L"{\"k\":" + value + L"}";
-        support::OnSmallStack([&] {
+        support::OnStackOf(support::kSmallStack, [&] {
             const Package package = NewPackage();
             EXPECT_EQ(1, package->SetValue(L"k", value.c_str(), true));
             EXPECT_EQ(whole, PackageText(*package));
@@ -247,7 +246,7 @@ TEST(PackageDepth, ADeepValueGoesOnASmallStack) {
         Package cleared = DeepPackage(nesting);
         Package reloaded = DeepPackage(nesting);
         Package released = DeepPackage(nesting);
-        support::OnSmallStack([&] {
+        support::OnStackOf(support::kSmallStack, [&] {
             EXPECT_EQ(1, removed->RemoveKey(L"deep"));
             EXPECT_EQ(L"{\"a\":1}", PackageText(*removed));
             EXPECT_EQ(1, cleared->RemoveAll());

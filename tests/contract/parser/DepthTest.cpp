@@ -10,6 +10,7 @@
 #include "JsonDll.h"
 #include "LoadForm.h"
 #include "ProcessUse.h"
+#include "StackThread.h"
 #include "TempFile.h"
 
 namespace {
@@ -113,7 +114,8 @@ TEST(Depth, TenMillionLevels) {
             SCOPED_TRACE(which);
             ExpectTooDeep(LoadDeep(*parser, document, which));
             DeepLoad onSmallStack;
-            support::OnSmallStack([&] { onSmallStack = LoadDeep(*parser, document, which); });
+            support::OnStackOf(support::kSmallStack,
+                               [&] { onSmallStack = LoadDeep(*parser, document, which); });
             ExpectTooDeep(onSmallStack);
         }
         EXPECT_TRUE(document.File().IsClosed());
@@ -161,7 +163,7 @@ TEST(Depth, AThousandTimesWithoutLoss) {
     expectNoLoss(load);
     expectNoLoss([&](int rounds) {
         int asExpected = 0;
-        support::OnSmallStack([&] { asExpected = load(rounds); });
+        support::OnStackOf(support::kSmallStack, [&] { asExpected = load(rounds); });
         return asExpected;
     });
     for (const Prepared& document : documents) EXPECT_TRUE(document.File().IsClosed());
@@ -210,7 +212,7 @@ TEST(Depth, ThreeHundredLevelsFitASmallStack) {
         for (int which = 0; which < Prepared::kLoads; ++which) {
             int result = 0;
             std::wstring tree;
-            support::OnSmallStack([&] {
+            support::OnStackOf(support::kSmallStack, [&] {
                 result = document.Load(*parser, which);
                 tree = support::TreeOf(*parser);
             });
@@ -235,8 +237,9 @@ TEST(Depth, ThreeHundredLevelsOfAnsiTextFitASmallStack) {
     const std::string bytes = "[\"\xE9.\"," + Nested(Nesting::kMixed, 300) + "]";
     const Parser parser = NewParser();
     int result = 0;
-    support::OnSmallStack(
-        [&] { result = parser->LoadJsonBytes(bytes.data(), static_cast<uint32_t>(bytes.size())); });
+    support::OnStackOf(support::kSmallStack, [&] {
+        result = parser->LoadJsonBytes(bytes.data(), static_cast<uint32_t>(bytes.size()));
+    });
     EXPECT_EQ(1, result);
 }
 
@@ -252,7 +255,7 @@ TEST(Depth, TheDeepestDocumentThatLoadsIsReleasedOnASmallStack) {
     ASSERT_EQ(1, document.Load(*parser, 1));
     int next = 0;
     int released = 0;
-    support::OnSmallStack([&] {
+    support::OnStackOf(support::kSmallStack, [&] {
         next = parser->LoadJsonString(L"[1]");
         document.Load(*parser, 1);
         released = parser.release()->Release();

@@ -232,14 +232,14 @@ TEST(ReadingText, OfALargeDocument) {
 
 /// A document that a large stack could load may be too deep for a small one to write.
 TEST(ReadingText, TooDeepForTheStackAnswersMinusFive) {
-    constexpr size_t kDepth = 20000, kLargeStack = 64 << 20, kSmallStack = 256 << 10;
+    constexpr size_t kDepth = 20000, kLargeStack = 64 << 20;
     const std::wstring json =
         L"{\"v\":" + std::wstring(kDepth, L'[') + std::wstring(kDepth, L']') + L",\"w\":[1]}";
     OnStackOf(kLargeStack, [&] {
         const Parser parser = Loaded(json.c_str());
         const Site root = SiteOfRoot(*parser);
         const Site value = SiteOfMember(*parser, L"v");
-        OnStackOf(kSmallStack, [&] {
+        OnStackOf(support::kSmallStack, [&] {
             for (const Operation& operation : TextOperations()) {
                 const bool array = operation.asks == Asks::kArrayText;
                 EXPECT_EQ(Answer(array ? -5 : 0),
