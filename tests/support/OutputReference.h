@@ -5,14 +5,13 @@
 
 #include <string>
 
+#include "Selectors.h"
+
 namespace support {
 
 /// Documents of RapidJSON as it is, and what its own writers make of them: what the generator's
 /// outputs are compared with.
 using ReferenceDocument = rapidjson::GenericDocument<rapidjson::UTF16<>>;
-
-/// The encodings of output by their numbers: ASCII, UTF-16LE, UTF-8, UTF-16BE.
-inline constexpr int32_t kAllSelectors[] = {0, 1, 2, 3};
 
 /// Well-formed JSON text as a document, with NaN and the infinities as numbers.
 ReferenceDocument ReferenceParse(const std::wstring& json);

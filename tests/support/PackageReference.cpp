@@ -99,24 +99,6 @@ std::string ReferencePackageBytes(const std::wstring& json, int encoding) {
     }
 }
 
-std::string PackageTextIn(int encoding, const std::wstring& text) {
-    constexpr Encoding kEncodings[] = {Encoding::kUtf8, Encoding::kUtf16Le, Encoding::kUtf8,
-                                       Encoding::kUtf16Be};
-    if (encoding != 0) return Encode(text, kEncodings[encoding]);
-    std::string ascii;
-    for (const wchar_t c : text) {
-        char escape[8] = {static_cast<char>(c)};
-        if (c >= 0x80) std::snprintf(escape, sizeof escape, "\\u%04X", static_cast<unsigned>(c));
-        ascii += escape;
-    }
-    return ascii;
-}
-
-std::string PackageMark(int encoding) {
-    const std::string marks[] = {"", "\xFF\xFE", "\xEF\xBB\xBF", "\xFE\xFF"};
-    return marks[encoding];
-}
-
 std::wstring ReferenceNumber(double number) {
     return TextOf(rapidjson::GenericValue<Utf16>(number));
 }

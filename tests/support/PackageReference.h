@@ -16,12 +16,6 @@ PackageOutcome ReferencePackageFile(const wchar_t* fileName);
 /// package, up to where that writer gives up. Without a mark.
 std::string ReferencePackageBytes(const std::wstring& json, int encoding);
 
-/// Compact text in encoding 0 to 3 of the package, character by character. Without a mark.
-std::string PackageTextIn(int encoding, const std::wstring& text);
-
-/// The mark in front of a file in encoding 0 to 3 of the package.
-std::string PackageMark(int encoding);
-
 /// The number as a plain RapidJSON writer writes it.
 std::wstring ReferenceNumber(double number);
 std::wstring ReferenceNumber(int64_t number);

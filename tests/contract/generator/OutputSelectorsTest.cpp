@@ -15,13 +15,13 @@ using support::FileForms;
 using support::Generator;
 using support::GeneratorOf;
 using support::kAllSelectors;
+using support::kUnknownSelectors;
 using support::NewGenerator;
 using support::OutputForm;
 using support::TempFile;
 using support::WriteIn;
 using support::Written;
 
-constexpr int32_t kUnknownSelectors[] = {-1, 4, 5, 20, 0x100, 0x10002, INT32_MIN, INT32_MAX};
 constexpr int32_t kUnknownStyles[] = {-1, 2, 3, 0x100, 0x10001, INT32_MIN, INT32_MAX};
 
 const Written kEmptyFile = {1, ""};
@@ -74,7 +74,7 @@ TEST(OutputSelectors, WithoutAVariableForTheOutput) {
         uint32_t root = 0;
         generator->LoadJsonString(json, &root);
         EXPECT_EQ(0, generator->GetJsonString(nullptr));
-        for (const int32_t selector : {0, 1, 2, 3, 4}) {
+        for (const int32_t selector : support::kKnownAndUnknownSelectors) {
             const uint8_t some = 0;
             const uint8_t* data = &some;
             uint64_t length = 4711;
@@ -92,7 +92,7 @@ void ExpectNothingToWrite(QXJSON::IJsonGenerator& generator) {
     for (const OutputForm& form : FileForms()) ExpectEmptyFile(form, generator);
     ExpectEmptyFile({OutputForm::kFile, 4}, generator);
     ExpectEmptyFile({OutputForm::kIndentedFile, 2, 2}, generator);
-    for (const int32_t selector : {0, 1, 2, 3, 4, -1}) {
+    for (const int32_t selector : support::kKnownAndUnknownSelectors) {
         const uint8_t some = 0;
         const uint8_t* data = &some;
         uint64_t length = 4711;

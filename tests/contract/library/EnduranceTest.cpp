@@ -8,6 +8,7 @@
 #include "FailingAllocations.h"
 #include "JsonDll.h"
 #include "ProcessUse.h"
+#include "Selectors.h"
 #include "StackThread.h"
 #include "TempFile.h"
 
@@ -149,7 +150,7 @@ bool HandsOut(IJsonGenerator& generator) {
     const uint8_t* data = nullptr;
     uint64_t length = 0;
     bool all = generator.GetJsonString(&text) == 1 && std::wstring_view(text) == kBuilt;
-    for (const int encoding : {0, 1, 2, 3})
+    for (const int32_t encoding : support::kAllSelectors)
         all = all && generator.GetJsonBytes(&data, &length, encoding) == 1 && length > 0;
     return all;
 }

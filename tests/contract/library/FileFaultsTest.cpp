@@ -17,6 +17,7 @@
 #include "OutputForm.h"
 #include "PackageState.h"
 #include "ProcessUse.h"
+#include "Selectors.h"
 #include "TempFile.h"
 
 namespace {
@@ -400,7 +401,7 @@ TEST(FileFaults, Saves) {
     FailingFiles files;
     ASSERT_TRUE(files.AllFound());
     for (const Save& save : kSaves)
-        for (const int32_t encoding : {0, 1, 2, 3})
+        for (const int32_t encoding : support::kAllSelectors)
             for (const Function function : {kOpen, kWrite, kSeek, kTell, kClose})
                 for (const int count : {1, kAllThatFollow}) {
                     const support::FailingAllocations allocations;
@@ -426,7 +427,7 @@ TEST(FileFaults, AFullDisk) {
     const ImportPatch write(support::JsonDll(), "fwrite", refuse);
     ASSERT_TRUE(write.Found());
     for (const Save& save : kSaves)
-        for (const int32_t encoding : {0, 1, 2, 3}) {
+        for (const int32_t encoding : support::kAllSelectors) {
             SCOPED_TRACE(testing::Message() << save.name << ", encoding " << encoding);
             const TempFile file("before");
             EXPECT_EQ(1, save.save(file.Name(), encoding));

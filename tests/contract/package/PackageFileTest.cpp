@@ -2,23 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <climits>
-
 #include "PackageReference.h"
 #include "PackageState.h"
+#include "Selectors.h"
 #include "TempFile.h"
 
 namespace {
 
+using support::kAllSelectors;
+using support::kUnknownSelectors;
 using support::LoadedPackage;
 using support::Package;
 using support::TempFile;
 
-constexpr int kEncodings[] = {0, 1, 2, 3};
-constexpr int kUnknownEncodings[] = {-1, 4, 5, 100, INT_MAX, INT_MIN};
-
 std::string Expected(const std::wstring& text, int encoding) {
-    return support::PackageMark(encoding) + support::ReferencePackageBytes(text, encoding);
+    return support::MarkOf(encoding) + support::ReferencePackageBytes(text, encoding);
 }
 
 TEST(PackageFile, HoldsTheMarkAndTheText) {
@@ -29,7 +27,7 @@ TEST(PackageFile, HoldsTheMarkAndTheText) {
         "\xEF\xBB\xBF{\"a\":\"\xC3\xA9\"}",
         std::string("\xFE\xFF\0{\0\"\0a\0\"\0:\0\"\0\xE9\0\"\0}", 20),
     };
-    for (const int encoding : kEncodings) {
+    for (const int32_t encoding : kAllSelectors) {
         const TempFile file;
         EXPECT_EQ(1, package->SaveToFile(file.Name(), encoding));
         EXPECT_TRUE(file.IsClosed());
@@ -39,7 +37,7 @@ TEST(PackageFile, HoldsTheMarkAndTheText) {
 
 TEST(PackageFile, AnEmptyPackageIsAnEmptyObject) {
     const Package package = support::NewPackage();
-    for (const int encoding : kEncodings) {
+    for (const int32_t encoding : kAllSelectors) {
         const TempFile file;
         EXPECT_EQ(1, package->SaveToFile(file.Name(), encoding));
         EXPECT_EQ(Expected(L"{}", encoding), file.Bytes());
@@ -52,7 +50,7 @@ TEST(PackageFile, OfEverySize) {
         for (size_t size = base; size < base + 20; ++size) {
             const std::wstring text = L"{\"k\":\"" + std::wstring(size, L'x') + L"\"}";
             const Package package = LoadedPackage(text);
-            for (const int encoding : kEncodings) {
+            for (const int32_t encoding : kAllSelectors) {
                 const TempFile file;
                 ASSERT_EQ(1, package->SaveToFile(file.Name(), encoding));
                 ASSERT_EQ(Expected(text, encoding), file.Bytes()) << size << ' ' << encoding;
@@ -63,7 +61,7 @@ TEST(PackageFile, OfEverySize) {
 TEST(PackageFile, LineEndsAndControlZAreNoText) {
     const std::wstring text = L"{\"k\":\"\x0A0D\x1A1A\x0D0A\"}";
     const Package package = LoadedPackage(text);
-    for (const int encoding : kEncodings) {
+    for (const int32_t encoding : kAllSelectors) {
         const TempFile file;
         EXPECT_EQ(1, package->SaveToFile(file.Name(), encoding));
         EXPECT_EQ(Expected(text, encoding), file.Bytes());
@@ -83,7 +81,7 @@ TEST(PackageFile, TakesThePlaceOfWhatWasThere) {
 
 TEST(PackageFile, UnknownEncodingsLeaveAnEmptyFile) {
     const Package package = LoadedPackage(L"{\"a\":1}");
-    for (const int encoding : kUnknownEncodings) {
+    for (const int32_t encoding : kUnknownSelectors) {
         SCOPED_TRACE(encoding);
         const TempFile fresh;
         EXPECT_EQ(1, package->SaveToFile(fresh.Name(), encoding));
@@ -102,7 +100,7 @@ TEST(PackageFile, NamesThatCannotBeUsed) {
     const TempFile file("earlier");
     wchar_t folder[MAX_PATH + 1] = {};
     GetTempPathW(MAX_PATH, folder);
-    for (const int encoding : {0, 1, 2, 3, 5}) {
+    for (const int32_t encoding : support::kKnownAndUnknownSelectors) {
         EXPECT_EQ(0, package->SaveToFile(nullptr, encoding));
         EXPECT_EQ(0, package->SaveToFile(L"", encoding));
         EXPECT_EQ(0, package->SaveToFile(folder, encoding));
@@ -174,7 +172,7 @@ TEST(PackageFile, WhatIsSavedLoads) {
         L"{\"\xE9\":\"\x4E2D\xD834\xDD1E\",\"n\":[1,-2.5,1e300],\"o\":{\"\":null},\"k\":"
         L"\"\\u0000\"}";
     const Package package = LoadedPackage(text);
-    for (const int encoding : kEncodings) {
+    for (const int32_t encoding : kAllSelectors) {
         SCOPED_TRACE(encoding);
         const TempFile file;
         EXPECT_EQ(1, package->SaveToFile(file.Name(), encoding));
@@ -191,7 +189,7 @@ TEST(PackageFile, WhatIsSavedLoads) {
 TEST(PackageFile, IsClosedWhereTheTextEndsEarly) {
     const Package package = LoadedPackage(L"{\"a\":1}");
     EXPECT_EQ(1, package->SetValueString(L"b", L"\xD800"));
-    for (const int encoding : kEncodings) {
+    for (const int32_t encoding : kAllSelectors) {
         const TempFile file;
         EXPECT_EQ(1, package->SaveToFile(file.Name(), encoding));
         EXPECT_TRUE(file.IsClosed());

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "PackageState.h"
+#include "Selectors.h"
 #include "TempFile.h"
 
 namespace {
@@ -83,7 +84,7 @@ const Event kEvents[] = {
          EXPECT_EQ(-1, p.GetValue(L"missing", &text));
          const void* data = nullptr;
          size_t length = 0;
-         for (int encoding = 0; encoding < 4; ++encoding)
+         for (const int32_t encoding : support::kAllSelectors)
              EXPECT_EQ(1, p.GetBytes(&data, &length, encoding));
      }},
     {"blobs come and go",
@@ -163,7 +164,7 @@ TEST(PackageLifetime, TheWholeTextLivesUntilTheNextText) {
     EXPECT_EQ(1, package->GetValueNumber(L"n", &number));
     EXPECT_EQ(1, package->GetValueBlob(L"x", &data, &length));
     EXPECT_EQ(1, package->GetErrorMessage(&text));
-    for (int encoding = 0; encoding < 4; ++encoding) {
+    for (const int32_t encoding : support::kAllSelectors) {
         const support::TempFile file;
         EXPECT_EQ(1, package->GetBytes(&data, &size, encoding));
         EXPECT_EQ(1, package->SaveToFile(file.Name(), encoding));

@@ -9,6 +9,7 @@
 
 #include "PackageReference.h"
 #include "PackageState.h"
+#include "Selectors.h"
 #include "TempFile.h"
 
 namespace {
@@ -142,14 +143,14 @@ std::vector<std::string> LargeDocuments() {
 
 void ExpectWritten(IJsonPackage& package, const std::wstring& text, int encoding) {
     SCOPED_TRACE(encoding);
-    const std::string expected = support::PackageTextIn(encoding, text);
+    const std::string expected = support::TextIn(encoding, text);
     const void* data = nullptr;
     size_t length = 0;
     EXPECT_EQ(1, package.GetBytes(&data, &length, encoding));
     EXPECT_TRUE(expected == std::string(static_cast<const char*>(data), length));
     const TempFile saved;
     EXPECT_EQ(1, package.SaveToFile(saved.Name(), encoding));
-    EXPECT_TRUE(support::PackageMark(encoding) + expected == saved.Bytes());
+    EXPECT_TRUE(support::MarkOf(encoding) + expected == saved.Bytes());
     const Package again = NewPackage();
     EXPECT_TRUE(support::ReferencePackageFile(saved.Name()) ==
                 support::PackageOutcomeOf(*again, again->LoadFile(saved.Name())));
@@ -163,7 +164,7 @@ TEST(PackageLoadReference, LargeDocumentsGoInAndOut) {
         EXPECT_EQ(1, expected.result);
         EXPECT_TRUE(expected ==
                     support::PackageOutcomeOf(*package, package->LoadFile(file.Name())));
-        for (int encoding = 0; encoding < 4; ++encoding)
+        for (const int32_t encoding : support::kAllSelectors)
             ExpectWritten(*package, expected.text, encoding);
     }
 }

@@ -8,6 +8,7 @@
 
 #include "PackageReference.h"
 #include "PackageState.h"
+#include "Selectors.h"
 #include "TempFile.h"
 
 namespace {
@@ -203,7 +204,7 @@ TEST(PackageNumbers, NotFiniteOnesEndTheOutput) {
             support::Encode(kWrittenBefore, support::Encoding::kUtf8),
             support::Encode(kWrittenBefore, support::Encoding::kUtf16Be),
         };
-        for (int encoding = 0; encoding < 4; ++encoding) {
+        for (const int32_t encoding : support::kAllSelectors) {
             const void* data = nullptr;
             size_t length = 0;
             EXPECT_EQ(1, package->GetBytes(&data, &length, encoding));
@@ -219,7 +220,7 @@ TEST(PackageNumbers, NotFiniteOnesEndTheOutput) {
 
 TEST(PackageNumbers, AFileWithOneIsClosed) {
     for (const double stored : kNotFinite)
-        for (int encoding = 0; encoding < 4; ++encoding) {
+        for (const int32_t encoding : support::kAllSelectors) {
             const Package package = WithNotFinite(stored);
             const support::TempFile file;
             EXPECT_EQ(1, package->SaveToFile(file.Name(), encoding));

@@ -2,20 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <climits>
-
 #include "PackageReference.h"
 #include "PackageState.h"
+#include "Selectors.h"
 
 namespace {
 
+using support::kAllSelectors;
+using support::kUnknownSelectors;
 using support::LoadedPackage;
 using support::NewPackage;
 using support::Package;
 using support::PackageText;
-
-constexpr int kEncodings[] = {0, 1, 2, 3};
-constexpr int kUnknownEncodings[] = {-1, 4, 5, 100, INT_MAX, INT_MIN};
 
 std::string BytesOf(QXJSON::IJsonPackage& package, int encoding) {
     const void* data = nullptr;
@@ -95,7 +93,7 @@ TEST(PackageOutput, EveryCharacterOfOneUnit) {
     const Package package = NewPackage();
     EXPECT_EQ(1, package->SetValueString(L"k", all.c_str()));
     const std::wstring text = PackageText(*package);
-    for (const int encoding : kEncodings)
+    for (const int32_t encoding : kAllSelectors)
         EXPECT_TRUE(support::ReferencePackageBytes(text, encoding) == BytesOf(*package, encoding));
     EXPECT_EQ(std::string::npos, BytesOf(*package, 0).find_first_of('\xC3'));
     const Package again = NewPackage();
@@ -114,7 +112,7 @@ TEST(PackageOutput, HalfAPairEndsTheBytes) {
         EXPECT_EQ(1, package->SetValueNumber(L"c", 2));
         const std::wstring text = std::wstring(L"{\"a\":1,\"b\":\"") + half + L"\",\"c\":2}";
         EXPECT_EQ(text, PackageText(*package));
-        for (const int encoding : kEncodings)
+        for (const int32_t encoding : kAllSelectors)
             EXPECT_EQ(support::ReferencePackageBytes(text, encoding), BytesOf(*package, encoding))
                 << encoding;
         EXPECT_EQ(1, package->RemoveKey(L"b"));
@@ -124,7 +122,7 @@ TEST(PackageOutput, HalfAPairEndsTheBytes) {
 
 TEST(PackageOutput, UnknownEncodingsAnswerOneAndGiveNothing) {
     const Package package = LoadedPackage(L"{\"a\":1}");
-    for (const int encoding : kUnknownEncodings) {
+    for (const int32_t encoding : kUnknownSelectors) {
         SCOPED_TRACE(encoding);
         const void* data = &data;
         size_t length = 4711;
@@ -139,7 +137,7 @@ TEST(PackageOutput, MissingOutputsAnswerZero) {
     const void* data = nullptr;
     size_t length = 4711;
     EXPECT_EQ(0, package->GetText(nullptr));
-    for (const int encoding : kEncodings) {
+    for (const int32_t encoding : kAllSelectors) {
         EXPECT_EQ(0, package->GetBytes(nullptr, &length, encoding));
         EXPECT_EQ(0, package->GetBytes(&data, nullptr, encoding));
         EXPECT_EQ(0, package->GetBytes(nullptr, nullptr, encoding));
@@ -177,7 +175,7 @@ TEST(PackageOutput, GrowsAsNeeded) {
         ASSERT_EQ(1, package->SetValueString(L"k", value.c_str()));
         const std::wstring text = L"{\"k\":\"" + value + L"\"}";
         EXPECT_TRUE(text == PackageText(*package)) << size;
-        for (const int encoding : kEncodings)
+        for (const int32_t encoding : kAllSelectors)
             EXPECT_TRUE(support::ReferencePackageBytes(text, encoding) ==
                         BytesOf(*package, encoding))
                 << size << ", encoding " << encoding;
