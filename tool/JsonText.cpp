@@ -35,7 +35,7 @@ size_t ValueEnd(std::wstring_view json, size_t at) {
 
 std::wstring JsonOf(const Item& container) {
     const auto json = container.Json();
-    if (!json) throw Failure{L"the document is nested too deeply, or too large for the memory"};
+    if (!json) throw Failure{L"the document is too large for the memory"};
     return std::wstring(*json);
 }
 

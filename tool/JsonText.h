@@ -14,7 +14,7 @@ namespace tool {
 // reader. In its JSON text they are whole. Documents are therefore taken apart and put together in
 // that form: compact, as the library writes it.
 
-/// The JSON of an object or array; Failure where it is nested too deeply.
+/// The JSON of an object or array; Failure where there is no memory for it.
 std::wstring JsonOf(const QXJSON::hosting::Item& container);
 
 /// A text as a JSON string.

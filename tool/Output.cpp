@@ -29,7 +29,7 @@ void Save(const Generator& document, const std::wstring& file, const std::wstrin
     const Result<void> saved = layout.indented ? document.SaveIndented(file, layout.encoding)
                                                : document.Save(file, layout.encoding);
     if (saved.Code() == QXJSON::kEscapedFailure)
-        throw Failure{label + L": nested too deeply to be written"};
+        throw Failure{label + L": too large for the memory"};
     if (!saved) throw Failure{label + L": the file cannot be written"};
     if (!NewParser().LoadFile(file)) FailWriting(label, layout);
 }

@@ -836,6 +836,7 @@ public:
 
     // ---------------------------------------------------------------------------------------------
     /// \name Output
+    /// Documents are written at any depth.
     /// \{
 
     /// Writes the document to a file as compact text, after the byte-order mark of its encoding.
@@ -845,8 +846,7 @@ public:
     /// \return 1, also when the root is not an object or array, which leaves the file empty, and
     ///     when the text could not be written to its end; 0 for a null or empty name and for a file
     ///     that cannot be used: an existing one must open for reading, a new one must be creatable,
-    ///     and either must open for writing; -5 where the nesting is too deep for the stack: the
-    ///     file is left as it was
+    ///     and either must open for writing
     virtual int SaveToFile(const wchar_t* fileName, int32_t encoding) = 0;
 
     /// As SaveToFile(), indented by four spaces a level. A number that is not finite ends the
@@ -860,7 +860,7 @@ public:
     /// Writes the document as compact UTF-16 text.
     /// \param[out] text receives the text, "" where the root is not an object or array; it lives
     ///     until the next call of this operation, root creation or Release(); null with -5
-    /// \return 1; 0 null output; -5 where the nesting is too deep for the stack
+    /// \return 1; 0 null output
     virtual int GetJsonString(const wchar_t** text) = 0;
 
     /// Writes the document as compact text in an encoding, without byte-order mark.
@@ -870,7 +870,7 @@ public:
     /// \param[out] length receives the count of bytes; untouched where the data is null
     /// \param[in] encoding 0 to 3
     /// \return 1, also for an unknown encoding; 0 null output, or a root that is not an object or
-    ///     array; -5 where the nesting is too deep for the stack
+    ///     array
     virtual int GetJsonBytes(const uint8_t** data, uint64_t* length, int32_t encoding) = 0;
 
     /// \}

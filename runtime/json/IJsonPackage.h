@@ -260,12 +260,13 @@ public:
 
     // ---------------------------------------------------------------------------------------------
     /// \name Output
+    /// Packages are written at any depth.
     /// \{
 
     /// Writes the whole package as compact UTF-16 text.
     /// \param[out] text receives the text, which lives until the next call, GetValue() of an object
     ///     or array, load or Release()
-    /// \return 1; 0 null output; -5 where the nesting is too deep for the stack
+    /// \return 1; 0 null output
     virtual int GetText(const wchar_t** text) = 0;
 
     /// Writes the whole package as compact text in an encoding, without byte-order mark.
@@ -273,8 +274,7 @@ public:
     ///     load or Release(); null for an unknown encoding and with -5
     /// \param[out] length receives the count of bytes; untouched where the data is null
     /// \param[in] encoding 0 to 3
-    /// \return 1, also for an unknown encoding; 0 null output; -5 where the nesting is too deep for
-    ///     the stack
+    /// \return 1, also for an unknown encoding; 0 null output
     virtual int GetBytes(const void** data, size_t* length, int32_t encoding) = 0;
 
     /// Writes the package to a file as compact text, after the byte-order mark of its encoding.
@@ -283,8 +283,7 @@ public:
     /// \param[in] encoding 0 to 3; any other leaves the file empty
     /// \return 1, also when the text could not be written to its end; 0 for a null or empty name
     ///     and for a file that cannot be used: an existing one must open for reading, a new one
-    ///     must be creatable, and either must open for writing; -5 where the nesting is too deep
-    ///     for the stack: the file is left as it was
+    ///     must be creatable, and either must open for writing
     virtual int SaveToFile(const wchar_t* fileName, int32_t encoding) = 0;
 
     /// \}

@@ -687,9 +687,8 @@ public:
 
     // ---------------------------------------------------------------------------------------------
     /// \name The JSON text of an object or array
-    /// Compact UTF-16 text. Numbers that are not finite are written as NaN, Infinity and -Infinity.
-    /// All return -5 where the nesting is too deep for the stack. An unknown handle faults here, so
-    /// it returns -5 and not -2.
+    /// Compact UTF-16 text, at any depth. Numbers that are not finite are written as NaN, Infinity
+    /// and -Infinity. An unknown handle faults here, so it returns -5 and not -2.
     /// \{
 
     /// Writes the JSON text of an object named by path.

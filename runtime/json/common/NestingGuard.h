@@ -30,9 +30,9 @@ private:
 
 /// A SAX handler in front of another that ends the stream of events before the stack ends.
 ///
-/// RapidJSON's reader, its walk over a document and its deep copy recurse once for each level, and
-/// have no limit; a stack overflow cannot be survived. All three stop when a handler answers false,
-/// so this one looks at the stack at each level.
+/// RapidJSON's reader recurses once for each level and has no limit; a stack overflow cannot be
+/// survived. The reader stops when a handler answers false, so this one looks at the stack at each
+/// level.
 template <class Handler>
 class NestingGuard {
 public:
@@ -80,12 +80,6 @@ auto GuardNesting(Handler& handler, Produce&& produce) {
     auto result = std::forward<Produce>(produce)(guard);
     if (guard.TooDeep()) throw NestingTooDeep();
     return result;
-}
-
-/// Sends the events of a value to `handler`; what `Accept` does, at any depth.
-template <class Handler>
-bool Walk(const JsonValue& value, Handler& handler) {
-    return GuardNesting(handler, [&](auto& guarded) { return value.Accept(guarded); });
 }
 
 }  // namespace QXJSON

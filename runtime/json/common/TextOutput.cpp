@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "BlockStream.h"
+#include "DocumentWalk.h"
 #include "File.h"
-#include "NestingGuard.h"
 #include "OutputEncodings.h"
 
 namespace QXJSON {

@@ -22,7 +22,7 @@ enum class Layout {
     kIndented,       ///< four spaces a level; a number that is not finite ends the output
 };
 
-// All throw NestingTooDeep. A text that ends early (a number that is not finite, a lone surrogate
+// A text that ends early (a number that is not finite, a lone surrogate
 // where the encoding has none) is the text written up to there.
 
 /// Writes a value as UTF-16 text into a buffer, in place of what the buffer held; whether the text

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "NestingGuard.h"
+#include "DocumentWalk.h"
 
 namespace QXJSON {
 

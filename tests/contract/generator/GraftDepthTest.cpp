@@ -119,21 +119,28 @@ TEST(GraftDepth, AThousandLevelsOnAnOrdinaryStack) {
     }
 }
 
-/// Grafts into one another make a document that is too deep to be written, but not to be grafted
-/// into: only the new part is gone through.
-TEST(GraftDepth, ADocumentThatGrowsTooDeep) {
+/// Grafts into one another make a document that is deeper than the stack carries calls.
+TEST(GraftDepth, ADocumentThatGrowsDeep) {
+    constexpr int kLevels = 500;
+    constexpr int kGrafts = 100;
     const support::Generator generator = support::GeneratorOf(L"[]");
-    const std::wstring tree = std::wstring(500, L'[') + std::wstring(500, L']');
-    uint64_t value = 0;
-    ASSERT_EQ(1, generator->ResetRootArrayValue(&value));
+    const std::wstring tree = std::wstring(kLevels, L'[') + std::wstring(kLevels, L']');
+    uint64_t innermost = 0;
+    ASSERT_EQ(1, generator->ResetRootArrayValue(&innermost));
     uint32_t handle = 0;
     ASSERT_EQ(1, generator->AddArrayItemJsonStringByPath(L"/", L"[]", &handle));
-    for (int i = 0; i < kTooDeep; ++i) ASSERT_EQ(1, generator->AddArrayValueArray(value, &value));
-    EXPECT_EQ(-5, support::WriteIn({support::OutputForm::kText}, *generator).result);
-    uint32_t grafted = 0;
-    EXPECT_EQ(
-        1, generator->AddArrayItemJsonString(static_cast<int32_t>(handle), tree.c_str(), &grafted));
-    EXPECT_EQ(handle + 1, grafted);
+    for (int i = 0; i < kTooDeep; ++i)
+        ASSERT_EQ(1, generator->AddArrayValueArray(innermost, &innermost));
+    for (int i = 0; i < kGrafts; ++i) {
+        uint32_t grafted = 0;
+        EXPECT_EQ(1, generator->AddArrayItemJsonString(static_cast<int32_t>(handle), tree.c_str(),
+                                                       &grafted));
+        EXPECT_EQ(handle + 1 + static_cast<uint32_t>(i), grafted);
+    }
+    std::wstring expected = L"[[" + tree;
+    for (int i = 1; i < kGrafts; ++i) expected += L"," + tree;
+    expected += L"]," + std::wstring(kTooDeep, L'[') + std::wstring(kTooDeep, L']') + L"]";
+    EXPECT_TRUE(expected == JsonOf(*generator));
     EXPECT_EQ(1, generator->LoadJsonString(tree.c_str(), &handle));
     EXPECT_EQ(tree, JsonOf(*generator));
 }

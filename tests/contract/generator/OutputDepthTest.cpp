@@ -1,5 +1,5 @@
-// Documents that are nested deeper than the stack of the caller carries: writing them answers -5,
-// closes the file and leaves a generator that works.
+// Documents of any depth are written, on any stack: nothing about an output goes one call deeper
+// for each level.
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,6 @@
 
 #include "FailingAllocations.h"
 #include "JsonDll.h"
-#include "OutputExhaustion.h"
 #include "OutputForm.h"
 #include "ProcessUse.h"
 #include "StackThread.h"
@@ -21,6 +20,7 @@ using support::Generator;
 using support::NewGenerator;
 using support::OutputForm;
 using support::WriteIn;
+using support::Written;
 
 /// Puts `levels` containers, arrays and objects in turn, one into the other. By reference, so that
 /// no place has to be looked up.
@@ -34,118 +34,107 @@ void Nest(IJsonGenerator& generator, int levels) {
     }
 }
 
-constexpr int kTooDeep = 200'000;
+constexpr int kDeep = 200'000;  ///< no stack of an ordinary size carries a call for each
+/// With indentation a document of so many levels comes to megabytes.
+constexpr int kDeepIndented = 1'000;
 
-/// The forms without indentation: with it, a document of so many levels comes to hundreds of
-/// megabytes before the stack ends.
-std::vector<OutputForm> CompactForms() {
-    std::vector<OutputForm> forms;
-    for (const OutputForm& form : AllOutputForms())
-        if (form.operation != OutputForm::kIndentedFile) forms.push_back(form);
-    return forms;
+/// The text of such a document.
+std::wstring Nested(int levels) {
+    std::wstring text;
+    for (int level = 0; level < levels; ++level) text += level % 2 == 0 ? L"[" : L"{\"k\":";
+    if (levels % 2 == 0) text.resize(text.size() - 4);  // the innermost object has no member
+    for (int level = levels; level-- > 0;) text += level % 2 == 0 ? L"]" : L"}";
+    return text;
 }
 
-/// On a small stack one that is indented is bearable.
-std::vector<OutputForm> FormsForASmallStack() {
-    std::vector<OutputForm> forms = CompactForms();
-    forms.push_back({OutputForm::kIndentedFile, 2});
-    return forms;
-}
-
-/// How many of the forms do not answer -5, or leave their file open.
-int CountSurvivals(IJsonGenerator& generator, const std::vector<OutputForm>& forms) {
-    int count = 0;
-    for (const OutputForm& form : forms) {
-        const support::TempFile file("before");
-        const int result = form.IsFile() ? support::SaveIn(form, generator, file.Name())
-                                         : WriteIn(form, generator).result;
-        if (result != -5 || !file.IsClosed()) ++count;
+/// The same with every member and element on a line of its own.
+std::wstring NestedIndented(int levels) {
+    std::wstring text;
+    const auto indent = [](int level) { return L'\n' + std::wstring(4 * level, L' '); };
+    for (int level = 0; level < levels; ++level) {
+        if (level > 0) text += indent(level) + (level % 2 == 0 ? L"\"k\": " : L"");
+        text += level % 2 == 0 ? L'[' : L'{';
     }
-    return count;
+    for (int level = levels; level-- > 0;) {
+        if (level + 1 < levels) text += indent(level);
+        text += level % 2 == 0 ? L']' : L'}';
+    }
+    return text;
 }
 
-void ExpectWorks(IJsonGenerator& generator) {
-    uint32_t root = 0;
-    ASSERT_EQ(1, generator.LoadJsonString(L"{\"a\":[1,{\"b\":null}]}", &root));
-    support::ExpectAllForms(support::ReferenceParse(L"{\"a\":[1,{\"b\":null}]}"), generator);
+int LevelsFor(const OutputForm& form) {
+    return form.operation == OutputForm::kIndentedFile ? kDeepIndented : kDeep;
 }
 
-TEST(OutputDepth, TooDeepForAnOrdinaryStack) {
+Written ExpectedIn(const OutputForm& form, const std::wstring& text) {
+    const int32_t selector = form.operation == OutputForm::kText ? 1 : form.selector;
+    return {1, (form.IsFile() ? support::MarkOf(selector) : "") + support::TextIn(selector, text)};
+}
+
+/// Whether a form's document is written whole.
+bool IsWritten(const OutputForm& form) {
+    static const std::wstring deep = Nested(kDeep);
+    static const std::wstring indented = NestedIndented(kDeepIndented);
+    const bool isIndented = form.operation == OutputForm::kIndentedFile;
     const Generator generator = NewGenerator();
-    Nest(*generator, kTooDeep);
-    EXPECT_EQ(0, CountSurvivals(*generator, CompactForms()));
-    EXPECT_EQ(0, CountSurvivals(*generator, CompactForms()));
-    ExpectWorks(*generator);
+    Nest(*generator, LevelsFor(form));
+    return WriteIn(form, *generator) == ExpectedIn(form, isIndented ? indented : deep);
 }
 
-TEST(OutputDepth, TooDeepForASmallStack) {
-    Generator generator = NewGenerator();
-    Nest(*generator, kTooDeep);
-    int survivals = 1;
-    int released = 0;
-    support::OnStackOf(support::kSmallStack, [&] {
-        survivals = CountSurvivals(*generator, FormsForASmallStack());
-        released = generator.release()->Release();
+TEST(OutputDepth, OnAnOrdinaryStack) {
+    for (const OutputForm& form : AllOutputForms()) EXPECT_TRUE(IsWritten(form)) << form;
+}
+
+TEST(OutputDepth, OnASmallStack) {
+    support::OnStackOf(support::kSmallStack, [] {
+        for (const OutputForm& form : AllOutputForms()) EXPECT_TRUE(IsWritten(form)) << form;
     });
-    EXPECT_EQ(0, survivals);
+}
+
+/// Where the first levels end that a walk keeps without memory of its own, and the capacities that
+/// follow.
+TEST(OutputDepth, AroundEveryCapacity) {
+    for (const int capacity : {16, 32, 64, 128, 256})
+        for (int levels = capacity - 2; levels <= capacity + 2; ++levels) {
+            const Generator generator = NewGenerator();
+            Nest(*generator, levels);
+            for (const OutputForm& form : AllOutputForms()) {
+                const bool isIndented = form.operation == OutputForm::kIndentedFile;
+                const std::wstring text = isIndented ? NestedIndented(levels) : Nested(levels);
+                EXPECT_EQ(ExpectedIn(form, text), WriteIn(form, *generator)) << form;
+            }
+        }
+}
+
+/// Values follow the deep ones on every level.
+TEST(OutputDepth, WhatFollowsTheDeepParts) {
+    constexpr int kLevels = 300;
+    std::wstring text;
+    for (int i = 0; i < kLevels; ++i) text += L"[[],{\"a\":{},\"k\":";
+    text += L"null";
+    for (int i = 0; i < kLevels; ++i) text += L",\"z\":[1,[2]]},{},3]";
+    support::ExpectAllForms(support::ReferenceParse(text), *support::GeneratorOf(text));
+}
+
+TEST(OutputDepth, ADeepDocumentIsReleasedOnASmallStack) {
+    Generator generator = NewGenerator();
+    Nest(*generator, kDeep);
+    int released = 0;
+    support::OnStackOf(support::kSmallStack, [&] { released = generator.release()->Release(); });
     EXPECT_EQ(1, released);
-}
-
-/// A file keeps the whole blocks before the place where the stack ended.
-TEST(OutputDepth, AFileKeepsWholeBlocks) {
-    const Generator generator = NewGenerator();
-    Nest(*generator, kTooDeep);
-    std::string whole;
-    while (whole.size() < size_t{6} * kTooDeep) whole += "[{\"k\":";
-    for (const int32_t encoding : {0, 2}) {
-        const support::TempFile file("before");
-        const OutputForm form = {OutputForm::kFile, encoding};
-        EXPECT_EQ(-5, support::SaveIn(form, *generator, file.Name()));
-        const std::string text = file.Bytes();
-        const size_t mark = encoding == 2 ? 3 : 0;
-        EXPECT_EQ(0u, text.size() % 260);
-        ASSERT_GT(text.size(), 260u);
-        EXPECT_EQ(text.substr(mark), whole.substr(0, text.size() - mark));
-    }
-}
-
-/// The document is whole all the while, and can grow.
-TEST(OutputDepth, TheDocumentIsStillThere) {
-    const Generator generator = NewGenerator();
-    Nest(*generator, kTooDeep);
-    EXPECT_EQ(-5, WriteIn({OutputForm::kText}, *generator).result);
-    uint32_t handle = 0;
-    uint32_t added = 0;
-    EXPECT_EQ(1, generator->GetItemHandleByPath(L"/1/k/1/k", &handle));
-    EXPECT_EQ(1, generator->AddArrayItemInt(static_cast<int32_t>(handle), 1, &added));
-    EXPECT_EQ(handle + 1, added);
-    EXPECT_EQ(-5, WriteIn({OutputForm::kText}, *generator).result);
-}
-
-TEST(OutputDepth, ThreeHundredLevelsOnASmallStack) {
-    const Generator generator = NewGenerator();
-    Nest(*generator, 300);
-    std::wstring json;
-    for (int i = 0; i < 149; ++i) json += L"[{\"k\":";
-    json += L"[{}]";
-    for (int i = 0; i < 149; ++i) json += L"}]";
-    const support::ReferenceDocument document = support::ReferenceParse(json);
-    for (const OutputForm& form : AllOutputForms()) {
-        support::Written written = {};
-        support::OnStackOf(support::kSmallStack, [&] { written = WriteIn(form, *generator); });
-        EXPECT_EQ(support::ReferenceIn(form, document), written) << form;
-    }
 }
 
 /// No file is left open and no memory is lost; the buffers of the two outputs in memory stay.
 TEST(OutputDepth, NothingIsLost) {
     const Generator generator = NewGenerator();
-    Nest(*generator, kTooDeep);
-    support::PrepareForExhaustion();
-    EXPECT_EQ(0, CountSurvivals(*generator, CompactForms()));
+    Nest(*generator, kDeepIndented);
+    const auto writeAll = [&] {
+        for (const OutputForm& form : AllOutputForms()) WriteIn(form, *generator);
+    };
+    writeAll();
     const support::FailingAllocations allocations;
     const DWORD handles = support::HandleCount();
-    for (int i = 0; i < 10; ++i) EXPECT_EQ(0, CountSurvivals(*generator, CompactForms()));
+    for (int i = 0; i < 3; ++i) writeAll();
     EXPECT_EQ(handles, support::HandleCount());
     EXPECT_EQ(0, allocations.LiveBlocks());
 }
