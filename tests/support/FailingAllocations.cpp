@@ -17,8 +17,11 @@ int g_count = 0;
 bool g_happened = false;
 long g_blocks = 0;
 long long g_bytes = 0;
+size_t g_requested = 0;
 
-bool FailsNow() {
+/// Whether an allocation of so many bytes is to fail.
+bool FailsNow(size_t bytes) {
+    g_requested += bytes;
     if (g_first == kNever) return false;
     ++g_next;
     const bool fails = g_next >= g_first && g_next - g_first < g_count;
@@ -34,14 +37,14 @@ void* Counted(void* block, int change = 1) {
     return block;
 }
 
-void* Malloc(size_t size) { return FailsNow() ? nullptr : Counted(std::malloc(size)); }
+void* Malloc(size_t size) { return FailsNow(size) ? nullptr : Counted(std::malloc(size)); }
 
 void* Calloc(size_t count, size_t size) {
-    return FailsNow() ? nullptr : Counted(std::calloc(count, size));
+    return FailsNow(count * size) ? nullptr : Counted(std::calloc(count, size));
 }
 
 void* Realloc(void* block, size_t size) {
-    if (size != 0 && FailsNow()) return nullptr;
+    if (size != 0 && FailsNow(size)) return nullptr;
     Counted(block, -1);
     void* moved = std::realloc(block, size);
     if (moved == nullptr && size != 0) Counted(block);
@@ -61,6 +64,7 @@ FailingAllocations::FailingAllocations(HMODULE module)
     EXPECT_TRUE(free.Found()) << "the DLL does not free through an imported free";
     g_blocks = 0;
     g_bytes = 0;
+    g_requested = 0;
     Stop();
 }
 
@@ -74,6 +78,8 @@ void FailingAllocations::Fail(int first, int count) {
 }
 
 bool FailingAllocations::Happened() const { return g_happened; }
+
+size_t FailingAllocations::RequestedBytes() const { return g_requested; }
 
 long FailingAllocations::LiveBlocks() const { return g_blocks; }
 

@@ -20,6 +20,8 @@ public:
     bool Happened() const;
     /// From now on allocations work.
     void Stop();
+    /// How many bytes the DLL has asked for since this object's life began, given back or not.
+    size_t RequestedBytes() const;
     /// How many more blocks the DLL has than when this object's life began.
     long LiveBlocks() const;
     /// How many more bytes those blocks have.

@@ -82,4 +82,10 @@ const wchar_t* EndOfPlainRun(const wchar_t* text) {
     return FindUnit(text, [](UnitBlock units) { return RunEnds(units) | Surrogates(units); });
 }
 
+const wchar_t* EndOfAsciiRun(const wchar_t* text) {
+    return FindUnit(text, [](UnitBlock units) {
+        return RunEnds(units) | MaskOf(InRange(units, 0x80, 0xFFFF));
+    });
+}
+
 }  // namespace QXJSON

@@ -61,6 +61,14 @@ const wchar_t* EndOfRun(const wchar_t* text);
 /// The same, with surrogates among what ends a run.
 const wchar_t* EndOfPlainRun(const wchar_t* text);
 
+/// The same, with everything beyond ASCII among what ends a run.
+const wchar_t* EndOfAsciiRun(const wchar_t* text);
+
+/// Whether a unit goes on such a run.
+inline bool IsPlainAscii(wchar_t c) {
+    return static_cast<unsigned>(c) - 0x20 < 0x60 && c != '"' && c != '\\';
+}
+
 inline bool IsHighSurrogate(wchar_t c) { return (c & 0xFC00) == 0xD800; }
 inline bool IsLowSurrogate(wchar_t c) { return (c & 0xFC00) == 0xDC00; }
 

@@ -1,126 +1,124 @@
 #include "TextOutput.h"
 
-#include <rapidjson/prettywriter.h>
-#include <rapidjson/writer.h>
+#include <algorithm>
+#include <iterator>
 
-#include <string_view>
-
-#include "BlockStream.h"
 #include "DocumentWalk.h"
 #include "File.h"
-#include "OutputEncodings.h"
+#include "TextWriter.h"
 
 namespace QXJSON {
 namespace {
 
-constexpr size_t kCapacity = 256;
-/// Bytes that the C runtime hands to the system at a time.
-constexpr size_t kSystemBlock = 64 * 1024;
-
-template <class Stream, class Target, unsigned flags>
-using CompactWriter = rapidjson::Writer<Stream, JsonEncoding, Target, HeapAllocator, flags>;
-template <class Stream, class Target>
-using IndentingWriter = rapidjson::PrettyWriter<Stream, JsonEncoding, Target, HeapAllocator>;
-
-/// Writes a value in the encoding `Target` to a stream of that encoding's units; whether all of it.
-template <class Target, class Stream>
-bool WriteTo(Stream& stream, const JsonValue& value, Layout layout) {
-    const auto writeWith = [&](auto&& writer) { return Walk(value, writer); };
+/// Returns what `use` does with a writer of a layout in an encoding, to a stream of that encoding's
+/// units.
+template <class Encoding, class Stream, class Use>
+bool WithWriter(Stream& stream, Layout layout, const Use& use) {
     switch (layout) {
         case Layout::kCompact:
-            return writeWith(CompactWriter<Stream, Target, rapidjson::kWriteNanAndInfFlag>(stream));
+            return use(CompactWriter<Stream, Encoding>(stream));
         case Layout::kCompactFinite:
-            return writeWith(CompactWriter<Stream, Target, rapidjson::kWriteDefaultFlags>(stream));
+            return use(CompactFiniteWriter<Stream, Encoding>(stream));
         default:
-            return writeWith(IndentingWriter<Stream, Target>(stream));
+            return use(IndentingWriter<Stream, Encoding>(stream));
     }
 }
 
-/// The same, in place of what a buffer held.
-template <class Target, class Buffer>
-bool WriteInto(Buffer& buffer, const JsonValue& value, Layout layout) {
+/// Writes a value to a stream; whether all of it.
+template <class Encoding, class Stream>
+bool WriteTo(Stream& stream, const JsonValue& value, Layout layout) {
+    return WithWriter<Encoding>(stream, layout, [&](auto&& writer) { return Walk(value, writer); });
+}
+
+// ---- Encodings ---------------------------------------------------------------------------------
+
+enum class Mark { kNone, kInFiles };
+enum class ByteOrder { kAsInMemory, kReversed };
+
+/// An encoding of bytes and files: how it is selected, whether files begin with the byte-order
+/// mark, the order of a unit's bytes, and what writes it.
+struct Encoder {
+    OutputEncoding selector;
+    Mark mark;
+    ByteOrder order;
+    void (*writeBytes)(const Encoder& form, ByteBuffer& buffer, const JsonValue& value,
+                       Layout layout);
+    bool (*writeFile)(const Encoder& form, const wchar_t* name, const JsonValue& root,
+                      Layout layout);
+};
+
+template <class Encoding>
+void WriteBytes(const Encoder& form, ByteBuffer& buffer, const JsonValue& value, Layout layout) {
+    using Unit = typename Encoding::Ch;
     buffer.Clear();
-    return WriteTo<Target>(buffer, value, layout);
+    {
+        ByteBufferStream<Unit> stream(buffer);
+        WriteTo<Encoding>(stream, value, layout);
+    }
+    if (form.order == ByteOrder::kReversed)
+        SwapBytes(buffer.template Bottom<Unit>(), buffer.GetSize() / sizeof(Unit));
 }
 
-/// The same, as a file behind a byte-order mark.
-template <class Target, class Unit>
-void WriteAsFile(std::FILE* file, std::basic_string_view<Unit> mark, bool swapped,
-                 const JsonValue& value, Layout layout) {
-    BlockStream<Unit> stream(file, swapped);
-    for (const Unit unit : mark) stream.Put(unit);
-    if (WriteTo<Target>(stream, value, layout)) stream.End();
+/// Takes all memory before the file is opened, for what fails then has destroyed what was there.
+template <class Encoding>
+bool WriteFile(const Encoder& form, const wchar_t* name, const JsonValue& root, Layout layout) {
+    constexpr unsigned kByteOrderMark = 0xFEFF;
+    BlockStream<typename Encoding::Ch> stream(form.order == ByteOrder::kReversed);
+    return WithWriter<Encoding>(stream, layout, [&](auto&& writer) {
+        WalkTrail trail;
+        writer.ReserveLevels(DepthOf(root, trail));
+        const File file = OpenFile(name, L"wb");
+        if (!file) return false;
+        stream.Begin(file.get());
+        if (form.mark == Mark::kInFiles) Encoding::Encode(stream, kByteOrderMark);
+        stream.End(Walk(root, writer, trail));
+        return true;
+    });
 }
 
-template <class Buffer>
-std::string_view BytesOf(const Buffer& buffer) {
-    // The string that a buffer hands out ends with a zero, for which it makes room.
-    const auto* const begin = reinterpret_cast<const char*>(buffer.GetString());
-    return {begin, buffer.GetSize()};
+template <class Encoding>
+constexpr Encoder EncoderOf(OutputEncoding selector, Mark mark, ByteOrder order) {
+    return {selector, mark, order, WriteBytes<Encoding>, WriteFile<Encoding>};
 }
 
-void SwapBytes(JsonTextBuffer& buffer) {
-    const size_t count = buffer.GetSize() / sizeof(wchar_t);
-    QXJSON::SwapBytes(buffer.Push(0) - count, count);
+constexpr Encoder kEncoders[] = {
+    EncoderOf<EscapedAscii>(kAscii, Mark::kNone, ByteOrder::kAsInMemory),
+    EncoderOf<CheckedUtf16>(kUtf16Le, Mark::kInFiles, ByteOrder::kAsInMemory),
+    EncoderOf<EncodedUtf8>(kUtf8, Mark::kInFiles, ByteOrder::kAsInMemory),
+    EncoderOf<CheckedUtf16>(kUtf16Be, Mark::kInFiles, ByteOrder::kReversed),
+};
+
+/// Null for a number that is no encoding.
+const Encoder* FindEncoder(int32_t encoding) {
+    const auto* const found =
+        std::find_if(std::begin(kEncoders), std::end(kEncoders),
+                     [=](const Encoder& encoder) { return encoder.selector == encoding; });
+    return found != std::end(kEncoders) ? found : nullptr;
 }
 
 }  // namespace
 
 bool WriteText(const JsonValue& value, Layout layout, JsonTextBuffer& buffer) {
-    const bool whole = WriteInto<CopiedUtf16>(buffer, value, layout);
+    buffer.Clear();
+    const bool whole = WriteTo<CopiedUtf16>(buffer, value, layout);
     buffer.GetString();  // puts the zero behind the text
     return whole;
 }
 
-EncodedText::EncodedText() : wide(nullptr, kCapacity), narrow(nullptr, kCapacity) {}
+EncodedText::EncodedText() : buffer(nullptr, kCapacity) {}
 
-bool EncodedText::Write(const JsonValue& value, Layout layout, int32_t encoding) {
-    bytes = {};
-    bool whole = true;
-    switch (encoding) {
-        case kAscii:
-            whole = WriteInto<rapidjson::ASCII<>>(narrow, value, layout);
-            break;
-        case kUtf8:
-            whole = WriteInto<rapidjson::UTF8<>>(narrow, value, layout);
-            break;
-        case kUtf16Le:
-            whole = WriteInto<CheckedUtf16>(wide, value, layout);
-            break;
-        case kUtf16Be:
-            whole = WriteInto<CheckedUtf16>(wide, value, layout);
-            SwapBytes(wide);
-            break;
-        default:
-            return whole;
-    }
-    const bool isNarrow = encoding == kAscii || encoding == kUtf8;
-    bytes = isNarrow ? BytesOf(narrow) : BytesOf(wide);
-    return whole;
+std::string_view EncodedText::Write(const JsonValue& value, Layout layout, int32_t encoding) {
+    const Encoder* const encoder = FindEncoder(encoding);
+    if (!encoder) return {};
+    encoder->writeBytes(*encoder, buffer, value, layout);
+    return {buffer.template Bottom<char>(), buffer.GetSize()};
 }
 
 bool SaveFile(const JsonValue& root, Layout layout, const wchar_t* name, int32_t encoding) {
     if (!CanWriteFile(name)) return false;
-    const File file = OpenFile(name, L"wb");
-    if (!file) return false;
-    if (!IsContainer(root)) return true;
-    std::setvbuf(file.get(), nullptr, _IOFBF, kSystemBlock);
-    using namespace std::string_view_literals;
-    switch (encoding) {
-        case kAscii:
-            WriteAsFile<rapidjson::ASCII<>>(file.get(), ""sv, false, root, layout);
-            break;
-        case kUtf8:
-            WriteAsFile<rapidjson::UTF8<>>(file.get(), "\xEF\xBB\xBF"sv, false, root, layout);
-            break;
-        case kUtf16Le:
-        case kUtf16Be:
-            WriteAsFile<CheckedUtf16>(file.get(), L"\xFEFF"sv, encoding == kUtf16Be, root, layout);
-            break;
-        default:
-            break;
-    }
-    return true;
+    const Encoder* const encoder = FindEncoder(encoding);
+    if (!encoder || !IsContainer(root)) return OpenFile(name, L"wb") != nullptr;
+    return encoder->writeFile(*encoder, name, root, layout);
 }
 
 }  // namespace QXJSON

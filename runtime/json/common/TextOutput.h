@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "ByteBuffer.h"
 #include "JsonTypes.h"
 
 namespace QXJSON {
@@ -22,8 +23,8 @@ enum class Layout {
     kIndented,       ///< four spaces a level; a number that is not finite ends the output
 };
 
-// A text that ends early (a number that is not finite, a lone surrogate
-// where the encoding has none) is the text written up to there.
+// A text that ends early (a number that is not finite, a lone surrogate where the encoding has
+// none) is the text written up to there.
 
 /// Writes a value as UTF-16 text into a buffer, in place of what the buffer held; whether the text
 /// is whole. The text ends with a zero that is not counted.
@@ -34,22 +35,21 @@ class EncodedText {
 public:
     EncodedText();
 
-    /// Writes a value in place of what was held; whether the text is whole. No byte-order mark. For
-    /// a number that is no encoding the bytes are null.
-    bool Write(const JsonValue& value, Layout layout, int32_t encoding);
-
-    /// What was written last.
-    std::string_view Bytes() const { return bytes; }
+    /// Writes a value in place of what was held, without a byte-order mark. The bytes are null for
+    /// a number that is no encoding.
+    std::string_view Write(const JsonValue& value, Layout layout, int32_t encoding);
 
 private:
-    JsonTextBuffer wide;  // the encodings of two-byte units
-    rapidjson::GenericStringBuffer<rapidjson::UTF8<>, HeapAllocator> narrow;  // those of one
-    std::string_view bytes;
+    static constexpr size_t kCapacity = 256;
+
+    ByteBuffer buffer;
 };
 
 /// Writes a document to a file, in place of what the file held, behind the byte-order mark of the
 /// encoding; the whole operation of that name of the interfaces. False when the file cannot be
 /// used. A root that is no object or array, or a number that is no encoding, leaves the file empty.
+/// All memory is taken before the file is opened: where there is none (std::bad_alloc) the file is
+/// what it was.
 bool SaveFile(const JsonValue& root, Layout layout, const wchar_t* name, int32_t encoding);
 
 }  // namespace QXJSON

@@ -3,6 +3,7 @@
 #include <emmintrin.h>
 #include <stdint.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 
@@ -66,6 +67,38 @@ inline void CopyUnits(wchar_t* to, const wchar_t* from, size_t count) {
         copy(count - kHalf, kBlockBytes / 2);
     } else {
         for (size_t at = 0; at < count; ++at) to[at] = from[at];
+    }
+}
+
+/// Copies units of ASCII as bytes, blocks at a time as CopyUnits does.
+inline void NarrowUnits(char* to, const wchar_t* from, size_t count) {
+    const auto narrow = [=](size_t at) {
+        const UnitBlock units = LoadBlock(from + at);
+        _mm_storel_epi64(reinterpret_cast<UnitBlock*>(to + at), _mm_packus_epi16(units, units));
+    };
+    if (count >= kBlockUnits) {
+        const size_t last = count - kBlockUnits;
+        for (size_t at = 0; at < last; at += kBlockUnits) narrow(at);
+        narrow(last);
+    } else {
+        for (size_t at = 0; at < count; ++at) to[at] = static_cast<char>(from[at]);
+    }
+}
+
+/// Reverses the bytes of units of any size.
+template <class Unit>
+void SwapBytes(Unit* units, size_t count) {
+    size_t at = 0;
+    if constexpr (sizeof(Unit) == sizeof(wchar_t)) {
+        for (; count - at >= kBlockUnits; at += kBlockUnits) {
+            const UnitBlock block = LoadBlock(units + at);
+            _mm_storeu_si128(reinterpret_cast<UnitBlock*>(units + at),
+                             _mm_or_si128(_mm_slli_epi16(block, 8), _mm_srli_epi16(block, 8)));
+        }
+    }
+    for (; at < count; ++at) {
+        auto* const bytes = reinterpret_cast<unsigned char*>(units + at);
+        std::reverse(bytes, bytes + sizeof(Unit));
     }
 }
 

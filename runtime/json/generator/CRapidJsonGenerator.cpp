@@ -54,10 +54,10 @@ int CRapidJsonGenerator::GetJsonBytes(const uint8_t** data, uint64_t* length, in
     if (!data || !length) return kPlainFailure;
     *data = nullptr;
     if (!IsContainer(builder.Root())) return kPlainFailure;
-    encodedText.Write(builder.Root(), Layout::kCompact, encoding);
-    if (encodedText.Bytes().data()) EnsureWritable(length);
-    *data = reinterpret_cast<const uint8_t*>(encodedText.Bytes().data());
-    if (*data) *length = encodedText.Bytes().size();
+    const std::string_view bytes = encodedText.Write(builder.Root(), Layout::kCompact, encoding);
+    if (bytes.data()) EnsureWritable(length);
+    *data = reinterpret_cast<const uint8_t*>(bytes.data());
+    if (*data) *length = bytes.size();
     return kSuccess;
 }
 

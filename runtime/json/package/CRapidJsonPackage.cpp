@@ -239,10 +239,10 @@ int CRapidJsonPackage::GetText(const wchar_t** text) {
 int CRapidJsonPackage::GetBytes(const void** data, size_t* length, int32_t encoding) {
     if (!data || !length) return kPlainFailure;
     *data = nullptr;
-    encodedText.Write(document, Layout::kCompactFinite, encoding);
-    if (encodedText.Bytes().data()) EnsureWritable(length);
-    *data = encodedText.Bytes().data();
-    if (*data) *length = encodedText.Bytes().size();
+    const std::string_view bytes = encodedText.Write(document, Layout::kCompactFinite, encoding);
+    if (bytes.data()) EnsureWritable(length);
+    *data = bytes.data();
+    if (*data) *length = bytes.size();
     return kSuccess;
 }
 

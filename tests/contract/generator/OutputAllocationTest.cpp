@@ -1,5 +1,6 @@
 // Allocations that fail during outputs: each in turn, alone and with all that follow. The output
-// answers -5 or is whole; the file is closed, the document stays, and nothing is lost.
+// answers -5 or is whole; the file is closed and what it was, the document stays, and nothing is
+// lost.
 
 #include <gtest/gtest.h>
 
@@ -57,7 +58,41 @@ void FailEach(const OutputForm& form, int count) {
     }
 }
 
+/// Whether a save met a failure; it then leaves the file as it was, and makes none.
+bool SaveWithFailure(const OutputForm& form, QXJSON::IJsonGenerator& generator,
+                     FailingAllocations& allocations, const support::TempFile& file, int first,
+                     int count) {
+    const bool existed = file.Exists();
+    allocations.Fail(first, count);
+    const int result = support::SaveIn(form, generator, file.Name());
+    const bool happened = allocations.Happened();
+    allocations.Stop();
+    EXPECT_EQ(happened ? -5 : 1, result);
+    EXPECT_EQ(existed || !happened, file.Exists());
+    EXPECT_TRUE(!existed || !happened || file.Bytes() == "before");
+    return happened;
+}
+
 class OutputAllocation : public testing::TestWithParam<int> {};
+
+/// All memory is taken before the file is opened, also for documents that are deep and for strings
+/// that are long.
+TEST_P(OutputAllocation, AFileIsLostByNone) {
+    const Generator generator = GeneratorOf(Document());
+    support::PrepareForExhaustion();
+    FailingAllocations allocations;
+    for (const OutputForm& form : support::FileForms()) {
+        bool happened = true;
+        for (int n = 1; happened; ++n) {
+            SCOPED_TRACE(testing::Message() << form << ", allocation " << n);
+            const support::TempFile file("before");
+            const support::TempFile missing;
+            happened = SaveWithFailure(form, *generator, allocations, file, n, GetParam());
+            EXPECT_EQ(happened,
+                      SaveWithFailure(form, *generator, allocations, missing, n, GetParam()));
+        }
+    }
+}
 
 TEST_P(OutputAllocation, EveryForm) {
     for (const OutputForm& form : support::AllOutputForms()) FailEach(form, GetParam());

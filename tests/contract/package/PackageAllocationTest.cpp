@@ -103,9 +103,10 @@ const Trial kTrials[] = {
      false},
     {"SaveToFile",
      [](IJsonPackage& p) {
-         const support::TempFile file;
+         const support::TempFile file("earlier");
          const int result = p.SaveToFile(file.Name(), 2);
          EXPECT_TRUE(file.IsClosed());
+         EXPECT_EQ(result != 1, file.Bytes() == "earlier");
          return result;
      },
      false},
