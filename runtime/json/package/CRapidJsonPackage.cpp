@@ -161,7 +161,7 @@ int CRapidJsonPackage::SetValueBlob(const wchar_t* key, const uint8_t* data, uin
     if (!key) return kNoMember;
     if (!data || length == 0) return kNoText;
     const wchar_t* text = nullptr;
-    const int result = EncodeBase64(scratchBuffer, data, length, &text);
+    const int result = EncodeBase64(conversionBuffer, data, length, &text);
     return result == kSuccess ? Set(key, TextItem(text)) : result;
 }
 
