@@ -12,7 +12,8 @@ namespace QXJSON {
 int DecodeBase64(MessageBuffer& buffer, const wchar_t* text, const uint8_t** data, uint32_t* size);
 
 /// Encodes `size` bytes into the buffer as one line of zero-terminated base64 text. kPlainFailure
-/// when a pointer is null, kWrongKind when the platform refuses or there is no memory.
+/// when a pointer is null, kWrongKind when the text would not fit into a buffer (from 1,610,612,734
+/// bytes on), the platform cannot encode so many bytes, or there is no memory.
 int EncodeBase64(MessageBuffer& buffer, const uint8_t* data, uint32_t size, const wchar_t** text);
 
 }  // namespace QXJSON

@@ -9,8 +9,8 @@ namespace QXJSON {
 /// Memory that grows at its end.
 using ByteBuffer = rapidjson::internal::Stack<HeapAllocator>;
 
-/// A buffer as the target of RapidJSON's writers, for units of any size: what GenericStringBuffer is
-/// for one.
+/// A buffer as the target of RapidJSON's writers, for units of any size: what GenericStringBuffer
+/// is for one.
 template <class Unit>
 class ByteBufferStream {
 public:
