@@ -46,9 +46,9 @@ JsonMember* MemberLookup::FindAmongMany(JsonValue& object, std::wstring_view key
     }
     JsonMember* const found = Scan(object, key, match);
     const bool absent = found == members + object.MemberCount();
-    const uint64_t looked = static_cast<uint64_t>(found - members) + (absent ? 0 : 1);
-    scanned += looked;
-    if (searched) searched->scans += looked;
+    const uint64_t scanned = static_cast<uint64_t>(found - members) + (absent ? 0 : 1);
+    looked += scanned;
+    if (searched) searched->scans += scanned;
     return absent ? nullptr : found;
 }
 
@@ -63,6 +63,7 @@ MemberIndex* MemberLookup::IndexFor(const JsonValue& object, Searched& searched)
     // A search in the index never looks at more than a scan would; entering members may.
     if (searched.index->CatchUp(object, kDearest * searched.scans)) return searched.index.get();
     searched.scannedForGood = true;
+    looked += searched.index->Work();
     searched.index.reset();
     return nullptr;
 }
@@ -86,7 +87,7 @@ void MemberLookup::Clear() {
 }
 
 uint64_t MemberLookup::Work() const {
-    uint64_t work = scanned + table.Work();
+    uint64_t work = looked + table.Work();
     for (const auto& searched : objects)
         if (searched->index) work += searched->index->Work();
     return work;

@@ -70,7 +70,7 @@ private:
     std::vector<std::unique_ptr<Searched>> objects;
     HashTable<Slot> table;     // of `objects`, by their memory
     Searched* last = nullptr;  // that of the last search: one is often searched several times
-    uint64_t scanned = 0;      // members of large objects
+    uint64_t looked = 0;       // at members of large objects, and in indexes that were given up
 };
 
 }  // namespace QXJSON
