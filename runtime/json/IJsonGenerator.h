@@ -844,9 +844,10 @@ public:
     /// \param[in] fileName zero-terminated name of the file
     /// \param[in] encoding 0 to 3; any other leaves the file empty
     /// \return 1, also when the root is not an object or array, which leaves the file empty, and
-    ///     when the text could not be written to its end; 0 for a null or empty name and for a file
-    ///     that cannot be used: an existing one must open for reading, a new one must be creatable,
-    ///     and either must open for writing. A lack of memory (-5) leaves the file as it was
+    ///     when the text could not be written to its end; 0 for a name that is null, empty or not
+    ///     readable, and for a file that cannot be used: an existing one must open for reading, a
+    ///     new one must be creatable, and either must open for writing. A lack of memory (-5)
+    ///     leaves the file as it was
     virtual int SaveToFile(const wchar_t* fileName, int32_t encoding) = 0;
 
     /// As SaveToFile(), indented by four spaces a level. A number that is not finite ends the

@@ -22,7 +22,7 @@ public:
     BytesAtAnEdge(const BytesAtAnEdge&) = delete;
     BytesAtAnEdge& operator=(const BytesAtAnEdge&) = delete;
 
-    const char* Begin() const { return begin; }
+    char* Begin() const { return begin; }
 
 private:
     static constexpr size_t kPage = 4096;

@@ -7,6 +7,7 @@
 #include <cwchar>
 
 #include "FaultGuard.h"
+#include "PlainText.h"
 
 namespace QXJSON {
 namespace {
@@ -34,7 +35,7 @@ File OpenFile(const wchar_t* name, const wchar_t* mode) {
 }
 
 bool CanWriteFile(const wchar_t* name) {
-    if (!name || !*name) return false;
+    if (LengthOf(name) == 0) return false;
     if (PathFileExistsW(name)) return Opens(name, GENERIC_READ, OPEN_EXISTING);
     if (!Opens(name, GENERIC_WRITE, CREATE_ALWAYS)) return false;
     DeleteFileW(name);

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "BytesAtAnEdge.h"
 #include "ImportPatch.h"
 #include "JsonDll.h"
 #include "OutputForm.h"
@@ -244,11 +245,16 @@ TEST(OutputFiles, NoHandleStaysOpen) {
     EXPECT_TRUE(file.IsClosed());
 }
 
-/// A name that cannot be read faults; the generator goes on.
-TEST(OutputFiles, ANameThatIsNoMemory) {
+/// A name that cannot be read, or not to its end, has no length; the generator goes on.
+TEST(OutputFiles, NamesThatAreNoMemory) {
+    const support::BytesAtAnEdge noEnd(std::string("n\0a\0m\0e\0", 8));
+    ForAllOutputs([&](const OutputForm& form, QXJSON::IJsonGenerator& generator) {
+        for (const auto* name : {reinterpret_cast<const wchar_t*>(uintptr_t{8}),
+                                 reinterpret_cast<const wchar_t*>(noEnd.Begin())})
+            EXPECT_EQ(0, SaveIn(form, generator, name));
+    });
     const Generator generator = GeneratorOf(L"[1]");
-    const auto* nowhere = reinterpret_cast<const wchar_t*>(uintptr_t{8});
-    for (const OutputForm& form : FileForms()) EXPECT_NE(1, SaveIn(form, *generator, nowhere));
+    EXPECT_EQ(0, generator->SaveToFile(reinterpret_cast<const wchar_t*>(uintptr_t{8}), 2));
     support::ExpectAllForms(support::ReferenceParse(L"[1]"), *generator);
 }
 

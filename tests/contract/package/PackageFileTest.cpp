@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "BytesAtAnEdge.h"
 #include "PackageReference.h"
 #include "PackageState.h"
 #include "Selectors.h"
@@ -98,11 +99,15 @@ TEST(PackageFile, NamesThatCannotBeUsed) {
     const Package package = LoadedPackage(L"{\"a\":1}");
     const TempFile missing;
     const TempFile file("earlier");
+    const support::BytesAtAnEdge noEnd(std::string("n\0a\0m\0e\0", 8));
     wchar_t folder[MAX_PATH + 1] = {};
     GetTempPathW(MAX_PATH, folder);
     for (const int32_t encoding : support::kKnownAndUnknownSelectors) {
         EXPECT_EQ(0, package->SaveToFile(nullptr, encoding));
         EXPECT_EQ(0, package->SaveToFile(L"", encoding));
+        EXPECT_EQ(0, package->SaveToFile(support::NowhereInMemory<const wchar_t>(), encoding));
+        EXPECT_EQ(0,
+                  package->SaveToFile(reinterpret_cast<const wchar_t*>(noEnd.Begin()), encoding));
         EXPECT_EQ(0, package->SaveToFile(folder, encoding));
         const std::wstring inMissingFolder = missing.Name() + std::wstring(L"\\below.json");
         EXPECT_EQ(0, package->SaveToFile(inMissingFolder.c_str(), encoding));

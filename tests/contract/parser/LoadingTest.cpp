@@ -207,7 +207,7 @@ TEST(Loading, NothingBehindTheLengthIsRead) {
     };
     const Parser parser = NewParser();
     for (const Row& row : rows) {
-        const BytesAtAnEdge bytes(row.bytes);
+        const support::BytesAtAnEdge bytes(row.bytes);
         const auto length = static_cast<uint32_t>(std::strlen(row.bytes));
         EXPECT_EQ(row.outcome,
                   support::OutcomeOf(*parser, parser->LoadJsonBytes(bytes.Begin(), length)))

@@ -244,8 +244,7 @@ TEST(ReadingText, DeepDocumentsOnASmallStack) {
         for (const Operation& operation : TextOperations()) {
             const bool array = operation.asks == Asks::kArrayText;
             const Answer answer = operation.call(*parser, AtMember(operation, root, value, L"v"));
-            EXPECT_TRUE(answer == (array ? Answer(1, {deep}) : Answer(0)))
-                << operation.name;
+            EXPECT_TRUE(answer == (array ? Answer(1, {deep}) : Answer(0))) << operation.name;
         }
         const wchar_t* text = nullptr;
         EXPECT_EQ(1, parser->GetObjectJsonByPath(L"/", &text));
