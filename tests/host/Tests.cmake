@@ -19,11 +19,11 @@ add_library(json_test_support OBJECT ${support}
   host/CatchFaultHost.cpp host/ImportPatchHost.cpp host/ProcessUseHost.cpp
   host/StackThreadHost.cpp)
 target_compile_definitions(json_test_support PRIVATE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0602)
-target_include_directories(json_test_support PRIVATE host ${PROJECT_SOURCE_DIR}/runtime/json operations support)
+target_include_directories(json_test_support PRIVATE host ${PROJECT_SOURCE_DIR}/runtime/json model operations support)
 target_link_libraries(json_test_support PRIVATE RapidJson ProjectWarnings GTest::gtest)
 target_precompile_headers(json_test_support PRIVATE <gtest/gtest.h> <windows.h> <functional> <map> <optional>)
 
-add_test_program(json_unit_tests SOURCES ${unit} LIBRARIES json_objects)
+add_test_program(json_unit_tests SOURCES ${unit} model/Messages.cpp LIBRARIES json_objects)
 
 if(JSON_SANITIZERS STREQUAL "thread")
   list(FILTER contract INCLUDE REGEX "Thread[^/]*$")

@@ -2,46 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include "Messages.h"
+
 namespace support {
 namespace {
-
-constexpr const wchar_t* kTexts[kMessageTexts] = {
-    L"No error.",
-    L"The document is empty.",
-    L"The root must not be followed by other values.",
-    L"Invalid value.",
-    L"Missing a name for object member.",
-    L"Missing a colon after a name of object member.",
-    L"Missing a comma or '}' after an object member.",
-    L"Missing a comma or ']' after an array element.",
-    L"Incorrect hex digit after \\u escape in string.",
-    L"The surrogate pair in string is invalid.",
-    L"Invalid escape character in string.",
-    L"Missing a closing quotation mark in string.",
-    L"Invalid encoding in string.",
-    L"Number too big to be stored in double.",
-    L"Missing fraction part in number.",
-    L"Missing exponent in number.",
-    L"Terminate parsing due to Handler error.",
-    L"Unspecific syntax error.",
-    L"The pointer to the json text is null.",
-    L"The pointer to the file name is null.",
-    L"The file name does not exist.",
-    L"The string is empty.",
-    L"Failed to load the JSON data because its root node is not an object",
-};
 
 constexpr uint32_t kObject = 4;
 
 }  // namespace
-
-const wchar_t* EnglishMessage(int code) { return kTexts[code]; }
-
-int CodeOfMessage(const std::wstring& text) {
-    for (int code = 0; code < kMessageTexts; ++code)
-        if (text == kTexts[code]) return code;
-    return -1;
-}
 
 bool operator==(const LoadOutcome& a, const LoadOutcome& b) {
     return a.result == b.result && a.code == b.code && a.offset == b.offset && a.tree == b.tree;
@@ -69,7 +37,7 @@ std::wstring TreeOf(QXJSON::IJsonParser& parser) {
 LoadOutcome OutcomeOf(QXJSON::IJsonParser& parser, int result) {
     const wchar_t* message = L"";
     EXPECT_EQ(1, parser.GetErrorMessage(&message));
-    LoadOutcome outcome = {result, CodeOfMessage(message), ~uint64_t{0}, TreeOf(parser)};
+    LoadOutcome outcome = {result, model::CodeOfMessage(message), ~uint64_t{0}, TreeOf(parser)};
     EXPECT_EQ(1, parser.GetErrorOffset(&outcome.offset));
     EXPECT_EQ(outcome.code != 0 ? 1 : 0, parser.HasError());
     return outcome;

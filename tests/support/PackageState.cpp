@@ -4,6 +4,7 @@
 
 #include <tuple>
 
+#include "Messages.h"
 #include "TempFile.h"
 
 namespace support {
@@ -49,7 +50,7 @@ PackageOutcome PackageOutcomeOf(QXJSON::IJsonPackage& package, int result) {
     size_t offset = ~size_t{0};
     EXPECT_EQ(1, package.GetErrorMessage(&message));
     EXPECT_EQ(1, package.GetErrorOffset(&offset));
-    const int code = CodeOfMessage(message);
+    const int code = model::CodeOfMessage(message);
     EXPECT_EQ(code != 0 ? 1 : 0, package.HasError());
     return {result, code, offset, PackageText(package)};
 }

@@ -6,42 +6,18 @@
 #include <string>
 #include <string_view>
 
+#include "Messages.h"
+
 namespace {
 
 using namespace QXJSON;
 
-/// What MessageCodes.h promises for each code.
-constexpr const wchar_t* kEnglishTexts[] = {
-    L"No error.",
-    L"The document is empty.",
-    L"The root must not be followed by other values.",
-    L"Invalid value.",
-    L"Missing a name for object member.",
-    L"Missing a colon after a name of object member.",
-    L"Missing a comma or '}' after an object member.",
-    L"Missing a comma or ']' after an array element.",
-    L"Incorrect hex digit after \\u escape in string.",
-    L"The surrogate pair in string is invalid.",
-    L"Invalid escape character in string.",
-    L"Missing a closing quotation mark in string.",
-    L"Invalid encoding in string.",
-    L"Number too big to be stored in double.",
-    L"Missing fraction part in number.",
-    L"Missing exponent in number.",
-    L"Terminate parsing due to Handler error.",
-    L"Unspecific syntax error.",
-    L"The pointer to the json text is null.",
-    L"The pointer to the file name is null.",
-    L"The file name does not exist.",
-    L"The string is empty.",
-    L"Failed to load the JSON data because its root node is not an object",
-};
-static_assert(std::size(kEnglishTexts) == kMessageCount);
+static_assert(model::kMessageTexts == kMessageCount);
 
 TEST(MessageCatalogue, English) {
     for (int code = 0; code < kMessageCount; ++code) {
-        EXPECT_STREQ(kEnglishTexts[code], MessagesOf(kEnglish)[code]) << "code " << code;
-        EXPECT_STREQ(kEnglishTexts[code], LookUpMessage(code)) << "code " << code;
+        EXPECT_STREQ(model::EnglishMessage(code), MessagesOf(kEnglish)[code]) << "code " << code;
+        EXPECT_STREQ(model::EnglishMessage(code), LookUpMessage(code)) << "code " << code;
     }
 }
 
@@ -53,7 +29,7 @@ TEST(MessageCatalogue, EveryLanguageHasEveryText) {
             ASSERT_NE(nullptr, texts[code]);
             EXPECT_NE(L'\0', texts[code][0]);
             if (language == kEnglish) continue;
-            EXPECT_STRNE(kEnglishTexts[code], texts[code]) << "is not translated";
+            EXPECT_STRNE(model::EnglishMessage(code), texts[code]) << "is not translated";
         }
     }
 }

@@ -9,6 +9,7 @@
 #include "FailingAllocations.h"
 #include "JsonDll.h"
 #include "LoadForm.h"
+#include "Messages.h"
 #include "TempFile.h"
 
 namespace {
@@ -55,7 +56,7 @@ bool AnotherThreadLoads() {
 
 bool MessageIs(IJsonParser& parser, int code) {
     const wchar_t* text = L"";
-    return parser.GetErrorMessage(&text) == 1 && support::CodeOfMessage(text) == code;
+    return parser.GetErrorMessage(&text) == 1 && model::CodeOfMessage(text) == code;
 }
 
 [[noreturn]] void LoadUnreadableFileName() {

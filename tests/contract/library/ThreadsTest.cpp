@@ -11,6 +11,7 @@
 
 #include "JsonDll.h"
 #include "LoadOutcome.h"
+#include "Messages.h"
 #include "StackThread.h"
 #include "TempFile.h"
 
@@ -38,9 +39,9 @@ public:
     void AskForMessages() {
         const wchar_t* text = L"";
         Check(parser->LoadJsonString(L"[1") == 0 && parser->GetErrorMessage(&text) == 1);
-        Check(std::wstring_view(text) == support::EnglishMessage(7));
+        Check(std::wstring_view(text) == model::EnglishMessage(7));
         Check(package->LoadString(L"") == 0 && package->GetErrorMessage(&text) == 1);
-        Check(std::wstring_view(text) == support::EnglishMessage(21));
+        Check(std::wstring_view(text) == model::EnglishMessage(21));
     }
 
     void Work(int round) {

@@ -7,6 +7,7 @@
 
 #include "JsonDll.h"
 #include "LoadForm.h"
+#include "Messages.h"
 
 namespace {
 
@@ -60,7 +61,7 @@ TEST(Messages, EachCodeThatALoadCanLeave) {
         EXPECT_EQ(row.code == 0 ? 1 : 0, result);
         const wchar_t* text = nullptr;
         EXPECT_EQ(1, parser->GetErrorMessage(&text));
-        EXPECT_STREQ(support::EnglishMessage(row.code), text);
+        EXPECT_STREQ(model::EnglishMessage(row.code), text);
         EXPECT_EQ(row.code == 0 ? 0 : 1, parser->HasError());
     }
 }
@@ -75,7 +76,7 @@ TEST(Messages, TextsOutliveTheParserAndAreTheSameForAll) {
         texts.insert(text);
     }
     ASSERT_EQ(1u, texts.size());
-    EXPECT_STREQ(support::EnglishMessage(7), *texts.begin());
+    EXPECT_STREQ(model::EnglishMessage(7), *texts.begin());
 }
 
 TEST(Messages, AskingChangesNothing) {
