@@ -17,8 +17,8 @@ inline wchar_t LowerAscii(wchar_t c) {
 inline bool EqualNames(std::wstring_view a, std::wstring_view b, QXJSON::KeyMatch match) {
     if (a.size() != b.size()) return false;
     for (size_t i = 0; i < a.size(); ++i) {
-        const bool equal = match == QXJSON::KeyMatch::kExact ? a[i] == b[i]
-                                                             : LowerAscii(a[i]) == LowerAscii(b[i]);
+        const bool equal =
+            match == QXJSON::KeyMatch::kExact ? a[i] == b[i] : LowerAscii(a[i]) == LowerAscii(b[i]);
         if (!equal) return false;
     }
     return true;

@@ -42,7 +42,9 @@ const Order kOrders[] = {
      },
      {4, 16}},
     {"one of eight", [](std::vector<JsonValue*>& values) { TakeEvery(values, 8); }, {2, 64}},
-    {"one of each stretch", [](std::vector<JsonValue*>& values) { TakeEvery(values, 64); }, {12, 300}},
+    {"one of each stretch",
+     [](std::vector<JsonValue*>& values) { TakeEvery(values, 64); },
+     {12, 300}},
     {"one of each stretch, at random",
      [](std::vector<JsonValue*>& values) {
          TakeEvery(values, 64);

@@ -36,9 +36,7 @@ void Add(Table& table, const Slot& slot) {
     table.Insert(slot);
 }
 
-void Remove(Table& table, const Slot& slot) {
-    table.Erase(*table.Find(slot.hash, Is(slot.value)));
-}
+void Remove(Table& table, const Slot& slot) { table.Erase(*table.Find(slot.hash, Is(slot.value))); }
 
 /// A table, and what has to be in it.
 class Subject {
@@ -65,9 +63,8 @@ public:
         const Slot slot = all[number];
         Remove(table, slot);
         const auto [first, end] = model.equal_range(slot.hash);
-        model.erase(std::find_if(first, end, [&](const auto& entry) {
-            return entry.second == slot.value;
-        }));
+        model.erase(std::find_if(first, end,
+                                 [&](const auto& entry) { return entry.second == slot.value; }));
         all[number] = all.back();
         all.pop_back();
     }
@@ -125,7 +122,8 @@ TEST(HashTable, RandomSteps) {
             Subject subject;
             for (int i = 0; i < 2000; ++i) {
                 const bool grows = i / 500 % 2 == 0;
-                if (subject.Count() == 0 || (subject.Count() < most && random() % 3 < (grows ? 2 : 1)))
+                if (subject.Count() == 0 ||
+                    (subject.Count() < most && random() % 3 < (grows ? 2 : 1)))
                     subject.Insert(hash(random));
                 else
                     subject.Erase(random() % subject.Count());

@@ -22,7 +22,8 @@ class Foreign {
 public:
     explicit Foreign(size_t count) {
         object.SetObject();
-        for (size_t i = 0; i < count; ++i) object.AddMember(Text(L"", i), JsonValue(1), Allocator());
+        for (size_t i = 0; i < count; ++i)
+            object.AddMember(Text(L"", i), JsonValue(1), Allocator());
     }
     void Rename(const wchar_t* begin) {
         size_t number = 0;

@@ -91,8 +91,9 @@ TEST(MemberRemoval, CostsTheSameForEver) {
                 Fill(object, live);
                 const uint64_t before = object.Work();
                 for (size_t i = 0; i < steps; ++i) script.step(object, i, random);
-                return Cost{static_cast<double>(object.Work() - before) / static_cast<double>(steps),
-                            static_cast<double>(object.Bytes()) / static_cast<double>(live)};
+                return Cost{
+                    static_cast<double>(object.Work() - before) / static_cast<double>(steps),
+                    static_cast<double>(object.Bytes()) / static_cast<double>(live)};
             });
         }
 }
@@ -209,7 +210,8 @@ TEST(MemberRemoval, GivesMemoryBack) {
                 for (int i = 0; i < 5; ++i) object.Find(L"absent", KeyMatch::kExact);
                 EXPECT_GE(object.Bytes(), 4 * count);
                 while (object.Count() > kLeft) object.Remove(order.next(object.Count(), random));
-                // With the list of removed numbers, which is as long as the root of the most members.
+                // With the list of removed numbers, which is as long as the root of the most
+                // members.
                 EXPECT_LE(object.Bytes(), 200 * kLeft);
                 for (size_t i = 0; i < kLeft; ++i) ASSERT_TRUE(object.Finds(object.NameAt(i)));
                 while (object.Count() > 0) object.Remove(object.Count() / 2);

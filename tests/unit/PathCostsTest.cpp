@@ -80,8 +80,8 @@ constexpr Rows kRows[] = {{"objects by handle", true, false},
                           {"arrays by path", false, true}};
 
 void AddRow(Building& building, const Rows& rows, size_t row, size_t columns) {
-    const int32_t handle =
-        rows.objects ? building.Add(kRoot, nullptr, ObjectItem()) : building.Add(kRoot, nullptr, ArrayItem());
+    const int32_t handle = rows.objects ? building.Add(kRoot, nullptr, ObjectItem())
+                                        : building.Add(kRoot, nullptr, ArrayItem());
     for (size_t i = 0; i < columns; ++i) {
         const std::wstring name = Column(i);
         const wchar_t* const key = rows.objects ? name.c_str() : nullptr;
@@ -280,7 +280,8 @@ const Failure kFailures[] = {
     {"a member, without an output",
      [](DocumentBuilder& builder, const std::wstring& number) {
          uint32_t* const none = nullptr;
-         return builder.Add(builder.ByPath(L"/object"), (L"key" + number).c_str(), NullItem(), none);
+         return builder.Add(builder.ByPath(L"/object"), (L"key" + number).c_str(), NullItem(),
+                            none);
      },
      kPlainFailure},
     {"members below several segments, without an output",
@@ -311,8 +312,8 @@ const Failure kFailures[] = {
     {"a number that is none",
      [](DocumentBuilder& builder, const std::wstring& number) {
          uint32_t handle = 0;
-         return builder.Add(builder.ByPath(L"/object"), number.c_str(),
-                            SpecialNumberItem(4), &handle);
+         return builder.Add(builder.ByPath(L"/object"), number.c_str(), SpecialNumberItem(4),
+                            &handle);
      },
      kPlainFailure},
 };

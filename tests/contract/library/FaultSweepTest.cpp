@@ -130,8 +130,8 @@ enum class Outcome {
     kNotTried,
 };
 
-/// These are measured as the system does, which takes a text that cannot be read for empty: texts of
-/// JSON, and the names of files to be written.
+/// These are measured as the system does, which takes a text that cannot be read for empty: texts
+/// of JSON, and the names of files to be written.
 bool IsMeasuredBySystem(const Operation& operation, const Pointer& pointer) {
     if (pointer.parameter == kFileName) return operation.name.compare(0, 10, "SaveToFile") == 0;
     return pointer.parameter == kText &&
