@@ -141,7 +141,8 @@ TEST(HashTable, ErasingClosesGaps) {
     for (int round = 0; round < 1000; ++round) {
         Subject subject;
         const uint32_t homes = 1 + random() % 4;
-        for (int i = 0; i < 12; ++i) subject.Insert((14 + random() % homes) % 16 << 28 | 1);
+        for (int i = 0; i < 12; ++i)
+            subject.Insert(static_cast<uint32_t>((14 + random() % homes) % 16 << 28 | 1));
         while (subject.Count() > 0) {
             subject.Erase(random() % subject.Count());
             ASSERT_NO_FATAL_FAILURE(subject.Check());
@@ -167,7 +168,7 @@ TEST(HashTable, FindOrInsertPutsInWhatIsNotThere) {
         for (int i = 0; i < 500; ++i) {
             const Slot slot = subject.Count() > 0 && random() % 2
                                   ? subject.At(random() % subject.Count())
-                                  : Slot{hash(random), random() % 50 + 1};
+                                  : Slot{hash(random), static_cast<uint32_t>(random() % 50 + 1)};
             ASSERT_NO_FATAL_FAILURE(subject.InsertOnce(slot));
         }
         ASSERT_NO_FATAL_FAILURE(subject.Check());
@@ -236,7 +237,7 @@ std::vector<Slot> RandomSlots(size_t count) {
     std::mt19937 random(14);
     std::vector<Slot> slots;
     while (slots.size() < count)
-        slots.push_back({random() | 1, static_cast<uint32_t>(slots.size())});
+        slots.push_back({static_cast<uint32_t>(random() | 1), static_cast<uint32_t>(slots.size())});
     return slots;
 }
 

@@ -22,10 +22,12 @@ constexpr size_t kCalls = 1000;
 /// Names that are so long that a thousand of them take several blocks of any pool.
 constexpr size_t kLength = 200;
 
-/// A different one for each number, without a digit: a digit in a path is looked at with its parent.
+/// A different one for each number, without a digit: a digit in a path is looked at with its
+/// parent.
 std::wstring LongName(size_t number) {
     std::wstring name(kLength, L'n');
-    for (size_t at = 0; number > 0; number /= 10) name[at++] = static_cast<wchar_t>(L'a' + number % 10);
+    for (size_t at = 0; number > 0; number /= 10)
+        name[at++] = static_cast<wchar_t>(L'a' + number % 10);
     return name;
 }
 
@@ -67,10 +69,8 @@ const Failure kFailures[] = {
          arguments.output = building::Output::kMissing;
          return arguments;
      }},
-    {"below the wrong kind",
-     [](Scene& scene, const Operation& operation, const std::wstring&) {
-         return Place(scene, !operation.keyed);
-     }},
+    {"below the wrong kind", [](Scene& scene, const Operation& operation,
+                                const std::wstring&) { return Place(scene, !operation.keyed); }},
     {"below a scalar",
      [](Scene& scene, const Operation&, const std::wstring&) { return scene.Place(L"number"); }},
     {"below nothing",

@@ -72,8 +72,7 @@ TEST(ReadingForeignReferences, ToMembersThatGetOtherNames) {
     building::Document document;
     auto& allocator = document.GetAllocator();
     document.SetObject();
-    for (int i = 0; i < 25; ++i)
-        document.AddMember(Value(L"name", allocator), Value(i), allocator);
+    for (int i = 0; i < 25; ++i) document.AddMember(Value(L"name", allocator), Value(i), allocator);
     const uint64_t object = building::ReferenceOf(document);
     for (const wchar_t* begin : {L"old ", L"new ", L"another one ", L"old "}) {
         int number = 0;
@@ -92,7 +91,8 @@ void AddMembers(QXJSON::IJsonGenerator& generator, uint64_t object, const wchar_
     static int32_t last = 1000;
     uint64_t member = 0;
     for (size_t i = first; i < first + count; ++i)
-        ASSERT_EQ(1, generator.AddObjectValueInt(object, NameOf(begin, i).c_str(), ++last, &member));
+        ASSERT_EQ(1,
+                  generator.AddObjectValueInt(object, NameOf(begin, i).c_str(), ++last, &member));
 }
 
 TEST(ReadingForeignReferences, ToARootThatIsAnotherObjectNow) {
