@@ -91,14 +91,14 @@ TEST(BlobSizes, TooManyBytes) {
 int g_calls = 0;
 
 /// A system that counts in too few bits, as Wine does from 2^28 bytes on.
-BOOL WINAPI CountTooFew(const BYTE*, DWORD, DWORD, LPWSTR text, DWORD* count) {
+BOOL WINAPI CountTooFew(const BYTE*, DWORD, DWORD, wchar_t* text, DWORD* count) {
     ++g_calls;
     if (text) *text = L'\0';
     *count = 1;
     return TRUE;
 }
 
-BOOL WINAPI CountTooMany(const BYTE*, DWORD, DWORD, LPWSTR, DWORD* count) {
+BOOL WINAPI CountTooMany(const BYTE*, DWORD, DWORD, wchar_t*, DWORD* count) {
     ++g_calls;
     *count = 0x80000000;
     return TRUE;

@@ -59,18 +59,18 @@ struct Failure {
     Arguments (*arguments)(Scene& scene, const Operation& operation, const std::wstring& name);
 };
 
-Arguments Place(Scene& scene, bool object) { return scene.Place(object ? L"object" : L"array"); }
+Arguments PlaceOf(Scene& scene, bool object) { return scene.Place(object ? L"object" : L"array"); }
 
 /// What no output is written to, and what is no place, a call answers before it makes anything.
 const Failure kFailures[] = {
     {"without an output",
      [](Scene& scene, const Operation& operation, const std::wstring&) {
-         Arguments arguments = Place(scene, operation.keyed);
-         arguments.output = building::Output::kMissing;
+         Arguments arguments = PlaceOf(scene, operation.hasKey);
+         arguments.outputs[0] = support::kMissing;
          return arguments;
      }},
     {"below the wrong kind", [](Scene& scene, const Operation& operation,
-                                const std::wstring&) { return Place(scene, !operation.keyed); }},
+                                const std::wstring&) { return PlaceOf(scene, !operation.hasKey); }},
     {"below a scalar",
      [](Scene& scene, const Operation&, const std::wstring&) { return scene.Place(L"number"); }},
     {"below nothing",
@@ -94,14 +94,14 @@ const Failure kFailures[] = {
 };
 
 TEST(Costs, ItemsThatAreNotAddedKeepNoMemory) {
-    for (const Operation& operation : building::Operations())
+    for (const Operation& operation : support::AddingOperations())
         for (const Failure& failure : kFailures) {
             Scene scene;
             const auto payload = building::With(building::SomeItem(operation.kind)).payload;
             ExpectNothingKept(operation.name + " " + failure.what, [&](const std::wstring& name) {
                 Arguments arguments = failure.arguments(scene, operation, name);
                 arguments.payload = payload;
-                arguments.key = operation.keyed ? name.c_str() : nullptr;
+                arguments.key = operation.hasKey ? name.c_str() : nullptr;
                 EXPECT_LE(operation.call(scene.Generator(), arguments).result, 0) << operation.name;
             });
         }
@@ -123,9 +123,10 @@ TEST(Costs, JsonThatIsNoneKeepsNoMemory) {
     ExpectNothingKept("grafts", [&](const std::wstring& name) {
         uint32_t handle = 0;
         const std::wstring json = L"{\"" + name + L"\":[\"" + name + L"\",";
-        EXPECT_EQ(0, scene.Generator().AddObjectItemJsonString(object.handle, name.c_str(),
-                                                               json.c_str(), &handle));
-        EXPECT_EQ(0, scene.Generator().AddArrayItemJsonString(array.handle, json.c_str(), &handle));
+        EXPECT_EQ(0, scene.Generator().AddObjectItemJsonString(
+                         static_cast<int32_t>(object.handle), name.c_str(), json.c_str(), &handle));
+        EXPECT_EQ(0, scene.Generator().AddArrayItemJsonString(static_cast<int32_t>(array.handle),
+                                                              json.c_str(), &handle));
     });
 }
 
@@ -136,8 +137,10 @@ TEST(Costs, OverwritingKeepsNoMemory) {
     const Arguments root = scene.Place(L"");
     ExpectNothingKept("overwriting", [&](const std::wstring&) {
         uint32_t handle = 0;
-        EXPECT_EQ(1, scene.Generator().AddObjectItemInt(root.handle, L"number", 7, &handle));
-        EXPECT_EQ(1, scene.Generator().AddObjectItemArray(root.handle, L"emptied", &handle));
+        EXPECT_EQ(1, scene.Generator().AddObjectItemInt(static_cast<int32_t>(root.handle),
+                                                        L"number", 7, &handle));
+        EXPECT_EQ(1, scene.Generator().AddObjectItemArray(static_cast<int32_t>(root.handle),
+                                                          L"emptied", &handle));
         EXPECT_EQ(1, scene.Generator().GetItemHandleByPath(L"/text", &handle));
         EXPECT_EQ(1, scene.Generator().GetItemHandleByPath(L"/spare/3", &handle));
     });
