@@ -6,16 +6,15 @@
 #include <algorithm>
 #include <memory>
 
-#include "GraftReference.h"
+#include "GraftScene.h"
 #include "LoadForm.h"
+#include "OutputReference.h"
 #include "PackageDelegate.h"
+#include "PackageModel.h"
 #include "PackageReference.h"
 #include "PackageState.h"
-#include "ReferenceLoad.h"
+#include "ParserReference.h"
 #include "support/Choices.h"
-#include "support/PackageModel.h"
-#include "support/Readings.h"
-#include "support/RoundTrip.h"
 
 namespace {
 
@@ -77,10 +76,11 @@ private:
 /// What was written loads again, and is then the same. Halves of surrogate pairs, which come into a
 /// document as escapes, are no text that loads.
 void ExpectToLoadAgain(const std::wstring& tree) {
-    if (tree.empty() || !fuzz::IsWellFormed(tree)) return;
-    EXPECT_EQ(tree, fuzz::ReadExactly(tree));
+    if (tree.empty() || !model::IsWellFormed(tree)) return;
+    EXPECT_EQ(tree, building::TextOf(model::ParseExactly(tree)));
     const support::Parser parser = support::NewParser();
-    EXPECT_EQ(support::Success(fuzz::ReadByDefault(tree)), support::LoadText(*parser, tree));
+    EXPECT_EQ(support::Success(building::TextOf(model::Parse(tree))),
+              support::LoadText(*parser, tree));
 }
 
 void ExpectOfParser(const std::string& bytes, const wchar_t* text, bool withFiles) {
@@ -89,13 +89,13 @@ void ExpectOfParser(const std::string& bytes, const wchar_t* text, bool withFile
     std::copy(bytes.begin(), bytes.end(), exact.get());
     const auto length = static_cast<uint32_t>(bytes.size());
     const auto loaded = support::OutcomeOf(*parser, parser->LoadJsonBytes(exact.get(), length));
-    EXPECT_EQ(support::ReferenceLoadBytes(bytes), loaded);
+    EXPECT_EQ(model::ReferenceLoadBytes(bytes), loaded);
     ExpectToLoadAgain(loaded.tree);
-    EXPECT_EQ(support::ReferenceLoadText(text),
+    EXPECT_EQ(model::ReferenceLoadText(text),
               support::OutcomeOf(*parser, parser->LoadJsonString(text)));
     if (!withFiles) return;
     const support::TempFile file(bytes);
-    EXPECT_EQ(support::ReferenceLoadFile(file.Name()),
+    EXPECT_EQ(model::ReferenceLoadFile(file.Name()),
               support::OutcomeOf(*parser, parser->LoadJsonFile(file.Name())));
     EXPECT_TRUE(file.IsClosed());
 }
@@ -104,9 +104,9 @@ void ExpectOfParser(const std::string& bytes, const wchar_t* text, bool withFile
 void ExpectOfPackageValue(const std::wstring& text, const support::JsonRoute& route) {
     SCOPED_TRACE(route.name);
     const support::Package package = support::NewPackage();
-    fuzz::PackageModel model;
+    model::PackageModel model;
     EXPECT_EQ(1, package->SetValueBoolean(L"a", true));
-    model.Set(L"a", fuzz::Value(true));
+    model.Set(L"a", model::Value(true));
     EXPECT_EQ(model.SetJson(L"b", text), route.set(*package, L"b", text.c_str()));
     EXPECT_EQ(model.State(), support::PackageStateOf(*package));
 }
@@ -114,12 +114,12 @@ void ExpectOfPackageValue(const std::wstring& text, const support::JsonRoute& ro
 void ExpectOfPackage(const std::string& bytes, const wchar_t* text, fuzz::Choices& choices,
                      bool withFiles) {
     const support::Package package = support::LoadedPackage(L"{\"before\":1}");
-    const auto expected = support::ReferencePackageText(text);
+    const auto expected = model::ReferencePackageText(text);
     EXPECT_EQ(expected, support::PackageOutcomeOf(*package, package->LoadString(text)));
     ExpectOfPackageValue(text, choices.Of(support::JsonRoutes()));
     if (!withFiles) return;
     const support::TempFile file(bytes);
-    EXPECT_EQ(support::ReferencePackageFile(file.Name()),
+    EXPECT_EQ(model::ReferencePackageFile(file.Name()),
               support::PackageOutcomeOf(*package, package->LoadFile(file.Name())));
     EXPECT_TRUE(file.IsClosed());
 }

@@ -6,14 +6,13 @@
 #include <limits>
 
 #include "Base64.h"
+#include "OutputReference.h"
 #include "PackageDelegate.h"
+#include "PackageModel.h"
 #include "PackageReference.h"
-#include "ReferenceLoad.h"
 #include "TempFile.h"
 #include "support/Choices.h"
-#include "support/PackageModel.h"
 #include "support/RandomJson.h"
-#include "support/RoundTrip.h"
 
 namespace {
 
@@ -289,17 +288,15 @@ private:
 
     void LoadText() {
         const std::wstring json = AnyJson();
-        const auto expected = support::ReferencePackageText(json);
+        const auto expected = model.Load(model::ReadText(model::kPackageLoads, json));
         EXPECT_EQ(expected, support::LoadPackageText(*package, json));
-        model.Load(expected, json);
     }
 
     void LoadFile() {
         const std::wstring json = AnyJson();
         const support::TempFile file(support::Encode(json, choices.Of(support::kAllEncodings)));
-        const auto expected = support::ReferencePackageFile(file.Name());
+        const auto expected = model.Load(model::ReadFile(model::kPackageLoads, file.Name()));
         EXPECT_EQ(expected, support::PackageOutcomeOf(*package, package->LoadFile(file.Name())));
-        model.Load(expected, json);
     }
 
     /// Halves of surrogate pairs end the output in encodings that cannot hold them.
@@ -309,19 +306,19 @@ private:
         const void* data = nullptr;
         size_t length = 0;
         EXPECT_EQ(1, package->GetBytes(&data, &length, encoding));
-        if (!fuzz::IsWellFormed(text)) return;
-        const std::string expected = support::PackageTextIn(encoding, text);
+        if (!model::IsWellFormed(text)) return;
+        const std::string expected = support::TextIn(encoding, text);
         EXPECT_EQ(expected, std::string(static_cast<const char*>(data), length));
         const support::TempFile file;
         EXPECT_EQ(1, package->SaveToFile(file.Name(), encoding));
         const std::string saved = file.Bytes();
         EXPECT_TRUE(file.IsClosed());
         if (text.back() != L'}') return;
-        EXPECT_EQ(support::PackageMark(encoding) + expected, saved);
+        EXPECT_EQ(support::MarkOf(encoding) + expected, saved);
         const support::Package again = support::NewPackage();
         EXPECT_EQ(1, again->LoadFile(file.Name()));
-        EXPECT_EQ(text, fuzz::ReadExactly(text));
-        EXPECT_EQ(fuzz::ReadByDefault(text), support::PackageText(*again));
+        EXPECT_EQ(text, building::TextOf(model::ParseExactly(text)));
+        EXPECT_EQ(building::TextOf(model::Parse(text)), support::PackageText(*again));
     }
 
     // ---- Choices -------------------------------------------------------------------------------
@@ -349,7 +346,7 @@ private:
 
     fuzz::Choices& choices;
     support::Package package = support::NewPackage();
-    fuzz::PackageModel model;
+    model::PackageModel model;
 };
 
 }  // namespace

@@ -5,13 +5,13 @@
 #include "CatchFault.h"
 #include "JsonDll.h"
 #include "LoadOutcome.h"
+#include "ParserModel.h"
 #include "support/Choices.h"
-#include "support/ParserModel.h"
 #include "support/RandomJson.h"
 
 namespace {
 
-using fuzz::Value;
+using model::Value;
 using support::Arguments;
 using support::Asks;
 using support::Operation;
@@ -85,7 +85,7 @@ private:
         for (uint32_t i = 0; i < object.MemberCount() + 8; ++i) {
             Arguments arguments;
             std::wstring key = i < object.MemberCount()
-                                   ? fuzz::TextOf(object.MemberBegin()[i].name).c_str()
+                                   ? model::CharactersOf(object.MemberBegin()[i].name).c_str()
                                    : fuzz::RandomKey(choices);
             if (i % 2 != 0 && !key.empty()) key[i / 2 % key.size()] ^= 0x20;
             arguments.reference = model.ReferenceOf(object);
@@ -107,7 +107,7 @@ private:
                 value = &(*value)[index];
             } else if (value->IsObject() && !value->ObjectEmpty()) {
                 auto& member = value->MemberBegin()[choices.Below(value->MemberCount())];
-                pathToTarget += L"/" + InPath(fuzz::TextOf(member.name).c_str());
+                pathToTarget += L"/" + InPath(model::CharactersOf(member.name).c_str());
                 value = &member.value;
             }
         }
@@ -129,14 +129,15 @@ private:
         if (!value.IsObject() || value.ObjectEmpty() || choices.OneIn(4))
             return fuzz::RandomKey(choices);
         std::wstring key =
-            fuzz::TextOf(value.MemberBegin()[choices.Below(value.MemberCount())].name).c_str();
+            model::CharactersOf(value.MemberBegin()[choices.Below(value.MemberCount())].name)
+                .c_str();
         if (!key.empty() && choices.OneIn(3)) key[choices.Below(8) % key.size()] ^= 0x20;
         return key;
     }
 
     fuzz::Choices& choices;
     support::Parser parser;
-    fuzz::ParserModel model;
+    model::ParserModel model;
     std::wstring pathToTarget;
 };
 

@@ -2,16 +2,11 @@
 
 #include <gtest/gtest.h>
 #include <rapidjson/pointer.h>
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
+
+#include "OutputReference.h"
 
 namespace building {
 namespace {
-
-using Utf16 = rapidjson::UTF16<>;
-using Buffer = rapidjson::GenericStringBuffer<Utf16>;
-using TreeWriter = rapidjson::Writer<Buffer, Utf16, Utf16, rapidjson::CrtAllocator,
-                                     rapidjson::kWriteNanAndInfFlag>;
 
 void Collect(const Value& value, const std::wstring& pointer, std::vector<std::wstring>& all) {
     all.push_back(pointer);
@@ -31,12 +26,7 @@ void Collect(const Value& value, const std::wstring& pointer, std::vector<std::w
 
 }  // namespace
 
-std::wstring TextOf(const Value& value) {
-    Buffer buffer;
-    TreeWriter writer(buffer);
-    value.Accept(writer);
-    return {buffer.GetString(), buffer.GetSize() / sizeof(wchar_t)};
-}
+std::wstring TextOf(const Value& value) { return model::ReferenceText(value); }
 
 std::wstring TextOf(QXJSON::IJsonGenerator& generator) {
     const wchar_t* text = nullptr;

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "GraftReference.h"
 #include "OutputForm.h"
+#include "OutputReference.h"
 
 namespace support {
 namespace {
@@ -86,6 +88,24 @@ void GraftScene::ExpectFailure(int result, const Operation& route, const Argumen
 void GraftScene::ExpectNextHandle(uint32_t next) {
     const std::wstring path = L"/spare/" + std::to_wstring(++spares);
     EXPECT_EQ(next, HandleAt(*generator, path.c_str()));
+}
+
+bool ExpectAsReference(const Operation& route, const GraftSource& source) {
+    SCOPED_TRACE(route.name);
+    GraftScene scene;
+    const Arguments arguments = GraftScene::Good(route, source);
+    const model::Taken taken = model::ReferenceTake(route, source);
+    if (taken.kind == model::Taken::kContainer) {
+        const std::wstring tree = model::ReferenceText(taken.tree);
+        EXPECT_EQ(GraftScene::AnswerOf(route), route.call(*scene, arguments));
+        EXPECT_EQ(GraftScene::DocumentWith(route, tree), JsonOf(*scene));
+    } else {
+        const bool isBroken = taken.kind == model::Taken::kBroken;
+        scene.ExpectFailure(isBroken ? BadSourceResult(route) : -3, route, arguments);
+        scene.ExpectNextHandle(GraftScene::kNext);
+    }
+    EXPECT_TRUE(source.IsClosed());
+    return taken.kind == model::Taken::kContainer;
 }
 
 }  // namespace support

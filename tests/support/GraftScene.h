@@ -64,4 +64,9 @@ private:
     int spares = 0;
 };
 
+/// Takes a source in through a route, in a scene of its own, and expects what the model does: the
+/// tree in its place, or the result of the failure and nothing changed. Returns whether it was a
+/// tree.
+bool ExpectAsReference(const Operation& route, const GraftSource& source);
+
 }  // namespace support

@@ -36,7 +36,7 @@ Written WriteFile(const OutputForm& form, QXJSON::IJsonGenerator& generator) {
 
 std::vector<OutputForm> MakeFileForms() {
     std::vector<OutputForm> forms;
-    for (const int32_t selector : kAllSelectors) {
+    for (const int32_t selector : support::kAllSelectors) {
         forms.push_back({OutputForm::kFile, selector});
         for (const int32_t style : {0, 1})
             forms.push_back({OutputForm::kIndentedFile, selector, style});
@@ -47,7 +47,8 @@ std::vector<OutputForm> MakeFileForms() {
 std::vector<OutputForm> MakeForms() {
     std::vector<OutputForm> forms = FileForms();
     forms.push_back({OutputForm::kText});
-    for (const int32_t selector : kAllSelectors) forms.push_back({OutputForm::kBytes, selector});
+    for (const int32_t selector : support::kAllSelectors)
+        forms.push_back({OutputForm::kBytes, selector});
     return forms;
 }
 
@@ -104,19 +105,19 @@ Written WriteIn(const OutputForm& form, QXJSON::IJsonGenerator& generator) {
     }
 }
 
-Written ReferenceIn(const OutputForm& form, const ReferenceDocument& document) {
+Written ReferenceIn(const OutputForm& form, const model::Value& document) {
     switch (form.operation) {
         case OutputForm::kText:
-            return {1, BytesOf(ReferenceText(document))};
+            return {1, BytesOf(model::ReferenceText(document))};
         case OutputForm::kBytes:
-            return {1, ReferenceBytes(document, form.selector)};
+            return {1, model::ReferenceBytes(document, form.selector)};
         default:
-            return {1, ReferenceFile(document, form.selector,
-                                     form.operation == OutputForm::kIndentedFile)};
+            return {1, model::ReferenceFile(document, form.selector,
+                                            form.operation == OutputForm::kIndentedFile)};
     }
 }
 
-void ExpectAllForms(const ReferenceDocument& document, QXJSON::IJsonGenerator& generator) {
+void ExpectAllForms(const model::Value& document, QXJSON::IJsonGenerator& generator) {
     for (const OutputForm& form : AllOutputForms())
         EXPECT_EQ(ReferenceIn(form, document), WriteIn(form, generator)) << form;
 }

@@ -50,10 +50,10 @@ Written WriteIn(const OutputForm& form, QXJSON::IJsonGenerator& generator);
 int SaveIn(const OutputForm& form, QXJSON::IJsonGenerator& generator, const wchar_t* fileName);
 
 /// What is to come of writing this document, by RapidJSON's own writers.
-Written ReferenceIn(const OutputForm& form, const ReferenceDocument& document);
+Written ReferenceIn(const OutputForm& form, const model::Value& document);
 
 /// Expects of every form what RapidJSON's own writers make of the same document.
-void ExpectAllForms(const ReferenceDocument& document, QXJSON::IJsonGenerator& generator);
+void ExpectAllForms(const model::Value& document, QXJSON::IJsonGenerator& generator);
 
 /// A generator that has loaded `json`; the test fails when the load does.
 Generator GeneratorOf(const std::wstring& json);

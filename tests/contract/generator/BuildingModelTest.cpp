@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "BuildModel.h"
+#include "GeneratorModel.h"
 #include "JsonDll.h"
 
 namespace {
@@ -22,8 +22,8 @@ const wchar_t* const kSegments[] = {L"a", L"b",    L"",   L"0",  L"1",  L"2",
 
 class Walk {
 public:
-    Walk(unsigned seed, bool isObject)
-        : random(seed), model(isObject ? rapidjson::kObjectType : rapidjson::kArrayType) {
+    Walk(unsigned seed, bool isObject) : random(seed) {
+        model.Reset(isObject ? rapidjson::kObjectType : rapidjson::kArrayType);
         EXPECT_EQ(1, isObject ? generator->ResetRootObjectValue(&root)
                               : generator->ResetRootArrayValue(&root));
         uint32_t handle = 0;
@@ -60,8 +60,7 @@ private:
 
     int32_t AnyHandle() { return Draw(static_cast<int>(model.LastHandle()) + 2); }
 
-    /// One in eight is spoilt. Selectors that do not exist are left to the family of paths: in the
-    /// others it is open whether a lost parent is found before them.
+    /// One in eight is spoilt.
     Item AnyItem(const Operation& operation) {
         std::vector<Item> items;
         for (const Item& item : Items())
@@ -72,8 +71,7 @@ private:
         item.payload.text = nullptr;
         item.payload.variant.text = nullptr;
         if (Draw(2) == 0) item.payload.variant.tag = 7;
-        if (operation.kind == Kind::kSpecialNumber && operation.place == Place::kPath)
-            item.payload.word = 4;
+        if (operation.kind == Kind::kSpecialNumber) item.payload.word = 4;
         return item;
     }
 
@@ -89,9 +87,8 @@ private:
         arguments.handle = AnyHandle();
         arguments.path = path.c_str();
         arguments.key = Any(kKeys);
-        const bool needsKey =
-            operation.kind == Kind::kVariant || operation.kind == Kind::kSpecialNumber;
-        if (!needsKey && Draw(20) == 0) arguments.key = nullptr;
+        // Without a key, a variant is added by another operation.
+        if (operation.kind != Kind::kVariant && Draw(20) == 0) arguments.key = nullptr;
 
         SCOPED_TRACE(testing::Message()
                      << operation.name << " of " << item.name << ", handle " << arguments.handle
@@ -127,7 +124,7 @@ private:
 
     std::mt19937 random;
     support::Generator generator = support::NewGenerator();
-    Model model;
+    model::GeneratorModel model;
     uint64_t root = 0;
 };
 

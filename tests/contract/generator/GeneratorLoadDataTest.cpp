@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "Encode.h"
-#include "GraftReference.h"
 #include "JsonDll.h"
 #include "LoadOutcome.h"
 #include "OutputForm.h"
@@ -63,12 +62,12 @@ TEST(GeneratorLoadData, TextsComeBackUnchanged) {
     documents.insert(documents.end(), std::begin(kRoundTrips), std::end(kRoundTrips));
     for (const Named& document : documents) {
         SCOPED_TRACE(testing::PrintToString(document.name));
-        const support::ReferenceDocument reference = [&] {
+        const model::Document reference = [&] {
             rapidjson::GenericDocument<rapidjson::UTF16<>> parsed;
             parsed.Parse<rapidjson::kParseDefaultFlags, rapidjson::UTF8<>>(document.bytes.c_str());
             return parsed;
         }();
-        const Generator generator = GeneratorOf(support::ReferenceText(reference));
+        const Generator generator = GeneratorOf(model::ReferenceText(reference));
         EXPECT_EQ(document.bytes, support::Encode(JsonOf(*generator), support::Encoding::kUtf8));
 
         const TempFile file(document.bytes);
@@ -105,7 +104,7 @@ void ExpectToComeBack(const std::string& bytes) {
     EXPECT_TRUE(ReadBack(source.Name()) == text) << "loaded differently from the parser";
 
     // Reading a double is not exact to the last bit, so that a second reading may differ.
-    const std::wstring expected = support::ReferenceText(support::ReferenceParse(text));
+    const std::wstring expected = model::ReferenceText(model::Parse(text));
     for (const OutputForm& form : support::FileForms()) {
         if (form.style == 1) continue;
         const TempFile copy;
@@ -147,7 +146,7 @@ TEST(GeneratorLoadData, LargeDocumentsAreGrafted) {
         ASSERT_EQ(1, generator->CreateRootArray(&handle));
         EXPECT_EQ(1, generator->AddArrayItemJsonFile(1, source.Name(), &handle));
         EXPECT_EQ(1, generator->AddArrayItemJsonStringByPath(L"/", text.c_str(), &handle));
-        const std::wstring second = support::ReferenceText(support::ReferenceParse(text));
+        const std::wstring second = model::ReferenceText(model::Parse(text));
         EXPECT_TRUE(L"[" + text + L"," + second + L"]" == JsonOf(*generator));
     }
 }

@@ -8,17 +8,17 @@
 #include "GraftRoute.h"
 #include "GraftScene.h"
 #include "OutputForm.h"
-#include "ReferenceLoad.h"
+#include "PlainReader.h"
 
 namespace {
 
+using model::FromAnsi;
+using model::Taken;
 using support::ExpectAsReference;
 using support::FileRoutes;
-using support::FromAnsi;
 using support::GraftScene;
 using support::GraftSource;
 using support::Operation;
-using support::Taken;
 
 const std::string kMark = "\xEF\xBB\xBF";
 
@@ -64,7 +64,7 @@ TEST(GraftAnsi, TheSecondAttempt) {
         SCOPED_TRACE(testing::PrintToString(row.bytes));
         for (const Operation& route : FileRoutes()) {
             const GraftSource source(route, row.bytes);
-            EXPECT_EQ(row.kind, ReferenceTake(route, source).kind) << route;
+            EXPECT_EQ(row.kind, model::ReferenceTake(route, source).kind) << route;
             ExpectAsReference(route, source);
         }
     }

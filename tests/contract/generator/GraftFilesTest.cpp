@@ -15,17 +15,17 @@
 #include "ImportPatch.h"
 #include "JsonDll.h"
 #include "OutputForm.h"
+#include "PlainReader.h"
 #include "ProcessUse.h"
-#include "ReferenceLoad.h"
 #include "TempFile.h"
 
 namespace {
 
+using model::FromAnsi;
 using support::Answer;
 using support::Arguments;
 using support::Asks;
 using support::FileRoutes;
-using support::FromAnsi;
 using support::GraftScene;
 using support::ImportPatch;
 using support::JsonOf;

@@ -74,7 +74,7 @@ TEST(GraftKeys, AreStoredAsTheyAre) {
             SCOPED_TRACE(testing::PrintToString(key.key));
             const Generator generator = GeneratorOf(L"{\"spare\":0}");
             EXPECT_EQ((Answer{1, 2}), GraftUnder(route, *generator, 1, L"/", key.key, 1));
-            const support::ReferenceDocument document = support::ReferenceParse(JsonOf(*generator));
+            const model::Document document = model::Parse(JsonOf(*generator));
             ASSERT_EQ(2u, document.MemberCount());
             EXPECT_STREQ(key.key, (document.MemberBegin() + 1)->name.GetString());
             EXPECT_EQ(key.itemPath, PathOf(*generator, 2));

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "Encode.h"
-#include "GraftReference.h"
 #include "GraftRoute.h"
+#include "GraftScene.h"
 
 namespace {
 

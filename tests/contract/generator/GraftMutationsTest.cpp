@@ -8,6 +8,7 @@
 #include "Encode.h"
 #include "GraftReference.h"
 #include "GraftRoute.h"
+#include "GraftScene.h"
 
 namespace {
 

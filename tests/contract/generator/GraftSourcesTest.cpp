@@ -8,16 +8,17 @@
 #include "Encode.h"
 #include "GraftReference.h"
 #include "GraftRoute.h"
+#include "GraftScene.h"
 
 namespace {
 
+using model::Taken;
 using support::AllGraftRoutes;
 using support::Encode;
 using support::Encoding;
 using support::ExpectAsReference;
 using support::GraftSource;
 using support::Operation;
-using support::Taken;
 
 struct Row {
     const wchar_t* json;
@@ -106,7 +107,7 @@ TEST(GraftSources, Texts) {
             const GraftSource source(route, std::wstring(row.json));
             ExpectAsReference(route, source);
             const Taken::Kind kind = IsTriedAgain(row, route) ? Taken::kContainer : row.kind;
-            EXPECT_EQ(kind, ReferenceTake(route, source).kind) << route;
+            EXPECT_EQ(kind, model::ReferenceTake(route, source).kind) << route;
         }
     }
 }

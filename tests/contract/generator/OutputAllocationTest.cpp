@@ -18,8 +18,6 @@ using support::FailingAllocations;
 using support::Generator;
 using support::GeneratorOf;
 using support::OutputForm;
-using support::ReferenceDocument;
-using support::ReferenceParse;
 using support::WriteIn;
 using support::Written;
 
@@ -34,7 +32,7 @@ std::wstring Document() {
 
 void FailEach(const OutputForm& form, int count) {
     const std::wstring json = Document();
-    const ReferenceDocument document = ReferenceParse(json);
+    const model::Document document = model::Parse(json);
     const Written expected = ReferenceIn(form, document);
     support::PrepareForExhaustion();
     FailingAllocations allocations;

@@ -18,7 +18,6 @@ using support::Generator;
 using support::GeneratorOf;
 using support::OutputForm;
 using support::ReferenceIn;
-using support::ReferenceParse;
 using support::WriteIn;
 using support::Written;
 
@@ -38,7 +37,7 @@ TEST(OutputBlocks, DocumentsOfEverySizeAroundWholeBlocks) {
     int sizes = 0;
     for (size_t characters = 0; characters < 5 * kBlock; ++characters) {
         const std::wstring json = DocumentOf(characters);
-        const support::ReferenceDocument document = ReferenceParse(json);
+        const model::Document document = model::Parse(json);
         Generator generator;
         for (const OutputForm& form : FileForms()) {
             const Written expected = ReferenceIn(form, document);
@@ -59,7 +58,7 @@ TEST(OutputBlocks, BlocksThatEndWithinACharacter) {
         for (int i = 0; i < 300; ++i) json += L"\xD834\xDD1E\x4E2D";
         json += L"\"]";
         const Generator generator = GeneratorOf(json);
-        const support::ReferenceDocument document = ReferenceParse(json);
+        const model::Document document = model::Parse(json);
         for (const OutputForm& form : FileForms())
             EXPECT_EQ(ReferenceIn(form, document), WriteIn(form, *generator))
                 << form << ", " << front << " characters in front";
@@ -109,7 +108,7 @@ TEST(OutputBlocks, AFullDisk) {
     ASSERT_TRUE(write.Found());
     const std::wstring json = DocumentOf(2000);
     const Generator generator = GeneratorOf(json);
-    const support::ReferenceDocument document = ReferenceParse(json);
+    const model::Document document = model::Parse(json);
     for (const OutputForm& form : FileForms()) {
         SCOPED_TRACE(testing::Message() << form);
         const Written whole = ReferenceIn(form, document);

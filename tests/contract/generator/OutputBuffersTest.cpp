@@ -91,7 +91,7 @@ TEST(OutputBuffers, OutputsOfChangingSize) {
         uint32_t root = 0;
         const std::wstring json = LongJson(characters);
         ASSERT_EQ(1, generator->LoadJsonString(json.c_str(), &root));
-        support::ExpectAllForms(support::ReferenceParse(json), *generator);
+        support::ExpectAllForms(model::Parse(json), *generator);
     }
 }
 
@@ -123,7 +123,7 @@ TEST(OutputBuffers, OutputsFollowTheDocument) {
         uint32_t handle = 0;
         ASSERT_EQ(1, generator->AddArrayItemInt(1, i, &handle));
         expected += (i == 0 ? L"" : L",") + std::to_wstring(i);
-        support::ExpectAllForms(support::ReferenceParse(expected + L"]"), *generator);
+        support::ExpectAllForms(model::Parse(expected + L"]"), *generator);
     }
 }
 
@@ -165,7 +165,7 @@ TEST(OutputBuffers, VariablesThatAreNoMemory) {
             EXPECT_EQ(-5, generator->GetJsonBytes(BadPointer<const uint8_t*>(), &length, selector));
             EXPECT_EQ(-5, generator->GetJsonBytes(&data, BadPointer<uint64_t>(), selector));
         }
-        support::ExpectAllForms(support::ReferenceParse(L"{\"a\":[1]}"), *generator);
+        support::ExpectAllForms(model::Parse(L"{\"a\":[1]}"), *generator);
     }
 }
 

@@ -113,7 +113,7 @@ TEST(OutputDepth, WhatFollowsTheDeepParts) {
     for (int i = 0; i < kLevels; ++i) text += L"[[],{\"a\":{},\"k\":";
     text += L"null";
     for (int i = 0; i < kLevels; ++i) text += L",\"z\":[1,[2]]},{},3]";
-    support::ExpectAllForms(support::ReferenceParse(text), *support::GeneratorOf(text));
+    support::ExpectAllForms(model::Parse(text), *support::GeneratorOf(text));
 }
 
 TEST(OutputDepth, ADeepDocumentIsReleasedOnASmallStack) {

@@ -8,13 +8,11 @@
 
 namespace {
 
+using model::ReferenceArrayOf;
 using support::ExpectAllForms;
 using support::Generator;
 using support::GeneratorOf;
 using support::OutputForm;
-using support::ReferenceArrayOf;
-using support::ReferenceDocument;
-using support::ReferenceParse;
 using support::WriteIn;
 using support::Written;
 
@@ -91,18 +89,18 @@ const wchar_t* const kDocuments[] = {
 TEST(OutputEncodings, EveryFormWritesAsRapidJsonDoes) {
     for (const wchar_t* json : kDocuments) {
         SCOPED_TRACE(testing::PrintToString(json));
-        ExpectAllForms(ReferenceParse(json), *GeneratorOf(json));
+        ExpectAllForms(model::Parse(json), *GeneratorOf(json));
     }
 }
 
-void Append(ReferenceDocument& document, const std::wstring& text) {
+void Append(model::Document& document, const std::wstring& text) {
     auto& allocator = document.GetAllocator();
     const auto length = static_cast<rapidjson::SizeType>(text.size());
-    document.PushBack(ReferenceDocument::ValueType(text.data(), length, allocator), allocator);
+    document.PushBack(model::Document::ValueType(text.data(), length, allocator), allocator);
 }
 
 /// Adds the text to both documents.
-void Append(ReferenceDocument& document, QXJSON::IJsonGenerator& generator,
+void Append(model::Document& document, QXJSON::IJsonGenerator& generator,
             const std::wstring& text) {
     uint32_t handle = 0;
     Append(document, text);
@@ -111,7 +109,7 @@ void Append(ReferenceDocument& document, QXJSON::IJsonGenerator& generator,
 
 TEST(OutputEncodings, EveryCharacterOfTheBasicPlane) {
     const Generator generator = GeneratorOf(L"[]");
-    ReferenceDocument document = ReferenceParse(L"[]");
+    model::Document document = model::Parse(L"[]");
     for (unsigned block = 0; block < 0x10000; block += 0x100) {
         if (block >= 0xD800 && block < 0xE000) continue;
         std::wstring text;
@@ -124,7 +122,7 @@ TEST(OutputEncodings, EveryCharacterOfTheBasicPlane) {
 
 TEST(OutputEncodings, CharactersOfEveryFurtherPlane) {
     const Generator generator = GeneratorOf(L"[]");
-    ReferenceDocument document = ReferenceParse(L"[]");
+    model::Document document = model::Parse(L"[]");
     for (unsigned high = 0xD800; high < 0xDC00; ++high) {
         std::wstring text;
         for (const unsigned low : {0xDC00u, 0xDC01u, 0xDD55u, 0xDFFEu, 0xDFFFu})
@@ -173,8 +171,8 @@ TEST(OutputEncodings, LoneSurrogatesInKeys) {
     const Generator generator = GeneratorOf(L"{}");
     uint32_t handle = 0;
     EXPECT_EQ(1, generator->AddObjectItemInt(1, L"k\xD800", 1, &handle));
-    ReferenceDocument document = ReferenceParse(L"{}");
-    ReferenceDocument::ValueType key(L"k\xD800", document.GetAllocator());
+    model::Document document = model::Parse(L"{}");
+    model::Document::ValueType key(L"k\xD800", document.GetAllocator());
     document.AddMember(key, 1, document.GetAllocator());
     ExpectAllForms(document, *generator);
 }
@@ -186,7 +184,7 @@ TEST(OutputEncodings, AWholeDocumentFollowsOneThatEndedEarly) {
         WriteIn(form, *generator);
         uint32_t root = 0;
         ASSERT_EQ(1, generator->LoadJsonString(L"[[\"b\"],{\"c\":1}]", &root));
-        ExpectAllForms(ReferenceParse(L"[[\"b\"],{\"c\":1}]"), *generator);
+        ExpectAllForms(model::Parse(L"[[\"b\"],{\"c\":1}]"), *generator);
         ASSERT_EQ(1, generator->LoadJsonString(L"[]", &root));
         ASSERT_EQ(1, generator->AddArrayItemString(1, L"a\xD800", &root));
     }

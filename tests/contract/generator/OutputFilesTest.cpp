@@ -91,8 +91,7 @@ TEST(OutputFiles, AFileBelowAFile) {
 TEST(OutputFiles, WhatWasThereBeforeIsReplaced) {
     const Generator generator = GeneratorOf(L"[1]");
     for (const OutputForm& form : FileForms()) {
-        const std::string expected =
-            *support::ReferenceIn(form, support::ReferenceParse(L"[1]")).bytes;
+        const std::string expected = *support::ReferenceIn(form, model::Parse(L"[1]")).bytes;
         for (const size_t size : {0u, 1u, 3u, 100u, 100000u}) {
             const TempFile file(std::string(size, '#'));
             EXPECT_EQ(1, SaveIn(form, *generator, file.Name()));
@@ -255,7 +254,7 @@ TEST(OutputFiles, NamesThatAreNoMemory) {
     });
     const Generator generator = GeneratorOf(L"[1]");
     EXPECT_EQ(0, generator->SaveToFile(reinterpret_cast<const wchar_t*>(uintptr_t{8}), 2));
-    support::ExpectAllForms(support::ReferenceParse(L"[1]"), *generator);
+    support::ExpectAllForms(model::Parse(L"[1]"), *generator);
 }
 
 }  // namespace

@@ -11,7 +11,6 @@ using support::ExpectAllForms;
 using support::Generator;
 using support::GeneratorOf;
 using support::OutputForm;
-using support::ReferenceParse;
 using support::WriteIn;
 using support::Written;
 
@@ -46,7 +45,7 @@ TEST(OutputLayout, CompactAndIndented) {
         for (const int32_t style : {0, 1})
             EXPECT_EQ((Written{1, layout.indented}),
                       WriteIn({OutputForm::kIndentedFile, 0, style}, *generator));
-        ExpectAllForms(ReferenceParse(layout.json), *generator);
+        ExpectAllForms(model::Parse(layout.json), *generator);
     }
 }
 
@@ -60,7 +59,7 @@ TEST(OutputLayout, MembersInTheOrderOfTheirComing) {
         ASSERT_EQ(1, generator->AddObjectValueNull(root, key, &value));
     const std::wstring text = L"{\"b\":null,\"a\":null,\"b\":null,\"C\":null,\"c\":null}";
     EXPECT_EQ(text, support::JsonOf(*generator));
-    ExpectAllForms(ReferenceParse(text), *generator);
+    ExpectAllForms(model::Parse(text), *generator);
 }
 
 std::wstring Repeated(const std::wstring& part, int count) {
@@ -72,7 +71,7 @@ std::wstring Repeated(const std::wstring& part, int count) {
 TEST(OutputLayout, DeepDocuments) {
     for (const auto& [open, close] : {std::pair(L"[", L"]"), std::pair(L"{\"k\":", L"}")}) {
         const std::wstring json = Repeated(open, 500) + L"[]" + Repeated(close, 500);
-        ExpectAllForms(ReferenceParse(json), *GeneratorOf(json));
+        ExpectAllForms(model::Parse(json), *GeneratorOf(json));
     }
 }
 
@@ -80,13 +79,13 @@ TEST(OutputLayout, WideDocuments) {
     std::wstring members = L"{\"k\":0";
     for (int i = 0; i < 20000; ++i) members += L",\"k" + std::to_wstring(i) + L"\":[]";
     for (const std::wstring& json : {members + L"}", L"[0" + Repeated(L",0", 50000) + L"]"})
-        ExpectAllForms(ReferenceParse(json), *GeneratorOf(json));
+        ExpectAllForms(model::Parse(json), *GeneratorOf(json));
 }
 
 TEST(OutputLayout, LongTextsAndKeys) {
     const std::wstring text = Repeated(L"long \x4E2D\xD834\xDD1E", 20000);
     const std::wstring json = L"{\"" + text + L"\":[\"" + text + L"\"]}";
-    ExpectAllForms(ReferenceParse(json), *GeneratorOf(json));
+    ExpectAllForms(model::Parse(json), *GeneratorOf(json));
 }
 
 }  // namespace

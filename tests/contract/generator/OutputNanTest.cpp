@@ -15,7 +15,6 @@ using support::ExpectAllForms;
 using support::Generator;
 using support::GeneratorOf;
 using support::OutputForm;
-using support::ReferenceParse;
 using support::WriteIn;
 using support::Written;
 
@@ -32,7 +31,7 @@ TEST(OutputNan, ASmallIndentedFileIsEmpty) {
                     EXPECT_EQ((Written{1, ""}),
                               WriteIn({OutputForm::kIndentedFile, selector, style}, *generator));
             EXPECT_EQ(json, support::JsonOf(*generator));
-            ExpectAllForms(ReferenceParse(json), *generator);
+            ExpectAllForms(model::Parse(json), *generator);
         }
     }
 }
@@ -50,7 +49,7 @@ TEST(OutputNan, TheWholeBlocksBeforeItStay) {
         if (!IsNearABlock(characters)) continue;
         const std::wstring json = L"[\"" + std::wstring(characters, L'x') + L"\",NaN,\"rest\"]";
         const Generator generator = GeneratorOf(json);
-        const support::ReferenceDocument document = ReferenceParse(json);
+        const model::Document document = model::Parse(json);
         for (const int32_t selector : support::kAllSelectors) {
             const OutputForm form = {OutputForm::kIndentedFile, selector, 0};
             const Written expected = support::ReferenceIn(form, document);
@@ -70,7 +69,7 @@ TEST(OutputNan, InNestedAndLongDocuments) {
         for (const std::wstring& json :
              {L"[" + front + rest, L"[" + front + L"[[{\"deep\":[" + number + L"]}]]]"}) {
             const Generator generator = GeneratorOf(json);
-            ExpectAllForms(ReferenceParse(json), *generator);
+            ExpectAllForms(model::Parse(json), *generator);
         }
     }
 }
@@ -90,7 +89,7 @@ TEST(OutputNan, WholeFilesFollow) {
         ASSERT_EQ(1, generator->LoadJsonString(L"[[NaN]]", &root));
         WriteIn(form, *generator);
         ASSERT_EQ(1, generator->LoadJsonString(L"[[1]]", &root));
-        ExpectAllForms(ReferenceParse(L"[[1]]"), *generator);
+        ExpectAllForms(model::Parse(L"[[1]]"), *generator);
     }
 }
 

@@ -20,8 +20,6 @@ using support::Generator;
 using support::GeneratorOf;
 using support::JsonOf;
 using support::OutputForm;
-using support::ReferenceDocument;
-using support::ReferenceParse;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
@@ -64,7 +62,7 @@ const Real kReals[] = {
 };
 
 TEST(OutputNumbers, Doubles) {
-    ReferenceDocument all = ReferenceParse(L"[]");
+    model::Document all = model::Parse(L"[]");
     const Generator generatorOfAll = GeneratorOf(L"[]");
     for (const Real& real : kReals) {
         const Generator generator = GeneratorOf(L"[]");
@@ -122,7 +120,7 @@ TEST(OutputNumbers, LoadedNumbers) {
         EXPECT_EQ(L"[" + std::wstring(loaded.text) + L"]", JsonOf(*generator));
         all += L"," + std::wstring(loaded.json);
     }
-    ExpectAllForms(ReferenceParse(all + L"]"), *GeneratorOf(all + L"]"));
+    ExpectAllForms(model::Parse(all + L"]"), *GeneratorOf(all + L"]"));
 }
 
 TEST(OutputNumbers, IntegersOfEveryWidth) {
@@ -139,7 +137,7 @@ TEST(OutputNumbers, IntegersOfEveryWidth) {
         L"[-2147483648,2147483647,4294967295,-9223372036854775808,9223372036854775807,"
         L"18446744073709551615]";
     EXPECT_EQ(json, JsonOf(g));
-    ExpectAllForms(ReferenceParse(json), g);
+    ExpectAllForms(model::Parse(json), g);
 }
 
 /// Finite doubles of every size, from a fixed sequence.
@@ -155,7 +153,7 @@ double NextDouble(std::mt19937_64& random) {
 TEST(OutputNumbers, RandomDoubles) {
     std::mt19937_64 random(1);
     const Generator generator = GeneratorOf(L"[]");
-    ReferenceDocument document = ReferenceParse(L"[]");
+    model::Document document = model::Parse(L"[]");
     std::vector<double> numbers;
     for (int i = 0; i < 5000; ++i) {
         numbers.push_back(i % 2 == 0 ? NextDouble(random) : static_cast<double>(random()) / 1e6);

@@ -119,9 +119,9 @@ TEST(OutputSelectors, ARootThatCameLater) {
     ExpectNothingToWrite(*generator);
     uint32_t handle = 0;
     EXPECT_EQ(1, generator->LoadJsonString(L"{\"a\":[]}", &handle));
-    support::ExpectAllForms(support::ReferenceParse(L"{\"a\":[]}"), *generator);
+    support::ExpectAllForms(model::Parse(L"{\"a\":[]}"), *generator);
     EXPECT_EQ(1, generator->CreateRootArray(&handle));
-    support::ExpectAllForms(support::ReferenceParse(L"[]"), *generator);
+    support::ExpectAllForms(model::Parse(L"[]"), *generator);
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ Generator GeneratorOfText(const std::wstring& text) {
 }
 
 void ExpectWritten(const std::wstring& text) {
-    support::ExpectAllForms(support::ReferenceArrayOf(text), *GeneratorOfText(text));
+    support::ExpectAllForms(model::ReferenceArrayOf(text), *GeneratorOfText(text));
 }
 
 TEST(OutputStrings, OfEveryCharacter) {
@@ -64,7 +64,7 @@ TEST(OutputStrings, LongKeysAndValues) {
         const std::wstring text = L"\"" + std::wstring(length, L'\xE9') + L"\"";
         const std::wstring json = L"{" + text + L":" + text + L",\"k\":[" + text + L",1," + text +
                                   L"],\"z\":{" + text + L":{}}}";
-        support::ExpectAllForms(support::ReferenceParse(json), *support::GeneratorOf(json));
+        support::ExpectAllForms(model::Parse(json), *support::GeneratorOf(json));
     }
 }
 
@@ -72,7 +72,7 @@ TEST(OutputStrings, WithZerosInside) {
     std::wstring json = L"[\"";
     for (int i = 0; i < 20'000; ++i) json += L"\\u0000x";
     json += L"\"]";
-    support::ExpectAllForms(support::ReferenceParse(json), *support::GeneratorOf(json));
+    support::ExpectAllForms(model::Parse(json), *support::GeneratorOf(json));
 }
 
 /// A long string that some encoding cannot carry to its end.

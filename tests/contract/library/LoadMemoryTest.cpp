@@ -9,7 +9,7 @@
 #include "Encode.h"
 #include "FailingAllocations.h"
 #include "JsonDll.h"
-#include "ReferenceLoad.h"
+#include "PlainReader.h"
 #include "TempFile.h"
 
 namespace {
@@ -140,7 +140,7 @@ TEST(LoadMemory, OfTextInTheAnsiCodePage) {
     const TempFile file(bytes);
     const FailingAllocations allocations;
     const Parser parser = NewParser();
-    EXPECT_EQ(1, parser->LoadJsonString(support::FromAnsi(bytes).c_str()));
+    EXPECT_EQ(1, parser->LoadJsonString(model::FromAnsi(bytes).c_str()));
     const long long expected = allocations.LiveBytes();
     EXPECT_EQ(1, parser->LoadJsonBytes(bytes.data(), static_cast<uint32_t>(bytes.size())));
     EXPECT_EQ(expected, allocations.LiveBytes());

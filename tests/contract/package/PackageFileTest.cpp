@@ -17,7 +17,7 @@ using support::Package;
 using support::TempFile;
 
 std::string Expected(const std::wstring& text, int encoding) {
-    return support::MarkOf(encoding) + support::ReferencePackageBytes(text, encoding);
+    return support::MarkOf(encoding) + model::ReferencePackageBytes(text, encoding);
 }
 
 TEST(PackageFile, HoldsTheMarkAndTheText) {

@@ -201,7 +201,7 @@ TEST(PackageJson, AcceptsWhatALoadAccepts) {
     for (const JsonRoute& route : JsonRoutes()) {
         const auto expectAsLoad = [&](const std::wstring& json) {
             const Package package = NewPackage();
-            EXPECT_EQ(support::ReferencePackageText(json).result,
+            EXPECT_EQ(model::ReferencePackageText(json).result,
                       route.set(*package, L"k", json.c_str()))
                 << route.name << ": " << testing::PrintToString(json);
         };

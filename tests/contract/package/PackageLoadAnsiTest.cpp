@@ -4,13 +4,13 @@
 #include <gtest/gtest.h>
 
 #include "PackageState.h"
-#include "ReferenceLoad.h"
+#include "PlainReader.h"
 #include "TempFile.h"
 
 namespace {
 
+using model::FromAnsi;
 using support::Encoding;
-using support::FromAnsi;
 using support::LoadPackageFile;
 using support::NewPackage;
 using support::Package;

@@ -30,13 +30,13 @@ constexpr const wchar_t* kDocuments[] = {
 
 void ExpectFileAsReference(IJsonPackage& package, const std::string& bytes) {
     const TempFile file(bytes);
-    EXPECT_EQ(support::ReferencePackageFile(file.Name()),
+    EXPECT_EQ(model::ReferencePackageFile(file.Name()),
               support::PackageOutcomeOf(package, package.LoadFile(file.Name())))
         << testing::PrintToString(bytes.substr(0, 1000));
 }
 
 void ExpectTextAsReference(IJsonPackage& package, const std::wstring& text) {
-    EXPECT_EQ(support::ReferencePackageText(text), support::LoadPackageText(package, text))
+    EXPECT_EQ(model::ReferencePackageText(text), support::LoadPackageText(package, text))
         << testing::PrintToString(text);
 }
 
@@ -152,7 +152,7 @@ void ExpectWritten(IJsonPackage& package, const std::wstring& text, int encoding
     EXPECT_EQ(1, package.SaveToFile(saved.Name(), encoding));
     EXPECT_TRUE(support::MarkOf(encoding) + expected == saved.Bytes());
     const Package again = NewPackage();
-    EXPECT_TRUE(support::ReferencePackageFile(saved.Name()) ==
+    EXPECT_TRUE(model::ReferencePackageFile(saved.Name()) ==
                 support::PackageOutcomeOf(*again, again->LoadFile(saved.Name())));
 }
 
@@ -160,7 +160,7 @@ TEST(PackageLoadReference, LargeDocumentsGoInAndOut) {
     for (const std::string& bytes : LargeDocuments()) {
         const TempFile file(bytes);
         const Package package = NewPackage();
-        const auto expected = support::ReferencePackageFile(file.Name());
+        const auto expected = model::ReferencePackageFile(file.Name());
         EXPECT_EQ(1, expected.result);
         EXPECT_TRUE(expected ==
                     support::PackageOutcomeOf(*package, package->LoadFile(file.Name())));

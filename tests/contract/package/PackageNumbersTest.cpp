@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-#include "PackageReference.h"
+#include "OutputReference.h"
 #include "PackageState.h"
 #include "Selectors.h"
 #include "TempFile.h"
@@ -50,7 +50,7 @@ TEST(PackageNumbers, WholeNumbersAreStoredAsIntegers) {
         SCOPED_TRACE(row.stored);
         const Package package = NewPackage();
         EXPECT_EQ(1, package->SetValueNumber(L"k", row.number));
-        EXPECT_EQ(Only(support::ReferenceNumber(row.stored)), PackageText(*package));
+        EXPECT_EQ(Only(model::ReferenceText(model::Value(row.stored))), PackageText(*package));
         double number = 0.5;
         EXPECT_EQ(1, package->GetValueNumber(L"k", &number));
         EXPECT_EQ(static_cast<double>(row.stored), number);
@@ -80,7 +80,7 @@ TEST(PackageNumbers, AllOthersAreStoredAsDoubles) {
         SCOPED_TRACE(stored);
         const Package package = NewPackage();
         EXPECT_EQ(1, package->SetValueNumber(L"k", stored));
-        EXPECT_EQ(Only(support::ReferenceNumber(stored)), PackageText(*package));
+        EXPECT_EQ(Only(model::ReferenceText(model::Value(stored))), PackageText(*package));
         double number = 0;
         EXPECT_EQ(1, package->GetValueNumber(L"k", &number));
         EXPECT_EQ(stored, number);

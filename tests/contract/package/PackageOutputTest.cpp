@@ -94,7 +94,7 @@ TEST(PackageOutput, EveryCharacterOfOneUnit) {
     EXPECT_EQ(1, package->SetValueString(L"k", all.c_str()));
     const std::wstring text = PackageText(*package);
     for (const int32_t encoding : kAllSelectors)
-        EXPECT_TRUE(support::ReferencePackageBytes(text, encoding) == BytesOf(*package, encoding));
+        EXPECT_TRUE(model::ReferencePackageBytes(text, encoding) == BytesOf(*package, encoding));
     EXPECT_EQ(std::string::npos, BytesOf(*package, 0).find_first_of('\xC3'));
     const Package again = NewPackage();
     EXPECT_EQ(1, again->LoadString(text.c_str()));
@@ -113,7 +113,7 @@ TEST(PackageOutput, HalfAPairEndsTheBytes) {
         const std::wstring text = std::wstring(L"{\"a\":1,\"b\":\"") + half + L"\",\"c\":2}";
         EXPECT_EQ(text, PackageText(*package));
         for (const int32_t encoding : kAllSelectors)
-            EXPECT_EQ(support::ReferencePackageBytes(text, encoding), BytesOf(*package, encoding))
+            EXPECT_EQ(model::ReferencePackageBytes(text, encoding), BytesOf(*package, encoding))
                 << encoding;
         EXPECT_EQ(1, package->RemoveKey(L"b"));
         EXPECT_EQ("{\"a\":1,\"c\":2}", BytesOf(*package, 2));
@@ -176,8 +176,7 @@ TEST(PackageOutput, GrowsAsNeeded) {
         const std::wstring text = L"{\"k\":\"" + value + L"\"}";
         EXPECT_TRUE(text == PackageText(*package)) << size;
         for (const int32_t encoding : kAllSelectors)
-            EXPECT_TRUE(support::ReferencePackageBytes(text, encoding) ==
-                        BytesOf(*package, encoding))
+            EXPECT_TRUE(model::ReferencePackageBytes(text, encoding) == BytesOf(*package, encoding))
                 << size << ", encoding " << encoding;
     }
 }

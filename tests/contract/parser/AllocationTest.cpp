@@ -9,7 +9,7 @@
 #include "FailingAllocations.h"
 #include "JsonDll.h"
 #include "LoadForm.h"
-#include "ReferenceLoad.h"
+#include "ParserReference.h"
 #include "TempFile.h"
 
 namespace {
@@ -236,7 +236,7 @@ TEST_P(AllocationInLoads, Bytes) {
     for (const Trial& trial : kTrials) {
         SCOPED_TRACE(trial.name);
         const auto size = static_cast<uint32_t>(trial.bytes.size());
-        Attempts attempts(trial, support::ReferenceLoadBytes(trial.bytes), Utf8Offset(trial.bytes));
+        Attempts attempts(trial, model::ReferenceLoadBytes(trial.bytes), Utf8Offset(trial.bytes));
         attempts.Run(GetParam(),
                      [&](IJsonParser& p) { return p.LoadJsonBytes(trial.bytes.data(), size); });
         EXPECT_GT(attempts.Failures(), 0);
@@ -249,7 +249,7 @@ TEST_P(AllocationInLoads, Text) {
         if (trial.ansi) continue;
         SCOPED_TRACE(trial.name);
         const std::wstring text(trial.bytes.begin(), trial.bytes.end());
-        Attempts attempts(trial, support::ReferenceLoadText(text), 0);
+        Attempts attempts(trial, model::ReferenceLoadText(text), 0);
         attempts.Run(GetParam(), [&](IJsonParser& p) { return p.LoadJsonString(text.c_str()); });
         EXPECT_GT(attempts.Failures(), 0);
     }
@@ -259,7 +259,7 @@ TEST_P(AllocationInLoads, File) {
     for (const Trial& trial : kTrials) {
         SCOPED_TRACE(trial.name);
         const TempFile file(trial.bytes);
-        Attempts attempts(trial, support::ReferenceLoadFile(file.Name()), Utf8Offset(trial.bytes));
+        Attempts attempts(trial, model::ReferenceLoadFile(file.Name()), Utf8Offset(trial.bytes));
         attempts.Run(GetParam(), [&](IJsonParser& p) {
             const int result = p.LoadJsonFile(file.Name());
             EXPECT_TRUE(file.IsClosed());

@@ -6,12 +6,13 @@
 #include "BytesAtAnEdge.h"
 #include "JsonDll.h"
 #include "LoadForm.h"
-#include "ReferenceLoad.h"
+#include "ParserReference.h"
+#include "PlainReader.h"
 
 namespace {
 
+using model::FromAnsi;
 using support::Failure;
-using support::FromAnsi;
 using support::LoadOutcome;
 using support::NewParser;
 using support::Parser;
@@ -41,7 +42,7 @@ TEST(LoadingAnsi, EAcuteOfWindows1252) {
     if (GetACP() == 1252)
         EXPECT_EQ(Success(L"[\"\xE9\"]"), outcome);
     else
-        EXPECT_EQ(support::ReferenceLoadBytes("[\"\xE9\"]"), outcome);
+        EXPECT_EQ(model::ReferenceLoadBytes("[\"\xE9\"]"), outcome);
 }
 
 TEST(LoadingAnsi, ValidUtf8IsNeverReadAsAnsi) {
@@ -132,7 +133,7 @@ TEST(LoadingAnsi, LargeFiles) {
 TEST(LoadingAnsi, ALengthBeyondThoseOfTheSystem) {
     const Parser parser = NewParser();
     for (const std::string bytes : {"[\"\xE9.\"]", "[\"\xE9.\",]"}) {
-        const LoadOutcome expected = support::ReferenceLoadBytes(bytes);
+        const LoadOutcome expected = model::ReferenceLoadBytes(bytes);
         const support::BytesAtAnEdge text(bytes + '\0');
         for (const uint32_t length : {0xFFFFFFFFu, 0xFFFFFFFEu, 0x80000000u})
             EXPECT_EQ(expected,

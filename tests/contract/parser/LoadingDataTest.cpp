@@ -10,7 +10,7 @@
 
 #include "JsonDll.h"
 #include "LoadForm.h"
-#include "ReferenceLoad.h"
+#include "ParserReference.h"
 #include "TempFile.h"
 
 namespace {
@@ -98,8 +98,8 @@ support::LoadOutcome ExpectAsReference(const Document& document) {
     const Parser parser = NewParser();
     const support::TempFile file(document.bytes);
     const auto outcome = support::LoadBytes(*parser, document.bytes);
-    EXPECT_EQ(support::ReferenceLoadBytes(document.bytes), outcome);
-    EXPECT_EQ(support::ReferenceLoadFile(file.Name()),
+    EXPECT_EQ(model::ReferenceLoadBytes(document.bytes), outcome);
+    EXPECT_EQ(model::ReferenceLoadFile(file.Name()),
               support::OutcomeOf(*parser, parser->LoadJsonFile(file.Name())));
     return outcome;
 }

@@ -8,13 +8,13 @@
 #include "ImportPatch.h"
 #include "JsonDll.h"
 #include "LoadForm.h"
-#include "ReferenceLoad.h"
+#include "PlainReader.h"
 #include "TempFile.h"
 
 namespace {
 
+using model::FromAnsi;
 using support::Failure;
-using support::FromAnsi;
 using support::ImportPatch;
 using support::LoadOutcome;
 using support::NewParser;

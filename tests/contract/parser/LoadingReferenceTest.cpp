@@ -7,7 +7,7 @@
 
 #include "JsonDll.h"
 #include "LoadForm.h"
-#include "ReferenceLoad.h"
+#include "ParserReference.h"
 #include "TempFile.h"
 
 namespace {
@@ -86,15 +86,15 @@ private:
 
 void ExpectAsReference(QXJSON::IJsonParser& parser, const std::string& bytes, bool asFile) {
     SCOPED_TRACE(testing::PrintToString(bytes));
-    EXPECT_EQ(support::ReferenceLoadBytes(bytes), support::LoadBytes(parser, bytes));
+    EXPECT_EQ(model::ReferenceLoadBytes(bytes), support::LoadBytes(parser, bytes));
     if (!asFile) return;
     const support::TempFile file(bytes);
-    EXPECT_EQ(support::ReferenceLoadFile(file.Name()),
+    EXPECT_EQ(model::ReferenceLoadFile(file.Name()),
               support::OutcomeOf(parser, parser.LoadJsonFile(file.Name())));
 }
 
 void ExpectAsReference(QXJSON::IJsonParser& parser, const std::wstring& text) {
-    EXPECT_EQ(support::ReferenceLoadText(text), support::LoadText(parser, text))
+    EXPECT_EQ(model::ReferenceLoadText(text), support::LoadText(parser, text))
         << testing::PrintToString(text);
 }
 
@@ -160,7 +160,7 @@ TEST(LoadingReference, MutatedLargeFiles) {
     for (int round = 0; round < 30; ++round)
         for (const Encoding encoding : kAllEncodings) {
             const support::TempFile file(mutator.Mutate(support::Encode(document, encoding)));
-            EXPECT_EQ(support::ReferenceLoadFile(file.Name()),
+            EXPECT_EQ(model::ReferenceLoadFile(file.Name()),
                       support::OutcomeOf(*parser, parser->LoadJsonFile(file.Name())))
                 << NameOf(encoding) << ", round " << round;
         }

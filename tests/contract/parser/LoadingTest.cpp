@@ -8,7 +8,7 @@
 #include "BytesAtAnEdge.h"
 #include "JsonDll.h"
 #include "LoadForm.h"
-#include "ReferenceLoad.h"
+#include "ParserReference.h"
 
 namespace {
 
@@ -202,8 +202,8 @@ TEST(Loading, NothingBehindTheLengthIsRead) {
         {"[1]", Success(L"[1]")},
         {"[1,2]", Success(L"[1,2]")},
         {"[\"a", Failure(11, 3)},
-        {"[\"\xE9", support::ReferenceLoadBytes("[\"\xE9")},
-        {"[\"\xE9\"]", support::ReferenceLoadBytes("[\"\xE9\"]")},
+        {"[\"\xE9", model::ReferenceLoadBytes("[\"\xE9")},
+        {"[\"\xE9\"]", model::ReferenceLoadBytes("[\"\xE9\"]")},
     };
     const Parser parser = NewParser();
     for (const Row& row : rows) {
@@ -237,7 +237,7 @@ TEST(Loading, NothingBehindAZeroIsRead) {
         for (const std::wstring& text : texts) {
             const std::string bytes = form.Bytes(text + L'\0');
             const LoadOutcome expected =
-                support::ReferenceLoadBytes(bytes + std::string(form.UnitSize(), ' '));
+                model::ReferenceLoadBytes(bytes + std::string(form.UnitSize(), ' '));
             for (const uint32_t more : {1u, 10u, 4096u, 0x10000u, 0x7FFF0000u, 0xFFFF0000u})
                 EXPECT_EQ(expected,
                           LoadLength(*parser, bytes, static_cast<uint32_t>(bytes.size()) + more))

@@ -3,17 +3,27 @@
 #include <rapidjson/pointer.h>
 
 #include <algorithm>
+#include <climits>
 #include <cwchar>
 
-namespace fuzz {
+namespace model {
 namespace {
 
 using building::Value;
 
-bool HasDigit(const std::wstring& text) { return text.find_first_of(L"0123456789") != text.npos; }
+constexpr const wchar_t* kDigits = L"0123456789";
 
-std::wstring Moved(const std::wstring& number, int by) {
-    return std::to_wstring(std::wcstol(number.c_str(), nullptr, 10) + by);
+/// Where a pointer must fit, with its terminator.
+constexpr size_t kPointerCapacity = 1024;
+
+bool HasDigit(const std::wstring& text) { return text.find_first_of(kDigits) != text.npos; }
+
+/// The number of a segment, read as _wtoi and written as "%d" do: with 32 bits, which wrap.
+std::wstring Moved(const std::wstring& segment, int by) {
+    const long number = std::wcstol(segment.c_str(), nullptr, 10);
+    const auto read = static_cast<int>(std::clamp<long>(number, INT_MIN, INT_MAX));
+    return std::to_wstring(
+        static_cast<int>(static_cast<unsigned>(read) + static_cast<unsigned>(by)));
 }
 
 std::wstring Replaced(std::wstring text, const wchar_t* from, const wchar_t* to) {
@@ -21,11 +31,18 @@ std::wstring Replaced(std::wstring text, const wchar_t* from, const wchar_t* to)
     return text;
 }
 
-/// In an item path: the segment from `start` on, up to the slash that ends it.
+/// In an item path: the segment from `start` on, up to the slash that ends it, if its parent is no
+/// array.
 std::wstring ItemSegment(const std::wstring& path, size_t start) {
     size_t end = start;
     while (end < path.size() && path[end] != L'/') end += path.compare(end, 2, L"~/") == 0 ? 2 : 1;
     return path.substr(start, end - start);
+}
+
+/// What of such a segment with a digit is one below an array, where it ends at the first slash
+/// after that digit.
+std::wstring Position(const std::wstring& segment) {
+    return segment.substr(0, segment.find(L'/', segment.find_first_of(kDigits)));
 }
 
 }  // namespace
@@ -35,17 +52,22 @@ int TranslatePath(Value& root, const std::wstring& path, std::wstring& pointer) 
     if (path == L"/") return 1;
     if (path.empty() || path[0] != L'/') return -10;
     for (size_t start = 0; start < path.size();) {
-        const std::wstring segment = ItemSegment(path, start + 1);
-        start += 1 + segment.size();
+        std::wstring segment = ItemSegment(path, start + 1);
         std::wstring translated = Replaced(segment, L"~/", L"~1");
         if (HasDigit(segment)) {
             const rapidjson::GenericPointer<Value> parsed(pointer.c_str(), pointer.size());
+            // The whole pointer will be malformed too.
             if (!parsed.IsValid()) return -10;
             const Value* parent = parsed.Get(root);
             if (!parent) return -5;
-            if (parent->IsArray()) translated = Moved(segment, -1);
+            if (parent->IsArray()) {
+                segment = Position(segment);
+                translated = Moved(segment, -1);
+            }
         }
         pointer += L"/" + translated;
+        if (pointer.size() >= kPointerCapacity) return -10;
+        start += 1 + segment.size();
     }
     return 1;
 }
@@ -64,4 +86,4 @@ std::wstring TranslatePointer(Value& root, const std::wstring& pointer) {
     return Replaced(path, L"~1", L"~/");
 }
 
-}  // namespace fuzz
+}  // namespace model

@@ -1,10 +1,11 @@
 #include "Readings.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "Base64.h"
 
-namespace fuzz {
+namespace model {
 namespace {
 
 using support::Asks;
@@ -96,16 +97,15 @@ std::optional<Outputs> Read(Asks asks, const Value& value) {
     }
 }
 
-std::wstring TextOf(const Value& string) { return {string.GetString(), string.GetStringLength()}; }
-
-bool IsWellFormed(const std::wstring& text) {
-    const auto kindOf = [](wchar_t c) { return c & 0xFC00; };
-    for (size_t i = 0; i < text.size(); ++i) {
-        if (kindOf(text[i]) == 0xDC00) return false;
-        if (kindOf(text[i]) == 0xD800 && (++i == text.size() || kindOf(text[i]) != 0xDC00))
-            return false;
-    }
-    return true;
+std::wstring CharactersOf(const Value& string) {
+    return {string.GetString(), string.GetStringLength()};
 }
 
-}  // namespace fuzz
+bool AreSame(const std::wstring& a, const std::wstring& b, bool exactly) {
+    if (exactly) return a == b;
+    const auto lower = [](wchar_t c) { return c >= L'A' && c <= L'Z' ? c + 32 : c + 0; };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [&](wchar_t one, wchar_t other) { return lower(one) == lower(other); });
+}
+
+}  // namespace model

@@ -7,7 +7,7 @@
 #include "IJsonParser.h"
 #include "ItemPathModel.h"
 
-namespace fuzz {
+namespace model {
 namespace {
 
 using support::Answer;
@@ -25,17 +25,6 @@ bool IsHandedOut(Asks asks) {
            asks == Asks::kArray || asks == Asks::kItem;
 }
 
-bool AreEqual(wchar_t a, wchar_t b) {
-    const auto lower = [](wchar_t c) { return c >= L'A' && c <= L'Z' ? c + 32 : c + 0; };
-    return lower(a) == lower(b);
-}
-
-bool IsNamed(const Value& name, const std::wstring& key, bool exactly) {
-    const std::wstring text = TextOf(name);
-    if (exactly) return text == key;
-    return text.size() == key.size() && std::equal(text.begin(), text.end(), key.begin(), AreEqual);
-}
-
 bool IsContainer(const Value& value) { return value.IsObject() || value.IsArray(); }
 
 bool IsMissing(const Arguments& arguments, const Operation& operation) {
@@ -46,8 +35,8 @@ bool IsMissing(const Arguments& arguments, const Operation& operation) {
 
 }  // namespace
 
-ParserModel::ParserModel(const std::wstring& json, QXJSON::IJsonParser& parser) {
-    document.Parse<rapidjson::kParseNanAndInfFlag>(json.c_str());
+ParserModel::ParserModel(const std::wstring& json, QXJSON::IJsonParser& parser)
+    : document(Parse(json)) {
     uint64_t root = 0;
     uint32_t type = 0;
     EXPECT_EQ(1, parser.GetRootValue(&root, &type));
@@ -65,7 +54,8 @@ void ParserModel::Pair(Value& mine, Value& theirs) {
     } else if (mine.IsObject()) {
         ASSERT_EQ(mine.MemberCount(), theirs.MemberCount());
         for (rapidjson::SizeType i = 0; i < mine.MemberCount(); ++i) {
-            EXPECT_EQ(TextOf(mine.MemberBegin()[i].name), TextOf(theirs.MemberBegin()[i].name));
+            EXPECT_EQ(CharactersOf(mine.MemberBegin()[i].name),
+                      CharactersOf(theirs.MemberBegin()[i].name));
             Pair(mine.MemberBegin()[i].value, theirs.MemberBegin()[i].value);
         }
     }
@@ -76,7 +66,7 @@ Answer ParserModel::Ask(const Operation& operation, const Arguments& arguments) 
     const Found place = Place(operation, arguments);
     if (!place.value) return refuse(place.absence);
     const bool needsKey = operation.hasKey && operation.asks != Asks::kVariant;
-    if (needsKey && !arguments.key) return refuse(-1);
+    if (needsKey && !arguments.key) return refuse(IsText(operation.asks) ? 0 : -1);
     // A blob is asked for its text first, which has an output of its own.
     const bool isMissing = IsMissing(arguments, operation);
     if (isMissing && operation.asks != Asks::kBlob) return refuse(0);
@@ -140,7 +130,7 @@ ParserModel::Found ParserModel::Member(const Operation& operation, const wchar_t
     if (!parent.IsObject()) return {nullptr, IsText(operation.asks) ? 0 : -3};
     const bool exactly = operation.returnsBool && operation.place == support::Place::kPath;
     for (auto member = parent.MemberBegin(); member != parent.MemberEnd(); ++member)
-        if (IsNamed(member->name, key, exactly)) return {&member->value, 1};
+        if (AreSame(CharactersOf(member->name), key, exactly)) return {&member->value, 1};
     if (operation.asks == Asks::kNumberClass) return {nullptr, -2};
     const bool isFinder =
         IsHandedOut(operation.asks) || IsText(operation.asks) || operation.asks == Asks::kItemType;
@@ -181,4 +171,4 @@ uint32_t ParserModel::HandleOf(const Value& value) {
     return position + 1;
 }
 
-}  // namespace fuzz
+}  // namespace model

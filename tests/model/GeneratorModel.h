@@ -8,14 +8,12 @@
 #include "GeneratorOperationList.h"
 #include "GraftReference.h"
 
-namespace fuzz {
+namespace model {
 
 using building::Answer;
-using building::Value;
 
-/// What a generator is to do, written out plainly: a document, and two maps between handles and the
-/// paths under which they are remembered. Beyond building::Model it starts anew and takes parsed
-/// JSON in.
+/// What a generator must do, written out plainly: a document, and two maps between handles and the
+/// paths under which they are remembered.
 ///
 /// Blobs must not be empty, outputs must be given, and paths must fit into the caller's buffers.
 class GeneratorModel {
@@ -30,14 +28,14 @@ public:
                const building::Arguments& arguments, const std::wstring& target);
 
     /// The answer of a load or graft whose source is read as `taken`.
-    support::Answer Graft(const support::Operation& route, const support::Arguments& arguments,
-                          const support::Taken& taken);
+    Answer Graft(const support::Operation& route, const support::Arguments& arguments,
+                 const Taken& taken);
 
     Answer ItemHandleByPath(const std::wstring& path);
     /// The result, and the path if there is one.
     int ItemPath(int32_t handle, std::wstring& path);
 
-    building::Document& Document() { return document; }
+    Value& Root() { return document; }
     std::wstring Text() const { return building::TextOf(document); }
     uint32_t LastHandle() const { return lastHandle; }
 
@@ -61,10 +59,10 @@ private:
     uint32_t HandleOf(const std::wstring& path);
     void Forget();
 
-    building::Document document;
+    Document document;
     std::map<int32_t, std::wstring> handleToPath;
     std::map<std::wstring, uint32_t> pathToHandle;
     uint32_t lastHandle = 0;
 };
 
-}  // namespace fuzz
+}  // namespace model

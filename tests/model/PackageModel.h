@@ -7,16 +7,16 @@
 #include "PackageState.h"
 #include "Readings.h"
 
-namespace fuzz {
+namespace model {
 
-/// What a package is to do, written out plainly: names and values in a row, looked through one by
+/// What a package must do, written out plainly: names and values in a row, looked through one by
 /// one. Null arguments are the caller's affair.
 class PackageModel {
 public:
     PackageModel() : state{L"{}", 0, 0, 0, 1} {}
 
-    /// What a load of `json` left, which the reference foretold.
-    void Load(const support::PackageOutcome& outcome, const std::wstring& json);
+    /// A load of a source that was read by the package's rules; returns the expected outcome.
+    support::PackageOutcome Load(const Document& read);
     void SetIgnoreCase(uint32_t flag) { state.ignoreCase = flag; }
 
     void Set(const std::wstring& key, Value&& value);
@@ -47,9 +47,9 @@ private:
     std::vector<Member>::iterator Find(const std::wstring& key);
     std::wstring Text();
 
-    building::Document pool;  ///< owns the values' texts and containers
+    Document pool;  ///< owns the values' texts and containers
     std::vector<Member> members;
     support::PackageState state;
 };
 
-}  // namespace fuzz
+}  // namespace model

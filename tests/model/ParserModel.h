@@ -7,9 +7,9 @@
 
 #include "Readings.h"
 
-namespace fuzz {
+namespace model {
 
-/// What a parser is to answer, written out plainly: RapidJSON's own document of the same text, with
+/// What a parser must return, written out plainly: RapidJSON's own document of the same text, with
 /// members looked for one by one.
 class ParserModel {
 public:
@@ -43,10 +43,10 @@ private:
     std::optional<Outputs> OutputsFor(const support::Operation& operation, Value& value);
     uint32_t HandleOf(const Value& value);
 
-    building::Document document;
+    Document document;
     std::map<const Value*, uint64_t> references;
     std::map<uint64_t, Value*> values;
     std::vector<const Value*> handleToValue;
 };
 
-}  // namespace fuzz
+}  // namespace model

@@ -7,18 +7,11 @@
 #include <cmath>
 
 #include "PackageReference.h"
-#include "ReferenceLoad.h"
-#include "RoundTrip.h"
 
-namespace fuzz {
+namespace model {
 namespace {
 
 using support::Asks;
-
-bool AreEqual(wchar_t a, wchar_t b) {
-    const auto lower = [](wchar_t c) { return c >= L'A' && c <= L'Z' ? c + 32 : c + 0; };
-    return lower(a) == lower(b);
-}
 
 std::optional<Outputs> ReadAs(Asks asks, const Value& value) {
     switch (asks) {
@@ -36,15 +29,15 @@ std::optional<Outputs> ReadAs(Asks asks, const Value& value) {
 
 }  // namespace
 
-void PackageModel::Load(const support::PackageOutcome& outcome, const std::wstring& json) {
+support::PackageOutcome PackageModel::Load(const Document& read) {
+    const auto outcome = ReferencePackage(read);
     members.clear();
-    // A number too large for a double may become Infinity, which ends the text of the outcome.
-    building::Document document = ParseExactly(outcome.text);
-    if (document.HasParseError()) document.Parse(json.c_str());
-    for (auto& member : document.GetObject())
-        members.push_back({fuzz::TextOf(member.name), Value(member.value, Allocator())});
+    if (!read.HasParseError() && read.IsObject())
+        for (const auto& member : read.GetObject())
+            members.push_back({CharactersOf(member.name), Value(member.value, Allocator())});
     state.code = outcome.code;
     state.offset = outcome.offset;
+    return outcome;
 }
 
 void PackageModel::Set(const std::wstring& key, Value&& value) {
@@ -68,9 +61,9 @@ void PackageModel::SetNumber(const std::wstring& key, double number) {
 }
 
 int PackageModel::SetJson(const std::wstring& key, const std::wstring& json) {
-    if (support::ReferencePackageText(json).result != 1) return 0;
-    const building::Document document = ParseExactly(support::ReferenceLoadText(json).tree);
-    Set(key, Value(document, Allocator()));
+    const Document read = ReadText(kPackageLoads, json);
+    if (read.HasParseError() || (!read.IsObject() && !read.IsArray())) return 0;
+    Set(key, Value(read, Allocator()));
     return 1;
 }
 
@@ -106,8 +99,7 @@ support::PackageState PackageModel::State() {
 
 std::vector<PackageModel::Member>::iterator PackageModel::Find(const std::wstring& key) {
     return std::find_if(members.begin(), members.end(), [&](const Member& member) {
-        if (state.ignoreCase == 0) return member.name == key;
-        return std::equal(key.begin(), key.end(), member.name.begin(), member.name.end(), AreEqual);
+        return AreSame(member.name, key, state.ignoreCase == 0);
     });
 }
 
@@ -125,4 +117,4 @@ std::wstring PackageModel::Text() {
     return {buffer.GetString(), buffer.GetSize() / sizeof(wchar_t)};
 }
 
-}  // namespace fuzz
+}  // namespace model

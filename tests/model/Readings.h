@@ -4,12 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "BuildDocument.h"
 #include "ParserOperationList.h"
+#include "PlainReader.h"
 
-namespace fuzz {
+namespace model {
 
-using building::Value;
 using Outputs = std::vector<std::wstring>;
 
 /// The codes of a value's kind.
@@ -21,9 +20,9 @@ uint32_t ValueTypeOf(const Value& value);
 std::optional<Outputs> Read(support::Asks asks, const Value& value);
 
 /// The characters of a string.
-std::wstring TextOf(const Value& string);
+std::wstring CharactersOf(const Value& string);
 
-/// Whether the text has no half of a surrogate pair, so that every encoding can hold it.
-bool IsWellFormed(const std::wstring& text);
+/// Whether two keys are the same: exactly, or without regard to the case of ASCII letters.
+bool AreSame(const std::wstring& a, const std::wstring& b, bool exactly);
 
-}  // namespace fuzz
+}  // namespace model

@@ -1,9 +1,8 @@
 #include "GeneratorModel.h"
 
 #include "ItemPathModel.h"
-#include "RoundTrip.h"
 
-namespace fuzz {
+namespace model {
 namespace {
 
 using building::Arguments;
@@ -13,7 +12,6 @@ using building::Kind;
 using building::Operation;
 using building::Place;
 using support::Asks;
-using support::Taken;
 
 bool IsNullText(const Item& item) {
     if (item.kind == Kind::kString) return !item.payload.text;
@@ -127,7 +125,7 @@ Answer GeneratorModel::Graft(const Operation& route, const support::Arguments& a
     const bool isUsable = taken.kind == Taken::kContainer;
     auto& allocator = document.GetAllocator();
     Value made;
-    if (isUsable) made.CopyFrom(ParseExactly(taken.tree), allocator);
+    if (isUsable) made.CopyFrom(taken.tree, allocator);
     if (route.asks == Asks::kLoad) {
         if (!isUsable) return {unusable};
         Forget();
@@ -182,4 +180,4 @@ uint32_t GeneratorModel::HandleOf(const std::wstring& path) {
     return issued.first->second;
 }
 
-}  // namespace fuzz
+}  // namespace model
