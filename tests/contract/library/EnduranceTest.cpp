@@ -262,6 +262,46 @@ bool UseFiles() {
 
 TEST(Endurance, Files) { ExpectNoTrace(&UseFiles, kFew); }
 
+// ---- The module --------------------------------------------------------------------------------
+
+/// A copy of the DLL, which no one else has loaded.
+class CopiedDll {
+public:
+    CopiedDll() {
+        wchar_t original[MAX_PATH] = {};
+        GetModuleFileNameW(support::JsonDll(), original, MAX_PATH);
+        EXPECT_TRUE(CopyFileW(original, Name(), FALSE));
+    }
+    const wchar_t* Name() const { return file.Name(); }
+
+private:
+    const TempFile file;
+};
+
+/// Uses what a module exports, in what goes well and in what fails by an exception and by a fault.
+bool UseModule(HMODULE module) {
+    const auto create = reinterpret_cast<IJsonParser* (*)()>(
+        reinterpret_cast<void*>(GetProcAddress(module, "CreateJsonParser")));
+    if (!create) return false;
+    const Parser parser(create());
+    uint32_t type = 0;
+    return parser->LoadJsonString(std::wstring(1'000'000, L'[').c_str()) == -5 &&
+           parser->LoadJsonString(kSmall) == 1 && ReadsSmallDocument(*parser) &&
+           parser->GetItemTypeByPath(L"/missing/1", &type) == -5;
+}
+
+TEST(Endurance, LoadingAndUnloading) {
+    static const CopiedDll dll;
+    ExpectNoTrace(
+        [] {
+            const HMODULE module = LoadLibraryW(dll.Name());
+            bool good = module && UseModule(module);
+            support::OnStackOf(support::kSmallStack, [&] { good = good && UseModule(module); });
+            return good && FreeLibrary(module) && !GetModuleHandleW(dll.Name());
+        },
+        kFew);
+}
+
 // ---- Depth -------------------------------------------------------------------------------------
 
 /// Deeper than a small stack carries, whatever the system makes of its size.
