@@ -65,4 +65,20 @@ std::vector<std::string> PeFile::Imports() const {
     return names;
 }
 
+DWORD PeFile::Symbol(const std::string& name) const {
+    const IMAGE_FILE_HEADER& header = Headers()->FileHeader;
+    const char* const symbols = bytes.data() + header.PointerToSymbolTable;
+    const char* const names = symbols + size_t{header.NumberOfSymbols} * IMAGE_SIZEOF_SYMBOL;
+    for (DWORD i = 0; i < header.NumberOfSymbols; ++i) {
+        const auto& symbol =
+            *reinterpret_cast<const IMAGE_SYMBOL*>(symbols + size_t{i} * IMAGE_SIZEOF_SYMBOL);
+        // Names of up to eight characters stand in the symbol itself.
+        if (symbol.N.Name.Short == 0 && name == names + symbol.N.Name.Long)
+            return IMAGE_FIRST_SECTION(Headers())[symbol.SectionNumber - 1].VirtualAddress +
+                   symbol.Value;
+        i += symbol.NumberOfAuxSymbols;
+    }
+    return 0;
+}
+
 }  // namespace pe

@@ -19,6 +19,8 @@ public:
     std::vector<std::string> Exports() const;
     /// The names of the modules that it imports from, in lower case.
     std::vector<std::string> Imports() const;
+    /// The address, relative to the image, of the symbol of that name; 0 without such a symbol.
+    DWORD Symbol(const std::string& name) const;
     /// Whether it has the data directory (IMAGE_DIRECTORY_ENTRY_...) of a number.
     bool Has(int directory) const;
 

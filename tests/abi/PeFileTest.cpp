@@ -9,12 +9,14 @@
 
 namespace {
 
-/// The DLL beside this program.
-std::wstring DllName() {
+/// A file beside this program.
+std::filesystem::path Beside(const wchar_t* name) {
     wchar_t program[MAX_PATH + 1] = {};
     GetModuleFileNameW(nullptr, program, MAX_PATH);
-    return std::filesystem::path(program).replace_filename(L"Json_Dll.dll").wstring();
+    return std::filesystem::path(program).replace_filename(name);
 }
+
+std::wstring DllName() { return Beside(L"Json_Dll.dll").wstring(); }
 
 const pe::PeFile& Dll() {
     static const pe::PeFile file(DllName());
@@ -82,6 +84,20 @@ TEST_F(DllFile, SaysItsVersion) {
     ASSERT_TRUE(VerQueryValueW(info.data(), L"\\StringFileInfo\\040904B0\\OriginalFilename", &text,
                                &length));
     EXPECT_STREQ(L"Json_Dll.dll", static_cast<const wchar_t*>(text));
+}
+
+/// The module's handle has a name in the symbols, which are in a file of their own except in builds
+/// for debugging, and is there when the module is loaded.
+TEST_F(DllFile, ShowsItsModuleToADebugger) {
+    const std::filesystem::path split = Beside(L"Json_Dll.dll.debug");
+    const pe::PeFile symbols(exists(split) ? split.wstring() : DllName());
+    ASSERT_NE(nullptr, symbols.Headers());
+    const DWORD address = symbols.Symbol("_ZL13libraryModule");  // as GCC mangles it
+    ASSERT_NE(0u, address);
+    const HMODULE module = LoadLibraryW(DllName().c_str());
+    ASSERT_NE(nullptr, module);
+    EXPECT_EQ(module, *reinterpret_cast<HMODULE*>(reinterpret_cast<char*>(module) + address));
+    EXPECT_TRUE(FreeLibrary(module));
 }
 
 TEST_F(DllFile, IsEntirelyLoadedAndUnloaded) {
