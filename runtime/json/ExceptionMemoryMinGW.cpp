@@ -2,8 +2,8 @@
 // the module's life, for a host may load the library and free it again as often as it likes.
 #include <windows.h>
 
-#include <cstdlib>
 #include <cxxabi.h>
+#include <cstdlib>
 
 namespace __gnu_cxx {
 

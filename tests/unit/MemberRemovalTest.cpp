@@ -18,6 +18,13 @@ using support::SearchedObject;
 
 std::wstring Name(size_t number) { return L"key " + std::to_wstring(number); }
 
+/// The number in such a name. (std::stoul knows the wide characters of the machine alone.)
+size_t NumberIn(const std::wstring& name) {
+    size_t number = 0;
+    for (const wchar_t c : name.substr(4)) number = number * 10 + static_cast<size_t>(c - L'0');
+    return number;
+}
+
 /// One step of a script that takes a member away and puts one in.
 struct Script {
     const char* what;
@@ -46,7 +53,7 @@ const Script kScripts[] = {
     {"the oldest member goes, a new one comes",
      [](SearchedObject& object, size_t, std::mt19937&) {
          const std::wstring oldest = object.NameAt(0), newest = object.NameAt(object.Count() - 1);
-         object.Add(Name(std::stoul(newest.substr(4)) + 1));
+         object.Add(Name(NumberIn(newest) + 1));
          object.Remove(Position(object, oldest));
      }},
     {"any member goes, a new one comes",

@@ -12,8 +12,9 @@ namespace QXJSON {
 /// The document is nested deeper than the calling thread's stack allows.
 class NestingTooDeep : public std::exception {};
 
-/// The lowest stack address of the calling thread that recursion may reach. What lies below is kept
-/// for the work at the deepest level: a system call, an exception on its way.
+/// The lowest stack address of the calling thread, or of the fiber that it runs, that recursion may
+/// reach. What lies below is kept for the work at the deepest level: a system call, an exception on
+/// its way.
 class StackFloor {
 public:
     StackFloor();
