@@ -12,8 +12,12 @@ void EnsureWritable(T* output) {
     // The first and the last byte: an output may lie across two pages, and at any address.
     auto* const bytes = reinterpret_cast<volatile unsigned char*>(output);
     constexpr size_t kLast = sizeof(T) - 1;
-    bytes[0] = bytes[0];
-    bytes[kLast] = bytes[kLast];
+    const auto writeBack = [](volatile unsigned char& byte) {
+        const unsigned char same = byte;
+        byte = same;
+    };
+    writeBack(bytes[0]);
+    writeBack(bytes[kLast]);
 }
 
 }  // namespace QXJSON

@@ -10,9 +10,9 @@ namespace QXJSON {
 
 /// Whether a stream has limited room, so that a writer cannot reserve it for every string.
 template <class Stream>
-constexpr bool kIsLimited = false;
+inline constexpr bool kIsLimited = false;
 template <class Unit>
-constexpr bool kIsLimited<BlockStream<Unit>> = true;
+inline constexpr bool kIsLimited<BlockStream<Unit>> = true;
 
 /// One of RapidJSON's writers, for strings of any length.
 template <class RapidWriter, class Stream, class Encoding>

@@ -186,7 +186,7 @@ void PathTable::LinkAmong(ManyChildren& children, Node child, uint32_t hash) {
 
 /// From now on the children of a node are found in a place of their own.
 void PathTable::MoveChain(Node parent) {
-    Node chain[kLongestChain];  // in the order in which they were entered
+    Node chain[kLongestChain] = {};  // in the order in which they were entered
     Node* begin = std::end(chain);
     for (Node child = At(parent).firstChild; child != kRoot; child = At(child).nextInChain)
         *--begin = child;
