@@ -101,6 +101,21 @@ TEST(HostLoading, EveryEncodingOfInput) {
     }
 }
 
+/// Behind the prefix a file may have the name of a device; without it a load would wait for what
+/// the device sends.
+TEST(HostLoading, FilesWithNamesOfDevices) {
+    wchar_t folder[MAX_PATH + 1] = {};
+    GetTempPathW(MAX_PATH, folder);
+    for (const wchar_t* device : {L"AUX", L"com1.json", L"NUL"}) {
+        const std::wstring name = std::wstring(L"\\\\?\\") + folder + device;
+        const Generator generator = NewGenerator();
+        generator.Load(L"[1]").Get();
+        EXPECT_TRUE(generator.Save(name, Encoding::kUtf8)) << testing::PrintToString(device);
+        EXPECT_TRUE(NewParser().LoadFile(name)) << testing::PrintToString(device);
+        EXPECT_TRUE(DeleteFileW(name.c_str()));
+    }
+}
+
 TEST(HostLoading, GeneratorsSayNoMoreThanTheirCodes) {
     const Generator generator = NewGenerator();
     EXPECT_EQ(1u, generator.Load(L"{\"a\":[]}").Get().Raw());
