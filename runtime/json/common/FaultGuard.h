@@ -19,7 +19,9 @@ bool RunsWithoutFault(Work&& work) {
     return RunsWithoutFault([](void* context) { (*static_cast<Callable*>(context))(); }, &work);
 }
 
-/// A processor fault, as a C++ exception.
+/// A processor fault, as a C++ exception: what RethrowFaults makes of one. Nothing else throws it;
+/// a fault that the contract promises is raised by RaiseAccessViolation, as the real one that it
+/// stands for.
 class ProcessorFault : public std::exception {};
 
 /// Does `work` on memory that the caller handed in, and which may not be readable: a fault becomes
@@ -29,9 +31,10 @@ void RethrowFaults(Work&& work) {
     if (!RunsWithoutFault([&] { work(); })) throw ProcessorFault();
 }
 
-/// The processor fault that the contract promises where a place is used without being tested: an
-/// access violation, raised on purpose so that no optimiser can take it away. Nothing that owns
-/// something may be alive in the frames up to the guard.
+/// The processor fault that the contract promises where a place, a key or a text is used without
+/// being tested: an access violation, raised on purpose so that no optimiser can take it away. A
+/// host meets it as one where there is no guard. As with every fault, nothing that owns something
+/// may be alive in the frames up to the guard or to RethrowFaults.
 [[noreturn]] void RaiseAccessViolation();
 
 }  // namespace QXJSON
