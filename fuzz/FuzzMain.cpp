@@ -3,6 +3,10 @@
 
 #include <cstdlib>
 
+#include "support/SpotChecks.h"
+
+const bool fuzz::kMakesAllChecks = false;
+
 namespace {
 
 class EndAtFirstFailure final : public testing::EmptyTestEventListener {

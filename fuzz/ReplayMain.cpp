@@ -9,7 +9,11 @@
 #include <iterator>
 #include <vector>
 
+#include "support/SpotChecks.h"
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
+
+const bool fuzz::kMakesAllChecks = true;
 
 namespace {
 

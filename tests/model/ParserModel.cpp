@@ -46,8 +46,7 @@ ParserModel::ParserModel(const std::wstring& json, QXJSON::IJsonParser& parser)
 
 void ParserModel::Pair(Value& mine, Value& theirs) {
     ASSERT_EQ(ValueTypeOf(mine), ValueTypeOf(theirs));
-    references[&mine] = building::ReferenceOf(theirs);
-    values[building::ReferenceOf(theirs)] = &mine;
+    references.emplace_back(&mine, building::ReferenceOf(theirs));
     if (mine.IsArray()) {
         ASSERT_EQ(mine.Size(), theirs.Size());
         for (rapidjson::SizeType i = 0; i < mine.Size(); ++i) Pair(mine[i], theirs[i]);
@@ -61,8 +60,22 @@ void ParserModel::Pair(Value& mine, Value& theirs) {
     }
 }
 
+uint64_t ParserModel::ReferenceOf(const Value& value) const {
+    return std::find_if(references.begin(), references.end(),
+                        [&](const auto& pair) { return pair.first == &value; })
+        ->second;
+}
+
+Value* ParserModel::ValueOf(uint64_t reference) const {
+    return std::find_if(references.begin(), references.end(),
+                        [&](const auto& pair) { return pair.second == reference; })
+        ->first;
+}
+
 Answer ParserModel::Ask(const Operation& operation, const Arguments& arguments) {
-    const auto refuse = [&](int result) { return Answer(operation.returnsBool ? 0 : result); };
+    const auto refuse = [&](int result) {
+        return Answer(operation.returnsBool && result != -5 ? 0 : result);
+    };
     const Found place = Place(operation, arguments);
     if (!place.value) return refuse(place.absence);
     const bool needsKey = operation.hasKey && operation.asks != Asks::kVariant;
@@ -79,8 +92,6 @@ Answer ParserModel::Ask(const Operation& operation, const Arguments& arguments) 
     return {1, *outputs};
 }
 
-bool ParserModel::Faults(const wchar_t* path) { return Path(path).absence == -5; }
-
 // ---- Places ------------------------------------------------------------------------------------
 
 ParserModel::Found ParserModel::Place(const Operation& operation, const Arguments& arguments) {
@@ -93,7 +104,7 @@ ParserModel::Found ParserModel::Place(const Operation& operation, const Argument
         }
         case support::Place::kReference:
             if (arguments.reference == 0) return {nullptr, -2};
-            return {values.at(arguments.reference), 1};
+            return {ValueOf(arguments.reference), 1};
         default: {
             Found found = Path(arguments.path);
             if (found.absence == -10 && operation.asks == Asks::kItem) found.absence = -2;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Readings.h"
@@ -17,14 +17,12 @@ public:
     /// side with those of the model.
     ParserModel(const std::wstring& json, QXJSON::IJsonParser& parser);
 
+    /// The answer; -5 also where an operation without a guard lets the fault out.
     support::Answer Ask(const support::Operation& operation, const support::Arguments& arguments);
-
-    /// Whether looking for the path is a fault, as an operation without a guard lets it out.
-    bool Faults(const wchar_t* path);
 
     Value& Root() { return document; }
     uint32_t LastHandle() const { return static_cast<uint32_t>(handleToValue.size()); }
-    uint64_t ReferenceOf(const Value& value) const { return references.at(&value); }
+    uint64_t ReferenceOf(const Value& value) const;
 
 private:
     /// A value, or the result that its absence has.
@@ -34,6 +32,7 @@ private:
     };
 
     void Pair(Value& mine, Value& theirs);
+    Value* ValueOf(uint64_t reference) const;
     Found Place(const support::Operation& operation, const support::Arguments& arguments);
     Found Path(const wchar_t* path);
     Found Target(const support::Operation& operation, const support::Arguments& arguments,
@@ -44,8 +43,7 @@ private:
     uint32_t HandleOf(const Value& value);
 
     Document document;
-    std::map<const Value*, uint64_t> references;
-    std::map<uint64_t, Value*> values;
+    std::vector<std::pair<Value*, uint64_t>> references;  ///< each value's
     std::vector<const Value*> handleToValue;
 };
 

@@ -97,11 +97,11 @@ std::optional<Outputs> Read(Asks asks, const Value& value) {
     }
 }
 
-std::wstring CharactersOf(const Value& string) {
+std::wstring_view CharactersOf(const Value& string) {
     return {string.GetString(), string.GetStringLength()};
 }
 
-bool AreSame(const std::wstring& a, const std::wstring& b, bool exactly) {
+bool AreSame(std::wstring_view a, std::wstring_view b, bool exactly) {
     if (exactly) return a == b;
     const auto lower = [](wchar_t c) { return c >= L'A' && c <= L'Z' ? c + 32 : c + 0; };
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),

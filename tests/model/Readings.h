@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ParserOperationList.h"
@@ -20,9 +21,9 @@ uint32_t ValueTypeOf(const Value& value);
 std::optional<Outputs> Read(support::Asks asks, const Value& value);
 
 /// The characters of a string.
-std::wstring CharactersOf(const Value& string);
+std::wstring_view CharactersOf(const Value& string);
 
 /// Whether two keys are the same: exactly, or without regard to the case of ASCII letters.
-bool AreSame(const std::wstring& a, const std::wstring& b, bool exactly);
+bool AreSame(std::wstring_view a, std::wstring_view b, bool exactly);
 
 }  // namespace model

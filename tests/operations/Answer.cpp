@@ -4,6 +4,16 @@
 #include <cwchar>
 
 namespace support {
+namespace {
+
+/// std::to_wstring takes the way through formats, and most answers are numbers.
+template <class Number>
+std::wstring Digits(Number number) {
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
+
+}  // namespace
 
 Answer::Answer(int answered, uint64_t number) : result(answered), outputs{Show(number)} {}
 
@@ -35,10 +45,10 @@ std::ostream& operator<<(std::ostream& out, const Answer& answer) {
 }
 
 std::wstring Show(bool flag) { return flag ? L"1" : L"0"; }
-std::wstring Show(uint32_t number) { return std::to_wstring(number); }
-std::wstring Show(int32_t number) { return std::to_wstring(number); }
-std::wstring Show(uint64_t number) { return std::to_wstring(number); }
-std::wstring Show(int64_t number) { return std::to_wstring(number); }
+std::wstring Show(uint32_t number) { return Digits(number); }
+std::wstring Show(int32_t number) { return Digits(number); }
+std::wstring Show(uint64_t number) { return Digits(number); }
+std::wstring Show(int64_t number) { return Digits(number); }
 std::wstring Show(float number) { return Show(static_cast<double>(number)); }
 std::wstring Show(const wchar_t* text) { return text ? text : L"null"; }
 

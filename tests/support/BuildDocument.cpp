@@ -8,20 +8,24 @@
 namespace building {
 namespace {
 
-void Collect(const Value& value, const std::wstring& pointer, std::vector<std::wstring>& all) {
-    all.push_back(pointer);
+std::wstring Token(const Value& name) {
+    std::wstring token;
+    for (const wchar_t c : std::wstring(name.GetString(), name.GetStringLength()))
+        token += c == L'~' ? L"~0" : c == L'/' ? L"~1" : std::wstring(1, c);
+    return token;
+}
+
+/// Runs `action` with each child and a function that names it, until the action returns true.
+template <class Action>
+bool AnyChild(const Value& value, Action action) {
     if (value.IsArray()) {
         for (rapidjson::SizeType i = 0; i < value.Size(); ++i)
-            Collect(value[i], pointer + L"/" + std::to_wstring(i), all);
+            if (action(value[i], [i] { return std::to_wstring(i); })) return true;
     } else if (value.IsObject()) {
-        for (auto member = value.MemberBegin(); member != value.MemberEnd(); ++member) {
-            std::wstring token;
-            for (const wchar_t c :
-                 std::wstring(member->name.GetString(), member->name.GetStringLength()))
-                token += c == L'~' ? L"~0" : c == L'/' ? L"~1" : std::wstring(1, c);
-            Collect(member->value, pointer + L"/" + token, all);
-        }
+        for (auto member = value.MemberBegin(); member != value.MemberEnd(); ++member)
+            if (action(member->value, [member] { return Token(member->name); })) return true;
     }
+    return false;
 }
 
 }  // namespace
@@ -41,10 +45,26 @@ Value* Resolve(Value& root, const std::wstring& pointer) {
     return parsed.IsValid() ? parsed.Get(root) : nullptr;
 }
 
-std::vector<std::wstring> PointersIn(const Value& root) {
-    std::vector<std::wstring> all;
-    Collect(root, L"", all);
-    return all;
+uint32_t CountIn(const Value& root) {
+    uint32_t count = 1;
+    AnyChild(root, [&](const Value& child, const auto&) {
+        count += CountIn(child);
+        return false;
+    });
+    return count;
+}
+
+std::wstring PointerIn(const Value& root, uint32_t place) {
+    std::wstring pointer;
+    uint32_t first = 1;
+    AnyChild(root, [&](const Value& child, const auto& name) {
+        const uint32_t next = first + CountIn(child);
+        if (place >= first && place < next)
+            pointer = L"/" + name() + PointerIn(child, place - first);
+        first = next;
+        return place < next;
+    });
+    return pointer;
 }
 
 Value& At(uint64_t reference) { return *reinterpret_cast<Value*>(reference); }

@@ -24,8 +24,10 @@ std::wstring TextOf(QXJSON::IJsonGenerator& generator);
 /// there.
 Value* Resolve(Value& root, const std::wstring& pointer);
 
-/// The JSON Pointers of a value and of everything below it.
-std::vector<std::wstring> PointersIn(const Value& root);
+/// How many values there are, counting `root` and everything below it, and the JSON Pointer of one of
+/// them by its place in the document's order.
+uint32_t CountIn(const Value& root);
+std::wstring PointerIn(const Value& root, uint32_t place);
 
 /// The value that a generator's reference is the address of, read where it lies.
 Value& At(uint64_t reference);

@@ -9,8 +9,6 @@
 namespace support {
 namespace {
 
-constexpr uint32_t kFirstHandles = 20;
-
 /// The document in pieces: between them go what is grafted into the object and into the array.
 const std::wstring kFront = L"{\"object\":{\"old\":1";
 const std::wstring kMiddle = L"},\"array\":[10,20";
@@ -30,9 +28,11 @@ std::ostream& operator<<(std::ostream& out, const GeneratorState& state) {
 GeneratorState StateOf(QXJSON::IJsonGenerator& generator) {
     GeneratorState state;
     state.text = JsonOf(generator);
-    for (uint32_t handle = 0; handle < kFirstHandles; ++handle)
-        state.paths.push_back(PathOf(generator, handle));
-    return state;
+    for (uint32_t handle = 1;; ++handle) {
+        const std::wstring path = PathOf(generator, handle);
+        if (path.empty()) return state;
+        state.paths.push_back(path);
+    }
 }
 
 std::wstring PathOf(QXJSON::IJsonGenerator& generator, uint32_t handle) {

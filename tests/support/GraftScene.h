@@ -11,8 +11,7 @@
 
 namespace support {
 
-/// All that can be seen of a generator but the handle that it issues next: the document's text and
-/// the paths of the first handles.
+/// All that can be seen of a generator: the document's text, and the paths of its handles from 1 on.
 struct GeneratorState {
     std::wstring text;
     std::vector<std::wstring> paths;

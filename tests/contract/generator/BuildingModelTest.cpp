@@ -75,7 +75,9 @@ private:
         return item;
     }
 
-    std::wstring AnyPlace() { return Any(building::PointersIn(At(root))); }
+    std::wstring AnyPlace() {
+        return PointerIn(At(root), Draw(static_cast<int>(CountIn(At(root)))));
+    }
 
     void Add() {
         const Operation& operation = Any(AddingOperations());
