@@ -157,7 +157,7 @@ template <class Item>
 int DocumentBuilder::AddMember(const Parent& parent, const wchar_t* key, const Item& item,
                                uint32_t* handle) {
     if (!parent.known) return parent.Absence();
-    if (!key) throw ProcessorFault();  // by contract the key is used without a test
+    if (!key) RethrowFaults(RaiseAccessViolation);  // by contract the key is used without a test
     const std::wstring_view name = KeyOf(key);
     PathTable::Reached path = ChildOf(parent.path, name);
     if (path.Whole() && paths.HandleOf(path.node) != 0) return Overwrite(path.node, item, handle);
@@ -197,7 +197,7 @@ int DocumentBuilder::Append(const Parent& parent, const Item& item, uint32_t* ha
 template <class Item>
 int DocumentBuilder::Overwrite(Node child, const Item& item, uint32_t* handle) {
     if (!item.Known()) return kPlainFailure;
-    if (!item.HasText()) throw ProcessorFault();  // used without a test here, by contract
+    if (!item.HasText()) RethrowFaults(RaiseAccessViolation);  // used without a test here, by contract
     if (!handle) return kPlainFailure;
     EnsureWritable(handle);
     JsonValue* const value = Resolve(child);
@@ -206,7 +206,7 @@ int DocumentBuilder::Overwrite(Node child, const Item& item, uint32_t* handle) {
         if (IsContainer(*value)) ++epoch;
         *value = made;
     } else if (Item::kNeedsTarget) {
-        throw ProcessorFault();
+        RethrowFaults(RaiseAccessViolation);
     }
     *handle = paths.HandleOf(child);
     return kSuccess;
