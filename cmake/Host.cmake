@@ -7,7 +7,6 @@ endif()
 
 set(JSON_SANITIZERS address,undefined CACHE STRING "The sanitizers of the host build")
 option(JSON_FUZZERS "Build programs that search for inputs, with libFuzzer, instead of tests that replay those known" OFF)
-option(JSON_RAPIDJSON_ASSERTS "Let RapidJSON's assertions end the program in the host build" OFF)
 
 # Everything that shares text with the product has its 16-bit units, GoogleTest included.
 add_compile_options(-fshort-wchar)

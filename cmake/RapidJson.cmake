@@ -3,6 +3,4 @@ add_system_headers(RapidJson HEADERS rapidjson/document.h PACKAGES rapidjson-dev
 
 # The library's contract is RapidJSON's behaviour without assertions, in debug builds too.
 # (An option, for CMake drops definitions of macros with parameters.)
-if(NOT JSON_RAPIDJSON_ASSERTS)
-  target_compile_options(RapidJson INTERFACE "-DRAPIDJSON_ASSERT(x)=((void)0)")
-endif()
+target_compile_options(RapidJson INTERFACE "-DRAPIDJSON_ASSERT(x)=((void)0)")

@@ -121,8 +121,6 @@ HANDLE CreateEventW(void*, BOOL, BOOL set, const wchar_t*) {
     return host::HandleOf(eventfd(set ? 1 : 0, EFD_CLOEXEC));
 }
 
-BOOL SetEvent(HANDLE event) { return eventfd_write(host::DescriptorOf(event), 1) == 0; }
-
 DWORD WaitForSingleObject(HANDLE object, DWORD milliseconds) {
     if (const SharedThread thread = FindThread(object)) {
         if (!thread->joined) thread->joined = pthread_join(thread->id, nullptr) == 0;

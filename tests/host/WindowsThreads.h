@@ -25,7 +25,6 @@ BOOL GetExitCodeThread(HANDLE thread, DWORD* code);
 void GetCurrentThreadStackLimits(ULONG_PTR* low, ULONG_PTR* high);
 
 HANDLE CreateEventW(void* security, BOOL manual, BOOL set, const wchar_t* name);
-BOOL SetEvent(HANDLE event);
 /// For events, which stay set, and for threads, whose end is waited for at any rate.
 DWORD WaitForSingleObject(HANDLE object, DWORD milliseconds);
 }
