@@ -1,4 +1,6 @@
-#include "common/Base64.h"
+// Base64 in both directions, of every length.
+
+#include "common/text/Base64.h"
 
 #include <gtest/gtest.h>
 

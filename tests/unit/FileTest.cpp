@@ -1,4 +1,6 @@
-#include "common/File.h"
+// Whether a file can be written, found out without touching it.
+
+#include "common/platform/File.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>

@@ -1,3 +1,5 @@
+// What the guard turns into a result, and RethrowFaults into an exception.
+
 #include "Guard.h"
 
 #include <gtest/gtest.h>

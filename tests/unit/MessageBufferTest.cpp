@@ -1,4 +1,6 @@
-#include "common/MessageBuffer.h"
+// The buffer for texts that are handed out: how it grows, and that it is empty when reserved.
+
+#include "common/messages/MessageBuffer.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +8,7 @@
 #include <cstring>
 #include <string>
 
-#include "common/MessageCatalogue.h"
+#include "common/messages/MessageCatalogue.h"
 
 namespace {
 

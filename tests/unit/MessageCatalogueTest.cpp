@@ -1,4 +1,6 @@
-#include "common/MessageCatalogue.h"
+// The messages of every language.
+
+#include "common/messages/MessageCatalogue.h"
 
 #include <gtest/gtest.h>
 

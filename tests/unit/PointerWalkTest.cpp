@@ -1,4 +1,6 @@
-#include "common/PointerWalk.h"
+// JSON Pointers resolved in place, against RapidJSON's own.
+
+#include "common/search/PointerWalk.h"
 
 #include <gtest/gtest.h>
 

@@ -1,3 +1,5 @@
+// Strings read as base64: what decodes, what does not, and how long the bytes stay.
+
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// Whether an item or a member exists; the two operations that have no guard.
+
 #include <gtest/gtest.h>
 #include <windows.h>
 

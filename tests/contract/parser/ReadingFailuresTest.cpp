@@ -1,3 +1,5 @@
+// The result of each mistake in a call, and which of two mistakes decides.
+
 #include <gtest/gtest.h>
 
 #include "JsonDll.h"
@@ -66,7 +68,7 @@ TEST_F(ReadingFailures, OneMissingOutputLeavesTheOtherUnwritten) {
 
 TEST_F(ReadingFailures, EveryHandleThatWasNotIssuedIsUnknown) {
     for (const Operation& operation : ReadingOperations()) {
-        if (operation.place != Place::kHandle) continue;
+        if (operation.naming != NamedBy::kHandle) continue;
         for (const uint32_t handle : {0u, 7u, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu}) {
             SCOPED_TRACE(testing::Message() << operation.name << ", handle " << handle);
             Arguments arguments = calls.Good(operation);
@@ -90,7 +92,7 @@ TEST_F(ReadingFailures, EveryIndexFromTheCountOnIsOutOfRange) {
 
 TEST_F(ReadingFailures, ANullReferenceIsUnknownAndANullPathIsBad) {
     for (const Operation& operation : ReadingOperations()) {
-        if (operation.place == Place::kHandle) continue;
+        if (operation.naming == NamedBy::kHandle) continue;
         SCOPED_TRACE(operation.name);
         Arguments arguments = calls.Good(operation);
         arguments.reference = 0;

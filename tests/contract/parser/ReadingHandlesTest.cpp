@@ -1,3 +1,5 @@
+// Which operations issue handles, in which order, and that a value has one handle.
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -14,7 +16,7 @@ using namespace support;
 
 /// Whether an operation issues handles, shown or not.
 bool Issues(const Operation& operation) {
-    const bool looksUpAnItem = operation.place == Place::kHandle && operation.hasKey &&
+    const bool looksUpAnItem = operation.naming == NamedBy::kHandle && operation.hasKey &&
                                (operation.asks == Asks::kItemType || operation.returnsBool);
     return operation.Takes(parameters::kOutHandle) || looksUpAnItem;
 }
@@ -65,7 +67,7 @@ TEST(ReadingHandles, AreDenseFromOneInTheOrderOfFirstRequest) {
 /// Nothing reserves handle 1 for the root.
 TEST(ReadingHandles, APathCanBeTheFirstRequest) {
     for (const Operation& issuer : ObjectIssuers()) {
-        if (issuer.place == Place::kHandle) continue;
+        if (issuer.naming == NamedBy::kHandle) continue;
         SCOPED_TRACE(issuer.name);
         const Parser parser = Loaded(kObjectDocument);
         EXPECT_EQ(1u, HandleFrom(issuer, *parser));
@@ -176,7 +178,7 @@ TEST(ReadingHandles, OtherOperationsIssueNone) {
     for (const Operation& operation : ParserOperations()) {
         if (operation.asks == Asks::kLoad || operation.asks == Asks::kRelease) continue;
         const bool handsOutItems =
-            operation.asks == Asks::kChild && operation.place != Place::kReference;
+            operation.asks == Asks::kChild && operation.naming != NamedBy::kReference;
         if (handsOutItems) continue;  // the only ones whose good call asks for a fresh value
         operation.call(*parser, calls.Good(operation));
     }

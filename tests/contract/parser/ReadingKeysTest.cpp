@@ -1,3 +1,5 @@
+// Which member a key names: the first in any case of ASCII letters.
+
 #include <gtest/gtest.h>
 
 #include <string>

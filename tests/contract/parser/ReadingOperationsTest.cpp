@@ -1,3 +1,5 @@
+// What each operation returns for a good call, from the list of all operations.
+
 #include <gtest/gtest.h>
 
 #include "JsonDll.h"
@@ -69,7 +71,7 @@ Answer ExpectedOf(QXJSON::IJsonParser& parser, const Operation& operation) {
         if (row.asks != operation.asks) continue;
         const bool byReference =
             !row.byReference.empty() &&
-            (operation.place == Place::kReference || operation.Takes(parameters::kOutReference));
+            (operation.naming == NamedBy::kReference || operation.Takes(parameters::kOutReference));
         Answer expected = 1;
         for (const std::wstring& output : byReference ? row.byReference : row.outputs)
             expected.outputs.push_back(Resolved(parser, output));
@@ -81,7 +83,7 @@ Answer ExpectedOf(QXJSON::IJsonParser& parser, const Operation& operation) {
 
 TEST(ReadingOperations, EachAnswersAGoodCall) {
     const Operations asking = OperationsIf(ParserOperations(), [](const Operation& operation) {
-        return operation.place != Place::kNone || operation.asks == Asks::kRoot;
+        return operation.naming != NamedBy::kNone || operation.asks == Asks::kRoot;
     });
     for (const Operation& operation : asking) {
         SCOPED_TRACE(operation.name);

@@ -1,3 +1,5 @@
+// Item paths at the limit of 1,024 units.
+
 #include <gtest/gtest.h>
 
 #include <string>

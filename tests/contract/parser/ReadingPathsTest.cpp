@@ -1,3 +1,5 @@
+// What item paths name: keys, positions, escapes, and what faults.
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>

@@ -1,3 +1,5 @@
+// Every getter on every kind of value, in every way of naming it.
+
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -25,7 +27,7 @@ struct Placed {
         Site child;
         parser->GetChildItem(value.handle, 0, &child.handle, &itemType);
         parser->GetChildValue(value.reference, 0, &child.reference, &valueType);
-        if (operation.place == Place::kReference)
+        if (operation.naming == NamedBy::kReference)
             return {1, {Show(child.reference), Show(valueType)}};
         return {1, {Show(child.handle), Show(itemType)}};
     }
@@ -47,7 +49,7 @@ TEST(ReadingScalars, EveryGetterOnEveryValueInEveryForm) {
             // A key may be written in the other case, but for existence by path.
             arguments.key = L"V";
             const bool exact =
-                operation.hasKey && operation.returnsBool && operation.place == Place::kPath;
+                operation.hasKey && operation.returnsBool && operation.naming == NamedBy::kPath;
             EXPECT_EQ(exact ? Answer(0) : expected, operation.call(*placed.parser, arguments));
         }
     }

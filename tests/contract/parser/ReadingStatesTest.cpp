@@ -1,3 +1,5 @@
+// What operations return before a load, after one that failed, and after the next one.
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -161,7 +163,7 @@ void MakeAllMistakes(QXJSON::IJsonParser& parser) {
             operation.call(parser, arguments);
         }
         for (const wchar_t* path : {L"", L"x", L"/a~b", L"/missing/1"}) {
-            if (operation.place != Place::kPath || operation.returnsBool) continue;
+            if (operation.naming != NamedBy::kPath || operation.returnsBool) continue;
             Arguments arguments = calls.Good(operation);
             arguments.path = path;
             operation.call(parser, arguments);
@@ -169,7 +171,7 @@ void MakeAllMistakes(QXJSON::IJsonParser& parser) {
         if (operation.returnsBool) continue;
         Arguments arguments = calls.Good(operation);
         arguments.path = arguments.key = wild;
-        if (operation.place == Place::kReference) arguments.reference = 16;
+        if (operation.naming == NamedBy::kReference) arguments.reference = 16;
         for (auto& output : arguments.outputs) output = kWild;
         operation.call(parser, arguments);
     }

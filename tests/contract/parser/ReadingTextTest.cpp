@@ -1,3 +1,5 @@
+// The operations that write values as JSON text.
+
 #include <gtest/gtest.h>
 
 #include <string>

@@ -1,3 +1,5 @@
+// Values read as a text or an integer in one record.
+
 #include <gtest/gtest.h>
 
 #include <cstring>

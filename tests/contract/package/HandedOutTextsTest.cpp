@@ -109,7 +109,7 @@ Package Prepared(const wchar_t* key, const std::wstring& value) {
     return package;
 }
 
-TEST(PackageLifetime, TextsLiveUntilTheirKeyIsChanged) {
+TEST(PackageHandedOutTexts, TextsLiveUntilTheirKeyIsChanged) {
     for (const std::wstring& value : kValues)
         for (const Event& event : kEvents)
             for (const auto get : kTextGetters) {
@@ -122,7 +122,7 @@ TEST(PackageLifetime, TextsLiveUntilTheirKeyIsChanged) {
             }
 }
 
-TEST(PackageLifetime, LoadedTextsLiveAsLong) {
+TEST(PackageHandedOutTexts, LoadedTextsLiveAsLong) {
     for (const std::wstring& value : kValues)
         for (const Event& event : kEvents) {
             SCOPED_TRACE(testing::PrintToString(value) + ": " + event.name);
@@ -135,7 +135,7 @@ TEST(PackageLifetime, LoadedTextsLiveAsLong) {
         }
 }
 
-TEST(PackageLifetime, NamesLiveUntilTheirKeyIsChanged) {
+TEST(PackageHandedOutTexts, NamesLiveUntilTheirKeyIsChanged) {
     for (const std::wstring name :
          {L"", L"k", L"short", L"seven c", L"a name that is not so short"})
         for (const Event& event : kEvents) {
@@ -150,7 +150,7 @@ TEST(PackageLifetime, NamesLiveUntilTheirKeyIsChanged) {
 }
 
 /// Getters that fail do not touch what others handed out.
-TEST(PackageLifetime, TheWholeTextLivesUntilTheNextText) {
+TEST(PackageHandedOutTexts, TheWholeTextLivesUntilTheNextText) {
     const Package package = LoadedPackage(L"{\"s\":\"text\",\"n\":1,\"x\":\"QUJD\"}");
     const std::wstring expected = L"{\"s\":\"text\",\"n\":1,\"x\":\"QUJD\"}";
     const wchar_t* whole = nullptr;
@@ -176,7 +176,7 @@ TEST(PackageLifetime, TheWholeTextLivesUntilTheNextText) {
     EXPECT_EQ(expected, whole);
 }
 
-TEST(PackageLifetime, TheTextOfAContainerLivesUntilTheNextText) {
+TEST(PackageHandedOutTexts, TheTextOfAContainerLivesUntilTheNextText) {
     const Package package = LoadedPackage(L"{\"o\":{\"x\":[1,\"2\"]},\"s\":\"text\"}");
     const wchar_t* text = nullptr;
     ASSERT_EQ(1, package->GetValue(L"o", &text));
@@ -188,7 +188,7 @@ TEST(PackageLifetime, TheTextOfAContainerLivesUntilTheNextText) {
     EXPECT_STREQ(L"{\"x\":[1,\"2\"]}", text);
 }
 
-TEST(PackageLifetime, BytesLiveUntilTheNextBytes) {
+TEST(PackageHandedOutTexts, BytesLiveUntilTheNextBytes) {
     const Package package = LoadedPackage(L"{\"o\":{\"x\":[1,\"2\"]},\"s\":\"QUJD\"}");
     const std::string expected = "{\"o\":{\"x\":[1,\"2\"]},\"s\":\"QUJD\"}";
     const void* data = nullptr;
