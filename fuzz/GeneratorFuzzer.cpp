@@ -22,8 +22,8 @@ using building::Answer;
 using building::Arguments;
 using building::Item;
 using building::Kind;
+using building::NamedBy;
 using building::Operation;
-using building::Place;
 using building::Value;
 
 constexpr int kSteps = 60;
@@ -109,7 +109,7 @@ private:
 
     void Add() {
         const Operation& operation = choices.Of(building::AddingOperations());
-        if (operation.place == Place::kReference && !root) return;
+        if (operation.naming == NamedBy::kReference && !root) return;
         const Item item = AnyItem(operation);
         const std::wstring target = root ? AnyPlace(building::At(*root)) : L"";
         const std::wstring path = AnyPath();
@@ -130,8 +130,9 @@ private:
                 const std::wstring& target) {
         const Answer expected = model.Add(operation, item, arguments, target);
         const Answer answer = operation.call(*generator, arguments);
-        const bool isSame = operation.place == Place::kReference ? expected.result == answer.result
-                                                                 : expected == answer;
+        const bool isSame = operation.naming == NamedBy::kReference
+                                ? expected.result == answer.result
+                                : expected == answer;
         ASSERT_TRUE(isSame) << "expected " << expected << ", and it is " << answer << "; "
                             << operation.name << " of " << item.name << ", handle "
                             << arguments.handle << ", path "
@@ -139,7 +140,8 @@ private:
                             << testing::PrintToString(target) << ", key "
                             << testing::PrintToString(arguments.key) << ", document "
                             << testing::PrintToString(building::TextOf(*generator));
-        if (operation.place == Place::kReference) ExpectReference(operation, item, answer, target);
+        if (operation.naming == NamedBy::kReference)
+            ExpectReference(operation, item, answer, target);
     }
 
     /// Elements that are booleans or numbers have a reference of their own, which is none.
@@ -173,10 +175,10 @@ private:
     /// Enough members or elements below one parent for its search, its storage and its paths to be
     /// kept in another way.
     void AddMany() {
-        const Place place = choices.Below(2) == 0 ? Place::kHandle : Place::kPath;
+        const NamedBy naming = choices.Below(2) == 0 ? NamedBy::kHandle : NamedBy::kPath;
         const bool keyed = choices.Below(4) != 0;
         const Item item = building::IntItem(static_cast<int32_t>(choices.Below(256)));
-        const Operation& operation = building::AddingOperation(item.kind, place, keyed);
+        const Operation& operation = building::AddingOperation(item.kind, naming, keyed);
         const std::wstring path = AnyPath();
         const int32_t handle = AnyHandle();
         const std::wstring stem = fuzz::RandomKey(choices);

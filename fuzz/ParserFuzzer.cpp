@@ -82,9 +82,8 @@ private:
         arguments.reference = model.ReferenceOf(object);
         arguments.path = pathToTarget.c_str();
         for (uint32_t i = 0; i < object.MemberCount() + 8; ++i) {
-            std::wstring key = i < object.MemberCount()
-                                   ? object.MemberBegin()[i].name.GetString()
-                                   : fuzz::RandomKey(choices);
+            std::wstring key = i < object.MemberCount() ? object.MemberBegin()[i].name.GetString()
+                                                        : fuzz::RandomKey(choices);
             if (i % 2 != 0 && !key.empty()) key[i / 2 % key.size()] ^= 0x20;
             arguments.key = key.c_str();
             Expect(byReference, arguments);
@@ -127,8 +126,7 @@ private:
     std::wstring AnyKeyOf(const Value& value) {
         if (!value.IsObject() || value.ObjectEmpty() || choices.OneIn(4))
             return fuzz::RandomKey(choices);
-        std::wstring key =
-            value.MemberBegin()[choices.Below(value.MemberCount())].name.GetString();
+        std::wstring key = value.MemberBegin()[choices.Below(value.MemberCount())].name.GetString();
         if (!key.empty() && choices.OneIn(3)) key[choices.Below(8) % key.size()] ^= 0x20;
         return key;
     }

@@ -28,9 +28,9 @@ const std::map<std::string, Encoding>& Encodings() {
 }
 
 int Run(const Options& options) {
-    Layout layout;
-    layout.encoding = Encodings().at(options.encoding);
-    Write(Input(options.file).Generate(), options.out, layout);
+    TextForm form;
+    form.encoding = Encodings().at(options.encoding);
+    Write(Input(options.file).Generate(), options.out, form);
     return kGood;
 }
 

@@ -15,9 +15,9 @@ struct Options {
 };
 
 int Run(const Options& options) {
-    Layout layout;
-    layout.indented = options.indented;
-    Write(Input(options.file).Generate(), options.out, layout);
+    TextForm form;
+    form.indented = options.indented;
+    Write(Input(options.file).Generate(), options.out, form);
     return kGood;
 }
 

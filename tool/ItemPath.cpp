@@ -26,7 +26,7 @@ std::wstring ItemPath::Text() const {
     return text.empty() ? L"/" : text;
 }
 
-std::wstring KeyOf(const std::wstring& segment) {
+std::wstring UnescapedKey(const std::wstring& segment) {
     std::wstring key;
     for (size_t at = 0; at < segment.size(); ++at) {
         if (segment[at] != L'~') {

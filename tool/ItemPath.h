@@ -19,7 +19,7 @@ struct ItemPath {
 
 /// The key that a segment stands for in an object. Throws Failure for a tilde that is not part of
 /// an escape.
-std::wstring KeyOf(const std::wstring& segment);
+std::wstring UnescapedKey(const std::wstring& segment);
 
 /// The position that a segment stands for in an array, from 1; 0 where it stands for none.
 uint32_t PositionOf(const std::wstring& segment);

@@ -85,7 +85,7 @@ std::vector<Part> PartsOf(std::wstring_view json) {
 std::optional<Part> Find(std::wstring_view container, const std::wstring& segment) {
     const std::vector<Part> parts = PartsOf(container);
     if (KindOf(container) == ValueKind::kObject) {
-        const std::wstring key = Quoted(KeyOf(segment));
+        const std::wstring key = Quoted(UnescapedKey(segment));
         const auto found = std::find_if(parts.begin(), parts.end(),
                                         [&](const Part& part) { return part.key == key; });
         if (found != parts.end()) return *found;

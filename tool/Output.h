@@ -13,7 +13,7 @@ void Print(std::wstring_view text);
 void Flush();
 
 /// How a document is written.
-struct Layout {
+struct TextForm {
     QXJSON::hosting::Encoding encoding = QXJSON::hosting::Encoding::kUtf8;
     bool indented = false;
 };
@@ -22,7 +22,7 @@ struct Layout {
 /// encoding, or the standard output, which is named "-", without one. A file is replaced only after
 /// everything has been written, and otherwise stays as it was. Throws Failure.
 void Write(const QXJSON::hosting::Generator& document, const std::string& out,
-           const Layout& layout);
+           const TextForm& form);
 /// Writes the compact JSON of a document in the same way, in UTF-8: as it is, so that no number is
 /// read and written again.
 void Write(std::wstring_view json, const std::string& out);

@@ -45,7 +45,8 @@ bool IsContainer(std::wstring_view json) {
 std::wstring Introduction(std::wstring_view container, const std::wstring& segment) {
     const size_t count = PartsOf(container).size();
     const std::wstring separator = count > 0 ? L"," : L"";
-    if (KindOf(container) == ValueKind::kObject) return separator + Quoted(KeyOf(segment)) + L":";
+    if (KindOf(container) == ValueKind::kObject)
+        return separator + Quoted(UnescapedKey(segment)) + L":";
     if (PositionOf(segment) == count + 1) return separator;
     throw Failure{segment + L": the array has the positions 1 to " + std::to_wstring(count) +
                   L", and " + std::to_wstring(count + 1) + L" to append"};

@@ -1,6 +1,6 @@
 #include "CJsonGeneratorAdapter.h"
 
-#include "common/WholeNumber.h"
+#include "common/values/WholeNumber.h"
 
 namespace QXJSON {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/FaultGuard.h"
 #include "common/ResultCodes.h"
+#include "common/platform/FaultGuard.h"
 
 namespace QXJSON {
 

@@ -1,6 +1,6 @@
 // The fault guard of the host build.
 #include "FaultFrames.h"
-#include "common/FaultGuard.h"
+#include "common/platform/FaultGuard.h"
 
 namespace QXJSON {
 

@@ -9,8 +9,8 @@ using building::Arguments;
 using building::IsText;
 using building::Item;
 using building::Kind;
+using building::NamedBy;
 using building::Operation;
-using building::Place;
 using support::Asks;
 
 bool IsNullText(const Item& item) {
@@ -52,10 +52,10 @@ void GeneratorModel::Forget() {
 Answer GeneratorModel::Add(const Operation& operation, const Item& item, const Arguments& arguments,
                            const std::wstring& target) {
     if (IsEmptyHanded(item)) return {0};
-    switch (operation.place) {
-        case Place::kReference:
+    switch (operation.naming) {
+        case NamedBy::kReference:
             return AddByReference(operation, item, arguments, target);
-        case Place::kHandle:
+        case NamedBy::kHandle:
             return AddBelow(ByHandle(arguments.handle), operation, item, arguments);
         default:
             return AddBelow(ByPath(arguments.path), operation, item, arguments);
@@ -70,7 +70,7 @@ Answer GeneratorModel::AddByReference(const Operation& operation, const Item& it
     Value* parent = building::Resolve(document, target);
     if (!Fits(parent, operation.hasKey)) return {-3};
     auto& allocator = document.GetAllocator();
-    Value made = building::Stored(item, operation.place, allocator);
+    Value made = building::Stored(item, operation.naming, allocator);
     if (operation.hasKey)
         parent->AddMember(building::NewString(arguments.key, allocator), made, allocator);
     else
@@ -87,7 +87,7 @@ Answer GeneratorModel::AddBelow(const Parent& parent, const Operation& operation
         if (pathToHandle.count(path) != 0) {
             if (IsBadSelector(item)) return {0};
             if (IsNullText(item)) return {-5};
-            Value made = building::Stored(item, operation.place, document.GetAllocator());
+            Value made = building::Stored(item, operation.naming, document.GetAllocator());
             return Overwrite(path, made, IsText(item));
         }
     }
@@ -95,7 +95,7 @@ Answer GeneratorModel::AddBelow(const Parent& parent, const Operation& operation
     if (IsBadSelector(item)) return {0};
     if (IsNullText(item)) return {-4};
     if (!Fits(parent.value, operation.hasKey)) return {-3};
-    Value made = building::Stored(item, operation.place, document.GetAllocator());
+    Value made = building::Stored(item, operation.naming, document.GetAllocator());
     return Append(parent, operation.hasKey ? arguments.key : nullptr, made);
 }
 
@@ -132,7 +132,7 @@ Answer GeneratorModel::Graft(const Operation& route, const support::Arguments& a
         static_cast<Value&>(document) = made;
         return {1, HandleOf(L"")};
     }
-    const bool isByHandle = route.place == Place::kHandle;
+    const bool isByHandle = route.naming == NamedBy::kHandle;
     const Parent parent = isByHandle ? ByHandle(arguments.handle) : ByPath(arguments.path);
     if (parent.result != 1) return {parent.result};
     const bool fits = Fits(parent.value, route.hasKey);

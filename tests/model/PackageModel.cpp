@@ -34,7 +34,8 @@ support::PackageOutcome PackageModel::Load(const Document& read) {
     members.clear();
     if (!read.HasParseError() && read.IsObject())
         for (const auto& member : read.GetObject())
-            members.push_back({std::wstring(CharactersOf(member.name)), Value(member.value, Allocator())});
+            members.push_back(
+                {std::wstring(CharactersOf(member.name)), Value(member.value, Allocator())});
     state.code = outcome.code;
     state.offset = outcome.offset;
     return outcome;

@@ -13,8 +13,8 @@ namespace {
 using support::Answer;
 using support::Arguments;
 using support::Asks;
+using support::NamedBy;
 using support::Operation;
-using support::Place;
 using support::Show;
 
 bool IsText(Asks asks) { return asks == Asks::kObjectText || asks == Asks::kArrayText; }
@@ -76,7 +76,7 @@ Answer ParserModel::Ask(const Operation& operation, const Arguments& arguments) 
     const auto refuse = [&](int result) {
         return Answer(operation.returnsBool && result != -5 ? 0 : result);
     };
-    const Found place = Place(operation, arguments);
+    const Found place = Find(operation, arguments);
     if (!place.value) return refuse(place.absence);
     const bool needsKey = operation.hasKey && operation.asks != Asks::kVariant;
     if (needsKey && !arguments.key) return refuse(IsText(operation.asks) ? 0 : -1);
@@ -94,15 +94,15 @@ Answer ParserModel::Ask(const Operation& operation, const Arguments& arguments) 
 
 // ---- Places ------------------------------------------------------------------------------------
 
-ParserModel::Found ParserModel::Place(const Operation& operation, const Arguments& arguments) {
-    switch (operation.place) {
-        case support::Place::kHandle: {
+ParserModel::Found ParserModel::Find(const Operation& operation, const Arguments& arguments) {
+    switch (operation.naming) {
+        case support::NamedBy::kHandle: {
             const bool isKnown = arguments.handle - 1 < handleToValue.size();
             // The texts by handle use it without a test.
             if (!isKnown) return {nullptr, IsText(operation.asks) ? -5 : -2};
             return {const_cast<Value*>(handleToValue[arguments.handle - 1]), 1};
         }
-        case support::Place::kReference:
+        case support::NamedBy::kReference:
             if (arguments.reference == 0) return {nullptr, -2};
             return {ValueOf(arguments.reference), 1};
         default: {
@@ -139,7 +139,7 @@ ParserModel::Found ParserModel::Target(const Operation& operation, const Argumen
 ParserModel::Found ParserModel::Member(const Operation& operation, const wchar_t* key,
                                        Value& parent) {
     if (!parent.IsObject()) return {nullptr, IsText(operation.asks) ? 0 : -3};
-    const bool exactly = operation.returnsBool && operation.place == support::Place::kPath;
+    const bool exactly = operation.returnsBool && operation.naming == support::NamedBy::kPath;
     for (auto member = parent.MemberBegin(); member != parent.MemberEnd(); ++member)
         if (AreSame(CharactersOf(member->name), key, exactly)) return {&member->value, 1};
     if (operation.asks == Asks::kNumberClass) return {nullptr, -2};
@@ -159,7 +159,7 @@ ParserModel::Found ParserModel::Child(Value& parent, uint32_t index) {
 
 std::optional<Outputs> ParserModel::OutputsFor(const Operation& operation, Value& value) {
     const Asks asks = operation.asks;
-    const bool isByHandle = operation.place == support::Place::kHandle;
+    const bool isByHandle = operation.naming == support::NamedBy::kHandle;
     if (asks == Asks::kExistence) {
         if (isByHandle) HandleOf(value);
         return Outputs();
@@ -169,7 +169,7 @@ std::optional<Outputs> ParserModel::OutputsFor(const Operation& operation, Value
     if (!IsHandedOut(asks)) return Read(asks, value);
     if (asks == Asks::kObject && !value.IsObject()) return std::nullopt;
     if (asks == Asks::kArray && !value.IsArray()) return std::nullopt;
-    if (operation.place == support::Place::kReference)
+    if (operation.naming == support::NamedBy::kReference)
         return Outputs{Show(ReferenceOf(value)), Show(ValueTypeOf(value))};
     if (asks == Asks::kItem) return Outputs{Show(HandleOf(value))};
     return Outputs{Show(HandleOf(value)), Show(ItemTypeOf(value))};

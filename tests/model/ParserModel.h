@@ -33,7 +33,7 @@ private:
 
     void Pair(Value& mine, Value& theirs);
     Value* ValueOf(uint64_t reference) const;
-    Found Place(const support::Operation& operation, const support::Arguments& arguments);
+    Found Find(const support::Operation& operation, const support::Arguments& arguments);
     Found Path(const wchar_t* path);
     Found Target(const support::Operation& operation, const support::Arguments& arguments,
                  Found place);

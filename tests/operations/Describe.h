@@ -195,10 +195,10 @@ inline void Complete(Operation& operation) {
         for (const Parameter parameter : operation.parameters) all += condition(parameter) ? 1 : 0;
         return all;
     };
-    operation.place = operation.Takes(kHandle)      ? Place::kHandle
-                      : operation.Takes(kReference) ? Place::kReference
-                      : operation.Takes(kPath)      ? Place::kPath
-                                                    : Place::kNone;
+    operation.naming = operation.Takes(kHandle)      ? NamedBy::kHandle
+                       : operation.Takes(kReference) ? NamedBy::kReference
+                       : operation.Takes(kPath)      ? NamedBy::kPath
+                                                     : NamedBy::kNone;
     operation.hasKey = operation.Takes(kKey);
     operation.hasIndex = operation.Takes(kIndex);
     operation.outputs = count(IsOutput);

@@ -242,9 +242,9 @@ const Operations& AddingOperations() {
     return operations;
 }
 
-const Operation& AddingOperation(Kind kind, Place place, bool hasKey) {
+const Operation& AddingOperation(Kind kind, NamedBy naming, bool hasKey) {
     for (const Operation& operation : AddingOperations())
-        if (operation.kind == kind && operation.place == place && operation.hasKey == hasKey)
+        if (operation.kind == kind && operation.naming == naming && operation.hasKey == hasKey)
             return operation;
     throw std::invalid_argument("no such operation");
 }

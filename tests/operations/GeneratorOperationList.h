@@ -11,8 +11,8 @@ const Operations& GeneratorOperations();
 /// one that is given no key and appends an element.
 const Operations& AddingOperations();
 
-/// The one that adds this kind in this way; every kind is in every place, but the special numbers,
-/// which have no operation by reference.
-const Operation& AddingOperation(Kind kind, Place place, bool hasKey);
+/// The one that adds this kind in this way; there is every kind for every naming, except the
+/// special numbers, which have no operation by reference.
+const Operation& AddingOperation(Kind kind, NamedBy naming, bool hasKey);
 
 }  // namespace support

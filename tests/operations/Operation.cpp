@@ -6,9 +6,9 @@
 
 namespace support {
 
-const char* NameOf(Place place) {
+const char* NameOf(NamedBy naming) {
     constexpr const char* kNames[] = {"alone", "by handle", "by reference", "by path"};
-    return kNames[static_cast<int>(place)];
+    return kNames[static_cast<int>(naming)];
 }
 
 const char* NameOf(Parameter parameter) {

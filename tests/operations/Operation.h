@@ -20,14 +20,14 @@ class IJsonParser;
 namespace support {
 
 /// How an operation names the value that it works on, or the parent of what it adds.
-enum class Place { kNone, kHandle, kReference, kPath };
+enum class NamedBy { kNone, kHandle, kReference, kPath };
 
-inline constexpr Place kAllPlaces[] = {Place::kReference, Place::kHandle, Place::kPath};
+inline constexpr NamedBy kAllNamings[] = {NamedBy::kReference, NamedBy::kHandle, NamedBy::kPath};
 
-/// The name of a place, for test messages.
-const char* NameOf(Place place);
+/// The name of a way of naming, for test messages.
+const char* NameOf(NamedBy naming);
 
-/// What an operation is asked for; operations that differ only in Place ask for the same.
+/// What an operation is asked for; operations that differ only in NamedBy ask for the same.
 enum class Asks {
     // in every family
     kLoad,
@@ -167,7 +167,7 @@ struct Operation {
     bool returnsBool;
     std::function<Answer(Subject, const Arguments&)> call;
     // Of the parameters:
-    Place place;
+    NamedBy naming;
     bool hasKey;
     bool hasIndex;
     size_t outputs;

@@ -162,7 +162,7 @@ const Operation& ParserOperation(const std::string& name) {
 
 const Operations& ReadingOperations() {
     static const Operations reading = OperationsIf(
-        ParserOperations(), [](const Operation& o) { return o.place != Place::kNone; });
+        ParserOperations(), [](const Operation& o) { return o.naming != NamedBy::kNone; });
     return reading;
 }
 

@@ -24,8 +24,8 @@ std::wstring TextOf(QXJSON::IJsonGenerator& generator);
 /// there.
 Value* Resolve(Value& root, const std::wstring& pointer);
 
-/// How many values there are, counting `root` and everything below it, and the JSON Pointer of one of
-/// them by its place in the document's order.
+/// How many values there are, counting `root` and everything below it, and the JSON Pointer of one
+/// of them by its place in the document's order.
 uint32_t CountIn(const Value& root);
 std::wstring PointerIn(const Value& root, uint32_t place);
 

@@ -16,9 +16,9 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kTwoTo63 = 9223372036854775808.0;
 
 /// By reference and handle, whole numbers that 64 bits hold, and 2^63, become integers.
-Value StoredReal(double number, Place place) {
+Value StoredReal(double number, NamedBy naming) {
     const bool isWhole = std::trunc(number) == number && std::fabs(number) <= kTwoTo63;
-    if (place == Place::kPath || !isWhole) return Value(number);
+    if (naming == NamedBy::kPath || !isWhole) return Value(number);
     return Value(number == kTwoTo63 ? INT64_MIN : static_cast<int64_t>(number));
 }
 
@@ -212,7 +212,7 @@ bool IsText(const Item& item) {
            (item.kind == Kind::kVariant && item.payload.variant.tag == QXJSON::kVariantText);
 }
 
-Value Stored(const Item& item, Place place, Allocator& allocator) {
+Value Stored(const Item& item, NamedBy naming, Allocator& allocator) {
     const Payload& payload = item.payload;
     switch (item.kind) {
         case Kind::kObject:
@@ -222,9 +222,9 @@ Value Stored(const Item& item, Place place, Allocator& allocator) {
         case Kind::kBoolean:
             return Value(payload.word != 0);
         case Kind::kDouble:
-            return StoredReal(payload.real, place);
+            return StoredReal(payload.real, naming);
         case Kind::kFloat:
-            return StoredReal(static_cast<double>(payload.single), place);
+            return StoredReal(static_cast<double>(payload.single), naming);
         case Kind::kUInt64:
             return Value(payload.uint64);
         case Kind::kInt64:
@@ -247,9 +247,9 @@ Value Stored(const Item& item, Place place, Allocator& allocator) {
     }
 }
 
-std::wstring StoredText(const Item& item, Place place) {
+std::wstring StoredText(const Item& item, NamedBy naming) {
     Allocator allocator;
-    return TextOf(Stored(item, place, allocator));
+    return TextOf(Stored(item, naming, allocator));
 }
 
 Arguments With(const Item& item) {
@@ -266,8 +266,8 @@ Answer ItemHandleByPath(QXJSON::IJsonGenerator& generator, const wchar_t* path) 
     return operation.call(generator, arguments);
 }
 
-bool IsAddedBy(Place place, const Item& item) {
-    return place != Place::kReference || item.kind != Kind::kSpecialNumber;
+bool IsAddedBy(NamedBy naming, const Item& item) {
+    return naming != NamedBy::kReference || item.kind != Kind::kSpecialNumber;
 }
 
 }  // namespace building

@@ -12,14 +12,14 @@ using support::AddingOperation;
 using support::AddingOperations;
 using support::Answer;
 using support::Arguments;
-using support::kAllPlaces;
+using support::kAllNamings;
 using support::Kind;
 using support::kMissing;
 using support::kWild;
+using support::NamedBy;
 using support::NameOf;
 using support::Operation;
 using support::Payload;
-using support::Place;
 
 /// Something that can be added.
 struct Item {
@@ -54,11 +54,11 @@ const Item& SomeItem(Kind kind);
 /// Whether the item is stored as a text: a string, a blob and a variant that carries a text.
 bool IsText(const Item& item);
 
-/// The value that an operation by this place stores for the item.
-Value Stored(const Item& item, Place place, Allocator& allocator);
+/// The value that an operation of this naming stores for the item.
+Value Stored(const Item& item, NamedBy naming, Allocator& allocator);
 
 /// The same, as a plain writer writes it.
-std::wstring StoredText(const Item& item, Place place);
+std::wstring StoredText(const Item& item, NamedBy naming);
 
 /// Arguments with the item's payload and nothing else.
 Arguments With(const Item& item);
@@ -66,7 +66,7 @@ Arguments With(const Item& item);
 /// The answer of GetItemHandleByPath.
 Answer ItemHandleByPath(QXJSON::IJsonGenerator& generator, const wchar_t* path);
 
-/// Whether there are operations by this place that add the item.
-bool IsAddedBy(Place place, const Item& item);
+/// Whether there are operations of this naming that add the item.
+bool IsAddedBy(NamedBy naming, const Item& item);
 
 }  // namespace building

@@ -32,7 +32,7 @@ void Scene::Add(const wchar_t* member, const Item& item) {
     arguments.handle = sites[L""].handle;
     arguments.key = member;
     const Answer answer =
-        AddingOperation(item.kind, Place::kHandle, true).call(*generator, arguments);
+        AddingOperation(item.kind, NamedBy::kHandle, true).call(*generator, arguments);
     EXPECT_EQ(1, answer.result);
     sites[member] = {std::wstring(L"/") + member, static_cast<uint32_t>(answer.Number())};
 }
@@ -44,7 +44,7 @@ void Scene::AddSpare() {
     for (int i = 0; i < kSpares; ++i) EXPECT_EQ(1, generator->AddArrayValueInt(spare, 0, &element));
 }
 
-Arguments Scene::Place(const std::wstring& member) {
+Arguments Scene::Naming(const std::wstring& member) {
     const Site& site = sites.at(member);
     Arguments arguments;
     arguments.reference = ReferenceOf(*Resolve(At(root), member.empty() ? L"" : L"/" + member));

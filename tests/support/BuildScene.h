@@ -25,7 +25,7 @@ public:
 
     /// Arguments that name a member of the root, or with "" the root, in all three families. They
     /// live as long as the scene.
-    Arguments Place(const std::wstring& member);
+    Arguments Naming(const std::wstring& member);
     /// The handle of what `emptied` no longer holds.
     uint32_t LostHandle() const { return lost; }
     /// A handle that was not issued.

@@ -11,7 +11,8 @@
 
 namespace support {
 
-/// All that can be seen of a generator: the document's text, and the paths of its handles from 1 on.
+/// All that can be seen of a generator: the document's text, and the paths of its handles from 1
+/// on.
 struct GeneratorState {
     std::wstring text;
     std::vector<std::wstring> paths;

@@ -75,7 +75,7 @@ bool IsText(const Operation& operation) {
 }
 
 int ResultOfBadPlace(const Operation& operation) {
-    if (operation.place == Place::kPath) return operation.asks == Asks::kItem ? -2 : -10;
+    if (operation.naming == NamedBy::kPath) return operation.asks == Asks::kItem ? -2 : -10;
     return IsText(operation) ? -5 : -2;
 }
 
@@ -195,7 +195,7 @@ void Calls::Make(Mistake mistake, const Operation& operation, Arguments& argumen
 bool CanMake(Mistake mistake, const Operation& operation) {
     switch (mistake) {
         case Mistake::kBadPlace:
-            return operation.place != Place::kNone;
+            return operation.naming != NamedBy::kNone;
         // Without a key a variant is that of the value itself.
         case Mistake::kNullKey:
             return operation.hasKey && operation.asks != Asks::kVariant;

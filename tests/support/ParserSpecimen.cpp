@@ -22,7 +22,7 @@ public:
         member.path = std::wstring(L"/") + key;
         uint32_t type = 0;
         EXPECT_EQ(1, parser->GetMemberValue(root.reference, key, &member.reference, &type));
-        if (operation.place == Place::kHandle && !operation.hasKey) {
+        if (operation.naming == NamedBy::kHandle && !operation.hasKey) {
             member.handle = NextHandle(*parser, member.path.c_str());
             EXPECT_EQ(++issued, member.handle);
         }

@@ -48,7 +48,7 @@ void ExpectNumber(QXJSON::IJsonParser& parser, const wchar_t* path, int32_t numb
 
 void ExpectResults(QXJSON::IJsonParser& parser, const wchar_t* path, bool fault) {
     for (const Operation& operation : ReadingOperations()) {
-        if (operation.place != Place::kPath || (fault && operation.returnsBool)) continue;
+        if (operation.naming != NamedBy::kPath || (fault && operation.returnsBool)) continue;
         const int result = fault ? -5 : ResultOf(Mistake::kBadPlace, operation);
         Arguments arguments = Along(path);
         EXPECT_EQ(Answer(result), operation.call(parser, arguments)) << operation.name;

@@ -113,7 +113,7 @@ Outputs VariantOf(const Sample& sample) {
 
 /// Where the value is, as `operation` hands it out, with its type.
 Outputs PlaceAndType(const Operation& operation, const Sample& sample, const Site& site) {
-    if (operation.place == Place::kReference)
+    if (operation.naming == NamedBy::kReference)
         return {{Show(site.reference), Show(ValueTypeOf(sample))}};
     return {{Show(site.handle), Show(static_cast<uint32_t>(sample.kind))}};
 }

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "common/MemberLookup.h"
+#include "common/search/MemberLookup.h"
 
 namespace support {
 

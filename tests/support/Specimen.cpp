@@ -44,7 +44,7 @@ const SpecimenFamily kSpecimenFamilies[] = {
 bool CanOverwrite(const Operation& operation) {
     const bool stores = operation.asks == Asks::kStore || operation.asks == Asks::kGraft ||
                         operation.asks == Asks::kSetExported;
-    return stores && operation.hasKey && operation.place != Place::kReference;
+    return stores && operation.hasKey && operation.naming != NamedBy::kReference;
 }
 
 bool IsGood(const Operation& operation, const Answer& answer) {

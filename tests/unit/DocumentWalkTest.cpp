@@ -1,6 +1,6 @@
 // The walk over a document, against RapidJSON's own.
 
-#include "common/DocumentWalk.h"
+#include "common/values/DocumentWalk.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The hash table against one of the standard library, with hashes that are made to meet, and what
 // it costs.
 
-#include "common/HashTable.h"
+#include "common/search/HashTable.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "Growth.h"
-#include "common/Hash.h"
+#include "common/search/Hash.h"
 
 namespace {
 

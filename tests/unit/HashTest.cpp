@@ -1,6 +1,6 @@
 // The hash, and the secrets in it.
 
-#include "common/Hash.h"
+#include "common/search/Hash.h"
 
 #include <gtest/gtest.h>
 
@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "common/HashTable.h"
-#include "common/KeyText.h"
+#include "common/search/HashTable.h"
+#include "common/search/KeyText.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // Keys against loops that are as plain as can be: every length, every unit, at all addresses.
 
-#include "common/KeyText.h"
+#include "common/search/KeyText.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 
 #include "Growth.h"
 #include "SearchedObject.h"
-#include "common/MemberLookup.h"
+#include "common/search/MemberLookup.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // The search for members, whatever it remembers, against a scan.
 
-#include "common/MemberLookup.h"
+#include "common/search/MemberLookup.h"
 
 #include <gtest/gtest.h>
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "common/Utf8Stream.h"
+#include "common/text/Utf8Stream.h"
 
 namespace {
 

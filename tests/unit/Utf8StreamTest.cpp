@@ -1,7 +1,7 @@
 // The fast way for UTF-8 reads block by block and run by run: what matters is what stands across
 // the edge of a block, and that nothing malformed gets through.
 
-#include "common/Utf8Stream.h"
+#include "common/text/Utf8Stream.h"
 
 #include <gtest/gtest.h>
 #include <rapidjson/encodedstream.h>
@@ -12,7 +12,7 @@
 #include <random>
 #include <string>
 
-#include "common/TextInput.h"
+#include "common/text/TextInput.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // Reading of values: every combination of mistakes, of which the first decides.
 
-#include "common/ValueAccess.h"
+#include "common/values/ValueAccess.h"
 
 #include <gtest/gtest.h>
 
@@ -95,7 +95,7 @@ TEST(ValueAccess, OrderOfChecksOfChildren) {
     for (const unsigned container : {0u, 1u}) {
         ForEverySet(mistakes, [&](unsigned set, int expected) {
             const Place place = {set & 1 ? nullptr : &document[set & 4 ? 2 : container], kAbsence};
-            const Place found = FindChild(place, set & 8 ? 1 : 0, (set & 2) == 0);
+            const Place found = ChildAt(place, set & 8 ? 1 : 0, (set & 2) == 0);
             if (expected != kSuccess) {
                 EXPECT_EQ(nullptr, found.value);
                 EXPECT_EQ(expected, found.absence);

@@ -1,7 +1,7 @@
 // Adding of values: every combination of mistakes, of which the first decides; and the references
 // that are handed out.
 
-#include "common/ValueBuild.h"
+#include "common/values/ValueBuild.h"
 
 #include <gtest/gtest.h>
 

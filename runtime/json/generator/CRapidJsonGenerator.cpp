@@ -1,7 +1,7 @@
 #include "CRapidJsonGenerator.h"
 
-#include "../common/Outputs.h"
-#include "../common/TextInput.h"
+#include "common/text/TextInput.h"
+#include "common/values/Outputs.h"
 
 namespace QXJSON {
 

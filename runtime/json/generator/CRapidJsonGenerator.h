@@ -1,9 +1,9 @@
 #pragma once
 
 #include "../IJsonGenerator.h"
-#include "../common/Base64.h"
-#include "../common/TextOutput.h"
 #include "DocumentBuilder.h"
+#include "common/text/Base64.h"
+#include "common/text/TextOutput.h"
 
 namespace QXJSON {
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "../common/PointerWalk.h"
+#include "common/search/PointerWalk.h"
 
 namespace QXJSON {
 
@@ -81,8 +81,8 @@ JsonValue* DocumentBuilder::ResolveFromAbove(Node node) {
 
 JsonValue* DocumentBuilder::ChildOf(JsonValue& value, Node child) {
     const PathTable::Segment segment = paths.SegmentOf(child);
-    if (!segment.IsNumber()) return FindChild(lookup, value, segment.Text());
-    if (!value.IsArray()) return FindChild(lookup, value, paths.TextOf(child));
+    if (!segment.IsNumber()) return ResolveSegment(lookup, value, segment.Text());
+    if (!value.IsArray()) return ResolveSegment(lookup, value, paths.TextOf(child));
     return segment.length < value.Size() ? &value[segment.length] : nullptr;
 }
 

@@ -3,10 +3,10 @@
 #include <optional>
 #include <vector>
 
-#include "../common/FaultGuard.h"
-#include "../common/ItemPath.h"
-#include "../common/ValueBuild.h"
 #include "PathTable.h"
+#include "common/platform/FaultGuard.h"
+#include "common/search/ItemPath.h"
+#include "common/values/ValueBuild.h"
 
 namespace QXJSON {
 
@@ -197,7 +197,8 @@ int DocumentBuilder::Append(const Parent& parent, const Item& item, uint32_t* ha
 template <class Item>
 int DocumentBuilder::Overwrite(Node child, const Item& item, uint32_t* handle) {
     if (!item.Known()) return kPlainFailure;
-    if (!item.HasText()) RethrowFaults(RaiseAccessViolation);  // used without a test here, by contract
+    if (!item.HasText())
+        RethrowFaults(RaiseAccessViolation);  // used without a test here, by contract
     if (!handle) return kPlainFailure;
     EnsureWritable(handle);
     JsonValue* const value = Resolve(child);

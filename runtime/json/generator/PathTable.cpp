@@ -4,7 +4,7 @@
 #include <cstring>
 #include <iterator>
 
-#include "../common/KeyText.h"
+#include "common/search/KeyText.h"
 
 namespace QXJSON {
 namespace {

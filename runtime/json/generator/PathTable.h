@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "../common/Hash.h"
-#include "../common/HashTable.h"
-#include "../common/JsonTypes.h"
+#include "common/search/Hash.h"
+#include "common/search/HashTable.h"
+#include "common/values/JsonTypes.h"
 
 namespace QXJSON {
 

@@ -1,9 +1,9 @@
 #include "CRapidJsonPackage.h"
 
-#include "../common/Base64.h"
-#include "../common/FaultGuard.h"
-#include "../common/Outputs.h"
-#include "../common/WholeNumber.h"
+#include "common/platform/FaultGuard.h"
+#include "common/text/Base64.h"
+#include "common/values/Outputs.h"
+#include "common/values/WholeNumber.h"
 
 namespace QXJSON {
 

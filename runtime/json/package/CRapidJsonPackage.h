@@ -1,11 +1,11 @@
 #pragma once
 
-#include "../common/MessageBuffer.h"
-#include "../common/TextInput.h"
-#include "../common/TextOutput.h"
-#include "../common/ValueAccess.h"
-#include "../common/ValueBuild.h"
 #include "PackageReserved.h"
+#include "common/messages/MessageBuffer.h"
+#include "common/text/TextInput.h"
+#include "common/text/TextOutput.h"
+#include "common/values/ValueAccess.h"
+#include "common/values/ValueBuild.h"
 
 namespace QXJSON {
 

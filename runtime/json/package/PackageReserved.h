@@ -1,7 +1,7 @@
 #pragma once
 
 #include "../IJsonPackage.h"
-#include "../common/ResultCodes.h"
+#include "common/ResultCodes.h"
 
 namespace QXJSON {
 

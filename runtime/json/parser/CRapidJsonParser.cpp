@@ -1,9 +1,8 @@
 #include "CRapidJsonParser.h"
 
-#include "../common/Base64.h"
-#include "../common/FaultGuard.h"
-#include "../common/ItemPath.h"
-#include "../common/TextOutput.h"
+#include "common/platform/FaultGuard.h"
+#include "common/search/ItemPath.h"
+#include "common/text/TextOutput.h"
 
 namespace QXJSON {
 
@@ -91,12 +90,6 @@ int CRapidJsonParser::WriteMember(uint32_t handle, const wchar_t* key, KindTest 
     if (!key) return kPlainFailure;
     const MemberRequest request{key, text != nullptr, kPlainFailure, kPlainFailure};
     return Write(FindMember(members, object, request), kind, text);
-}
-
-/// Decodes a string that a string getter has just handed out with `textResult`.
-int CRapidJsonParser::Decode(int textResult, const wchar_t* const& text, const uint8_t** data,
-                             uint32_t* size) {
-    return textResult == kSuccess ? DecodeBase64(messageBuffer, text, data, size) : textResult;
 }
 
 int CRapidJsonParser::ReadVariant(const Place& place, const wchar_t* key, JsonVariant* variant) {

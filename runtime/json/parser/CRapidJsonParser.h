@@ -1,9 +1,10 @@
 #pragma once
 
 #include "../IJsonParser.h"
-#include "../common/MessageBuffer.h"
-#include "../common/TextInput.h"
 #include "HandOut.h"
+#include "common/messages/MessageBuffer.h"
+#include "common/text/Base64.h"
+#include "common/text/TextInput.h"
 
 namespace QXJSON {
 
@@ -23,34 +24,34 @@ public:
     int GetErrorMessage(const wchar_t** text) override;
 
     int GetRootValue(uint64_t* value, uint32_t* valueType) override {
-        return Hand(Root(), AsReference(value, valueType));
+        return HandOut(Root(), AsReference(value, valueType));
     }
     int GetRootItem(uint32_t* handle, uint32_t* itemType) override {
-        return Hand(Root(), AsItem(handle, itemType));
+        return HandOut(Root(), AsItem(handle, itemType));
     }
     int GetMemberValue(uint64_t value, const wchar_t* key, uint64_t* member,
                        uint32_t* valueType) override {
-        return HandMember(members, Referenced(value), key, AsReference(member, valueType));
+        return HandOutMember(members, Referenced(value), key, AsReference(member, valueType));
     }
     int GetChildValue(uint64_t value, uint32_t index, uint64_t* child,
                       uint32_t* valueType) override {
-        return HandChild(Referenced(value), index, AsReference(child, valueType));
+        return HandOutChild(Referenced(value), index, AsReference(child, valueType));
     }
     int GetMemberItemByPath(const wchar_t* path, const wchar_t* key, uint32_t* handle,
                             uint32_t* itemType) override {
-        return HandMember(members, AtPath(path), key, AsItem(handle, itemType));
+        return HandOutMember(members, AtPath(path), key, AsItem(handle, itemType));
     }
     int GetChildItemByPath(const wchar_t* path, uint32_t index, uint32_t* handle,
                            uint32_t* itemType) override {
-        return HandChild(AtPath(path), index, AsItem(handle, itemType));
+        return HandOutChild(AtPath(path), index, AsItem(handle, itemType));
     }
     int GetMemberItem(uint32_t handle, const wchar_t* key, uint32_t* member,
                       uint32_t* itemType) override {
-        return HandMember(members, Item(handle), key, AsItem(member, itemType));
+        return HandOutMember(members, Item(handle), key, AsItem(member, itemType));
     }
     int GetChildItem(uint32_t handle, uint32_t index, uint32_t* child,
                      uint32_t* itemType) override {
-        return HandChild(Item(handle), index, AsItem(child, itemType));
+        return HandOutChild(Item(handle), index, AsItem(child, itemType));
     }
 
     int GetMemberNameOfValue(uint64_t value, uint32_t index, const wchar_t** name) override {
@@ -194,25 +195,21 @@ public:
 
     int GetMemberBlobOfValue(uint64_t value, const wchar_t* key, const uint8_t** data,
                              uint32_t* size) override {
-        const wchar_t* text = nullptr;
-        return Decode(GetMemberStringOfValue(value, key, &text), text, data, size);
+        return ReadBlob([&](auto text) { return GetMemberStringOfValue(value, key, text); }, data,
+                        size);
     }
     int GetValueBlob(uint64_t value, const uint8_t** data, uint32_t* size) override {
-        const wchar_t* text = nullptr;
-        return Decode(GetValueString(value, &text), text, data, size);
+        return ReadBlob([&](auto text) { return GetValueString(value, text); }, data, size);
     }
     int GetItemBlobByPath(const wchar_t* path, const uint8_t** data, uint32_t* size) override {
-        const wchar_t* text = nullptr;
-        return Decode(GetItemStringByPath(path, &text), text, data, size);
+        return ReadBlob([&](auto text) { return GetItemStringByPath(path, text); }, data, size);
     }
     int GetMemberBlob(uint32_t handle, const wchar_t* key, const uint8_t** data,
                       uint32_t* size) override {
-        const wchar_t* text = nullptr;
-        return Decode(GetMemberString(handle, key, &text), text, data, size);
+        return ReadBlob([&](auto text) { return GetMemberString(handle, key, text); }, data, size);
     }
     int GetItemBlob(uint32_t handle, const uint8_t** data, uint32_t* size) override {
-        const wchar_t* text = nullptr;
-        return Decode(GetItemString(handle, &text), text, data, size);
+        return ReadBlob([&](auto text) { return GetItemString(handle, text); }, data, size);
     }
 
     int GetMemberStringOfValue(uint64_t value, const wchar_t* key, const wchar_t** text) override {
@@ -233,30 +230,31 @@ public:
 
     int GetMemberObjectValue(uint64_t value, const wchar_t* key, uint64_t* member,
                              uint32_t* valueType) override {
-        return HandMember(members, Referenced(value), key, AsReference(member, valueType),
-                          IsObject);
+        return HandOutMember(members, Referenced(value), key, AsReference(member, valueType),
+                             IsObject);
     }
     int GetObjectItemByPath(const wchar_t* path, uint32_t* handle, uint32_t* itemType) override {
-        return Hand(AtPath(path), AsItem(handle, itemType), IsObject);
+        return HandOut(AtPath(path), AsItem(handle, itemType), IsObject);
     }
     int GetMemberObjectItem(uint32_t handle, const wchar_t* key, uint32_t* member,
                             uint32_t* itemType) override {
-        return HandMember(members, Item(handle), key, AsItem(member, itemType), IsObject);
+        return HandOutMember(members, Item(handle), key, AsItem(member, itemType), IsObject);
     }
     int GetMemberArrayValue(uint64_t value, const wchar_t* key, uint64_t* member,
                             uint32_t* valueType) override {
-        return HandMember(members, Referenced(value), key, AsReference(member, valueType), IsArray);
+        return HandOutMember(members, Referenced(value), key, AsReference(member, valueType),
+                             IsArray);
     }
     int GetArrayItemByPath(const wchar_t* path, uint32_t* handle, uint32_t* itemType) override {
-        return Hand(AtPath(path), AsItem(handle, itemType), IsArray);
+        return HandOut(AtPath(path), AsItem(handle, itemType), IsArray);
     }
     int GetMemberArrayItem(uint32_t handle, const wchar_t* key, uint32_t* member,
                            uint32_t* itemType) override {
-        return HandMember(members, Item(handle), key, AsItem(member, itemType), IsArray);
+        return HandOutMember(members, Item(handle), key, AsItem(member, itemType), IsArray);
     }
     int GetItemByPath(const wchar_t* path, uint32_t* handle) override {
         uint32_t itemType = 0;
-        return Hand({AtPath(path).value, kNoValue}, AsItem(handle, &itemType));
+        return HandOut({AtPath(path).value, kNoValue}, AsItem(handle, &itemType));
     }
 
     int GetObjectJsonByPath(const wchar_t* path, const wchar_t** text) override {
@@ -330,7 +328,8 @@ private:
     }
     int Write(const Place& place, KindTest kind, const wchar_t** text);
     int WriteMember(uint32_t handle, const wchar_t* key, KindTest kind, const wchar_t** text);
-    int Decode(int textResult, const wchar_t* const& text, const uint8_t** data, uint32_t* size);
+    template <class GetText>
+    int ReadBlob(const GetText& getText, const uint8_t** data, uint32_t* size);
     int ReadVariant(const Place& place, const wchar_t* key, JsonVariant* variant);
 
     void Forget();
@@ -345,5 +344,13 @@ private:
     HandleTable handles;
     MemberLookup members{pool};
 };
+
+/// Decodes the text that a string getter hands out; where it hands out none, its result stands.
+template <class GetText>
+int CRapidJsonParser::ReadBlob(const GetText& getText, const uint8_t** data, uint32_t* size) {
+    const wchar_t* text = nullptr;
+    const int result = getText(&text);
+    return result == kSuccess ? DecodeBase64(messageBuffer, text, data, size) : result;
+}
 
 }  // namespace QXJSON

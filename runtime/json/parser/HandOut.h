@@ -1,8 +1,8 @@
 #pragma once
 
-#include "../common/Outputs.h"
-#include "../common/ValueAccess.h"
 #include "HandleTable.h"
+#include "common/values/Outputs.h"
+#include "common/values/ValueAccess.h"
 
 // How a value that was found goes out of the library: as a reference with its value type, or as a
 // handle with its item type.
@@ -15,7 +15,7 @@ struct ReferenceOutput {
     uint32_t* valueType;
 
     bool Complete() const { return value && valueType; }
-    void Give(JsonValue& found) const {
+    void Write(JsonValue& found) const {
         EnsureWritable(value);
         EnsureWritable(valueType);
         *value = reinterpret_cast<uintptr_t>(&found);
@@ -30,7 +30,7 @@ struct ItemOutput {
     uint32_t* itemType;
 
     bool Complete() const { return handle && itemType; }
-    void Give(JsonValue& found) const {
+    void Write(JsonValue& found) const {
         EnsureWritable(handle);
         EnsureWritable(itemType);
         *handle = handles.HandleOf(found);
@@ -46,24 +46,25 @@ inline bool IsArray(const JsonValue& value) { return value.IsArray(); }
 
 /// Hands out the value at a place; a value of another kind answers kPlainFailure.
 template <class Output>
-int Hand(const Place& place, const Output& output, KindTest kind = IsAny) {
+int HandOut(const Place& place, const Output& output, KindTest kind = IsAny) {
     if (!place.value) return place.absence;
     if (!output.Complete() || !kind(*place.value)) return kPlainFailure;
-    output.Give(*place.value);
+    output.Write(*place.value);
     return kSuccess;
 }
 
 /// Hands out a member of the object at a place; a missing member answers kPlainFailure.
 template <class Output>
-int HandMember(MemberLookup& members, const Place& object, const wchar_t* key, const Output& output,
-               KindTest kind = IsAny) {
-    return Hand(FindMember(members, object, {key, output.Complete(), kPlainFailure}), output, kind);
+int HandOutMember(MemberLookup& members, const Place& object, const wchar_t* key,
+                  const Output& output, KindTest kind = IsAny) {
+    return HandOut(FindMember(members, object, {key, output.Complete(), kPlainFailure}), output,
+                   kind);
 }
 
 /// Hands out the child at `index` of the container at a place.
 template <class Output>
-int HandChild(const Place& container, uint32_t index, const Output& output) {
-    return Hand(FindChild(container, index, output.Complete()), output);
+int HandOutChild(const Place& container, uint32_t index, const Output& output) {
+    return HandOut(ChildAt(container, index, output.Complete()), output);
 }
 
 }  // namespace QXJSON

@@ -25,7 +25,7 @@ uint32_t HandleTable::HandleOf(JsonValue& value) {
     Handles& handles = *pages[page].handles;
     if (const uint32_t known = Known(handles, place)) return known;
     if (count == blocks.size() * kBlock) {
-        std::unique_ptr<Location[]> block(new Location[kBlock]);
+        std::unique_ptr<PackedAddress[]> block(new PackedAddress[kBlock]);
         blocks.push_back(std::move(block));
     }
     Note(handles, place, count + 1);
@@ -76,7 +76,7 @@ HandleTable::PageNumber HandleTable::AddPage(uintptr_t stretch, uint32_t hash) {
 }
 
 size_t HandleTable::Bytes() const {
-    size_t bytes = blocks.size() * kBlock * sizeof(Location) + slots.Bytes() +
+    size_t bytes = blocks.size() * kBlock * sizeof(PackedAddress) + slots.Bytes() +
                    pages.capacity() * sizeof(Page) + pages.size() * sizeof(Handles);
     for (const Page& page : pages)
         if (page.handles->absolute) bytes += kStretch * sizeof(uint32_t);

@@ -5,9 +5,9 @@
 #include <memory>
 #include <vector>
 
-#include "../common/Hash.h"
-#include "../common/HashTable.h"
-#include "../common/JsonTypes.h"
+#include "common/search/Hash.h"
+#include "common/search/HashTable.h"
+#include "common/values/JsonTypes.h"
 
 namespace QXJSON {
 
@@ -31,9 +31,9 @@ public:
         // A handle of 0 wraps around and is out of range like any unknown one.
         const uint32_t index = handle - 1;
         if (index >= count) return nullptr;
-        const Location location = blocks[index / kBlock][index % kBlock];
-        const uintptr_t begin = pages[location / kSteps].stretch * kStretch * sizeof(JsonValue);
-        return reinterpret_cast<JsonValue*>(begin + location % kSteps * alignof(JsonValue));
+        const PackedAddress packed = blocks[index / kBlock][index % kBlock];
+        const uintptr_t begin = pages[packed / kSteps].stretch * kStretch * sizeof(JsonValue);
+        return reinterpret_cast<JsonValue*>(begin + packed % kSteps * alignof(JsonValue));
     }
 
     /// What looking for pages has cost: slots looked at or written.
@@ -50,7 +50,7 @@ private:
     static constexpr uint32_t kSteps = kStretch * sizeof(JsonValue) / alignof(JsonValue);
 
     /// The number of a page times kSteps, plus the step of the value in its stretch.
-    using Location = uint32_t;
+    using PackedAddress = uint32_t;
     using PageNumber = uint32_t;
 
     /// The handles of the values in one stretch.
@@ -76,7 +76,7 @@ private:
     PageNumber PageOf(uintptr_t stretch);
     PageNumber AddPage(uintptr_t stretch, uint32_t hash);
 
-    std::vector<std::unique_ptr<Location[]>> blocks;  // by handle - 1; blocks never move
+    std::vector<std::unique_ptr<PackedAddress[]>> blocks;  // by handle - 1; blocks never move
     uint32_t count = 0;
     std::vector<Page> pages;
     HashTable<Slot> slots;  // of the pages, by their stretch

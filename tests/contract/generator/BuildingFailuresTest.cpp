@@ -64,7 +64,7 @@ bool CanMake(Mistake mistake, const Operation& operation) {
         case Mistake::kNoKey:
             return operation.hasKey && operation.kind != Kind::kVariant;
         case Mistake::kLostPlace:
-            return operation.place == Place::kHandle;
+            return operation.naming == NamedBy::kHandle;
         case Mistake::kNoText:
             return operation.kind == Kind::kString || operation.kind == Kind::kVariant;
         case Mistake::kBadSelector:
@@ -77,9 +77,9 @@ bool CanMake(Mistake mistake, const Operation& operation) {
 int ResultOf(Mistake mistake, const Operation& operation) {
     switch (mistake) {
         case Mistake::kBadPlace:
-            return operation.place == Place::kPath ? -10 : -2;
+            return operation.naming == NamedBy::kPath ? -10 : -2;
         case Mistake::kNoKey:
-            return operation.place == Place::kReference ? -1 : -5;
+            return operation.naming == NamedBy::kReference ? -1 : -5;
         case Mistake::kLostPlace:
             return -2;
         case Mistake::kNoText:
@@ -96,7 +96,7 @@ public:
     explicit Calls(Scene& of) : scene(of) {}
 
     Arguments Good(const Operation& operation) {
-        Arguments arguments = scene.Place(operation.hasKey ? L"object" : L"array");
+        Arguments arguments = scene.Naming(operation.hasKey ? L"object" : L"array");
         arguments.key = L"key";
         arguments.payload = SomeItem(operation.kind).payload;
         return arguments;
@@ -138,7 +138,7 @@ public:
     }
 
     void PutAt(const std::wstring& member, Arguments& arguments) {
-        const Arguments place = scene.Place(member);
+        const Arguments place = scene.Naming(member);
         arguments.reference = place.reference;
         arguments.handle = place.handle;
         arguments.path = place.path;
@@ -217,7 +217,7 @@ TEST_F(BuildingFailures, EveryParentOfAnotherKindIsWrong) {
 
 TEST_F(BuildingFailures, EveryHandleThatWasNotIssuedIsUnknown) {
     for (const Operation& operation : AddingOperations()) {
-        if (operation.place != Place::kHandle) continue;
+        if (operation.naming != NamedBy::kHandle) continue;
         for (const int32_t handle : {0, -1, INT_MIN, INT_MAX, 1000, -2, 0x10001}) {
             SCOPED_TRACE(testing::Message() << operation.name << ", handle " << handle);
             Calls calls = NewCalls();
@@ -230,7 +230,7 @@ TEST_F(BuildingFailures, EveryHandleThatWasNotIssuedIsUnknown) {
 
 TEST_F(BuildingFailures, EveryPathToNothingIsBad) {
     for (const Operation& operation : AddingOperations()) {
-        if (operation.place != Place::kPath) continue;
+        if (operation.naming != NamedBy::kPath) continue;
         for (const BadPath& bad : BadPaths()) {
             SCOPED_TRACE(testing::Message()
                          << operation.name << ", path " << testing::PrintToString(bad.path));

@@ -24,14 +24,14 @@ public:
 
     void Add(const Item& item) {
         const std::wstring key = L"k" + std::to_wstring(++count);
-        Arguments arguments = scene.Place(parent);
+        Arguments arguments = scene.Naming(parent);
         arguments.key = key.c_str();
         arguments.payload = item.payload;
         const Answer answer = operation.call(scene.Generator(), arguments);
         Expect(item, key);
         EXPECT_EQ(1, answer.result);
         ASSERT_EQ(1u, answer.outputs.size());
-        if (operation.place != Place::kReference) {
+        if (operation.naming != NamedBy::kReference) {
             EXPECT_EQ(++handle, answer.Number());
         }
         EXPECT_EQ(TextOf(expected), scene.Text());
@@ -43,7 +43,7 @@ private:
     void Expect(const Item& item, const std::wstring& key) {
         Allocator& allocator = expected.GetAllocator();
         Value& place = *Resolve(expected, L"/" + parent);
-        Value value = Stored(item, operation.place, allocator);
+        Value value = Stored(item, operation.naming, allocator);
         if (operation.hasKey)
             place.AddMember(NewString(key, allocator), value, allocator);
         else
@@ -96,7 +96,7 @@ TEST(BuildingItems, TheRootTakesEveryKindInEveryFamily) {
             arguments.key = key.c_str();
             EXPECT_EQ(1, operation.call(*generator, arguments).result);
             Allocator& allocator = expected.GetAllocator();
-            Value value = Stored(item, operation.place, allocator);
+            Value value = Stored(item, operation.naming, allocator);
             if (keyed)
                 expected.AddMember(NewString(key, allocator), value, allocator);
             else

@@ -81,9 +81,9 @@ TEST(BuildingKeys, ByHandleAndPath) {
 /// Adding such a key again finds its handle; whether it finds the member is another matter.
 TEST(BuildingKeys, Again) {
     for (const Key& row : kKeys) {
-        for (const Place place : {Place::kHandle, Place::kPath}) {
+        for (const NamedBy naming : {NamedBy::kHandle, NamedBy::kPath}) {
             SCOPED_TRACE(testing::Message()
-                         << testing::PrintToString(std::wstring(row.key)) << " " << NameOf(place));
+                         << testing::PrintToString(std::wstring(row.key)) << " " << NameOf(naming));
             const support::Generator generator = support::NewGenerator();
             uint32_t handle = 0;
             EXPECT_EQ(1, generator->CreateRootObject(&handle));
@@ -94,11 +94,11 @@ TEST(BuildingKeys, Again) {
             arguments.path = L"/";
             arguments.key = row.key;
             EXPECT_EQ((Answer{1, 2u}),
-                      AddingOperation(Kind::kBoolean, place, true).call(*generator, arguments));
+                      AddingOperation(Kind::kBoolean, naming, true).call(*generator, arguments));
             EXPECT_EQ(row.below == 1, text != TextOf(*generator));
             arguments.payload = StringItem(L"new").payload;
             const Answer answer =
-                AddingOperation(Kind::kString, place, true).call(*generator, arguments);
+                AddingOperation(Kind::kString, naming, true).call(*generator, arguments);
             EXPECT_EQ(row.below == 1 ? (Answer{1, 2u}) : Answer{-5}, answer);
             EXPECT_EQ(row.below == 1, TextOf(*generator).find(L"\"new\"") != std::wstring::npos);
         }
@@ -126,8 +126,8 @@ TEST(BuildingKeys, ByReference) {
 
 /// A key with a slash is remembered under the path of another item, if there is one.
 TEST(BuildingKeys, AKeyThatReadsAsThePathOfAnotherItem) {
-    for (const Place place : {Place::kHandle, Place::kPath}) {
-        SCOPED_TRACE(NameOf(place));
+    for (const NamedBy naming : {NamedBy::kHandle, NamedBy::kPath}) {
+        SCOPED_TRACE(NameOf(naming));
         const support::Generator generator = support::NewGenerator();
         uint32_t handle = 0;
         EXPECT_EQ(1, generator->CreateRootObject(&handle));
@@ -138,7 +138,7 @@ TEST(BuildingKeys, AKeyThatReadsAsThePathOfAnotherItem) {
         arguments.handle = 1;
         arguments.path = L"/";
         arguments.key = L"a/0";
-        const Operation& add = AddingOperation(Kind::kString, place, true);
+        const Operation& add = AddingOperation(Kind::kString, naming, true);
         EXPECT_EQ((Answer{1, 3u}), add.call(*generator, arguments));
         EXPECT_EQ(LR"({"a":["put there"]})", TextOf(*generator));
         arguments.key = L"a/1";
@@ -182,15 +182,15 @@ TEST(BuildingKeys, LongOnesInEveryOperation) {
             Allocator& allocator = expected.GetAllocator();
             const std::wstring key(length, L'k');
             const Item& item = SomeItem(operation.kind);
-            Value value = Stored(item, operation.place, allocator);
+            Value value = Stored(item, operation.naming, allocator);
             Resolve(expected, L"/object")->AddMember(NewString(key, allocator), value, allocator);
-            Arguments arguments = scene.Place(L"object");
+            Arguments arguments = scene.Naming(L"object");
             arguments.key = key.c_str();
             arguments.payload = item.payload;
             const Answer first = operation.call(scene.Generator(), arguments);
             EXPECT_EQ(1, first.result);
             EXPECT_TRUE(TextOf(expected) == scene.Text());
-            if (operation.place == Place::kReference) continue;
+            if (operation.naming == NamedBy::kReference) continue;
             EXPECT_EQ(first, operation.call(scene.Generator(), arguments));
             EXPECT_TRUE(TextOf(expected) == scene.Text());
         }

@@ -101,7 +101,7 @@ private:
         const Answer expected = model.Add(operation, item, arguments, target);
         const Answer answer = operation.call(*generator, arguments);
         ASSERT_EQ(expected.result, answer.result);
-        if (operation.place == Place::kReference) {
+        if (operation.naming == NamedBy::kReference) {
             EXPECT_EQ(answer.result == 1, !answer.outputs.empty());
         } else {
             EXPECT_EQ(expected, answer);

@@ -25,22 +25,22 @@ struct Row {
 
 /// Adds one item below the root, as a member and as an element, in every family that has it.
 void ExpectWritten(const Row& row) {
-    for (const Place place : kAllPlaces) {
-        if (!IsAddedBy(place, row.item)) continue;
+    for (const NamedBy naming : kAllNamings) {
+        if (!IsAddedBy(naming, row.item)) continue;
         for (const bool keyed : {true, false}) {
-            SCOPED_TRACE(row.item.name + " " + NameOf(place) + (keyed ? ", keyed" : ""));
+            SCOPED_TRACE(row.item.name + " " + NameOf(naming) + (keyed ? ", keyed" : ""));
             Scene scene;
             const wchar_t* parent = keyed ? L"object" : L"array";
-            Arguments arguments = scene.Place(parent);
+            Arguments arguments = scene.Naming(parent);
             arguments.payload = row.item.payload;
             arguments.key = L"k";
-            EXPECT_EQ(1, AddingOperation(row.item.kind, place, keyed)
+            EXPECT_EQ(1, AddingOperation(row.item.kind, naming, keyed)
                              .call(scene.Generator(), arguments)
                              .result);
-            const bool other = place == Place::kPath && row.byPath != nullptr;
+            const bool other = naming == NamedBy::kPath && row.byPath != nullptr;
             const std::wstring text = other ? row.byPath : row.text;
             const std::wstring whole = keyed ? L"{\"k\":" + text + L"}" : L"[" + text + L"]";
-            EXPECT_EQ(whole, TextOf(At(scene.Place(parent).reference)));
+            EXPECT_EQ(whole, TextOf(At(scene.Naming(parent).reference)));
             const std::wstring member = std::wstring(L"\"") + parent + L"\":" + whole;
             EXPECT_NE(std::wstring::npos, scene.Text().find(member));
         }
@@ -153,16 +153,16 @@ TEST(BuildingNumbers, TheValueBehindAReference) {
     uint64_t root = 0;
     EXPECT_EQ(1, generator->ResetRootObjectValue(&root));
     for (const Item& item : Items()) {
-        if (!IsAddedBy(Place::kReference, item)) continue;
+        if (!IsAddedBy(NamedBy::kReference, item)) continue;
         SCOPED_TRACE(item.name);
         Arguments arguments = With(item);
         arguments.reference = root;
         arguments.key = L"k";
         const Answer answer =
-            AddingOperation(item.kind, Place::kReference, true).call(*generator, arguments);
+            AddingOperation(item.kind, NamedBy::kReference, true).call(*generator, arguments);
         ASSERT_EQ(1u, answer.outputs.size());
         Allocator allocator;
-        const Value expected = Stored(item, Place::kReference, allocator);
+        const Value expected = Stored(item, NamedBy::kReference, allocator);
         const Value& value = At(answer.Number());
         EXPECT_EQ(expected.GetType(), value.GetType());
         EXPECT_EQ(expected.IsDouble(), value.IsDouble());

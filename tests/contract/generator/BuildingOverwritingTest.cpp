@@ -11,7 +11,7 @@ using namespace building;
 
 support::Operations Overwriting() {
     return OperationsIf(AddingOperations(), [](const Operation& operation) {
-        return operation.hasKey && operation.place != Place::kReference;
+        return operation.hasKey && operation.naming != NamedBy::kReference;
     });
 }
 
@@ -20,13 +20,13 @@ uint32_t Add(Scene& scene, int32_t parent, const wchar_t* key, const Item& item)
     Arguments arguments = With(item);
     arguments.handle = parent;
     arguments.key = key;
-    const Answer answer = AddingOperation(item.kind, Place::kHandle, key != nullptr)
+    const Answer answer = AddingOperation(item.kind, NamedBy::kHandle, key != nullptr)
                               .call(scene.Generator(), arguments);
     EXPECT_EQ(1, answer.result);
     return static_cast<uint32_t>(answer.Number());
 }
 
-int32_t HandleOf(Scene& scene, const wchar_t* member) { return scene.Place(member).handle; }
+int32_t HandleOf(Scene& scene, const wchar_t* member) { return scene.Naming(member).handle; }
 
 /// What stands under the key before it is overwritten.
 struct Earlier {
@@ -67,13 +67,13 @@ TEST(BuildingOverwriting, EveryKindOverEveryKindInPlace) {
             for (const Earlier& earlier : kEarlier) {
                 SCOPED_TRACE(operation.name + " of " + item.name + " over " + earlier.name);
                 Scene scene;
-                Arguments arguments = scene.Place(L"object");
+                Arguments arguments = scene.Naming(L"object");
                 Add(scene, arguments.handle, L"before", IntItem(1));
                 const uint32_t handle = earlier.add(scene, arguments.handle, L"key");
                 Add(scene, arguments.handle, L"after", IntItem(2));
                 Document expected = scene.Copy();
                 *Resolve(expected, L"/object/key") =
-                    Stored(item, operation.place, expected.GetAllocator());
+                    Stored(item, operation.naming, expected.GetAllocator());
                 const uint32_t next = scene.NextHandle() + 1;
 
                 arguments.key = L"key";
@@ -93,7 +93,7 @@ TEST(BuildingOverwriting, AContainerPutOverAnotherTakesItsOwnChildren) {
     const auto handle = static_cast<int32_t>(AddFullObject(scene, object, L"key"));
     EXPECT_EQ(handle, static_cast<int32_t>(Add(scene, object, L"key", ArrayItem())));
     const uint32_t element = Add(scene, handle, nullptr, StringItem(L"new"));
-    EXPECT_EQ(LR"({"key":["new"]})", TextOf(*Resolve(At(scene.Place(L"").reference), L"/object")));
+    EXPECT_EQ(LR"({"key":["new"]})", TextOf(*Resolve(At(scene.Naming(L"").reference), L"/object")));
     EXPECT_LT(static_cast<uint32_t>(handle), element);
 }
 
@@ -126,7 +126,7 @@ TEST(BuildingOverwriting, ARefusedItemLeavesTheOldOne) {
             if (!refusal.has(operation)) continue;
             SCOPED_TRACE(operation.name + ", " + refusal.name);
             Scene scene;
-            Arguments arguments = scene.Place(L"object");
+            Arguments arguments = scene.Naming(L"object");
             AddFullObject(scene, arguments.handle, L"key");
             const std::wstring text = scene.Text();
             const uint32_t next = scene.NextHandle() + 1;
@@ -154,7 +154,7 @@ TEST(BuildingOverwriting, AChildWhosePathLeadsNowhere) {
                 Add(scene, HandleOf(scene, L""), L"emptied", parent);
                 const std::wstring text = scene.Text();
                 const uint32_t next = scene.NextHandle() + 1;
-                Arguments arguments = scene.Place(L"emptied");
+                Arguments arguments = scene.Naming(L"emptied");
                 arguments.key = L"inside";
                 arguments.payload = item.payload;
                 const Answer faults = {-5};
@@ -182,7 +182,7 @@ TEST(BuildingOverwriting, AChildOfAParentThatIsGone) {
         Arguments arguments = With(SomeItem(operation.kind));
         arguments.handle = middle;
         arguments.path = L"/object/middle";
-        const bool byPath = operation.place == Place::kPath;
+        const bool byPath = operation.naming == NamedBy::kPath;
         const Answer known = IsText(SomeItem(operation.kind)) ? Answer{-5} : Answer{1, child};
         arguments.key = L"child";
         EXPECT_EQ(byPath ? Answer{-10} : known, operation.call(scene.Generator(), arguments));
@@ -195,14 +195,14 @@ TEST(BuildingOverwriting, AChildOfAParentThatIsGone) {
 /// Once something is there again, the old handle leads to it.
 TEST(BuildingOverwriting, AnOldHandleFindsWhatStandsAtItsPathNow) {
     Scene scene;
-    Arguments emptied = scene.Place(L"emptied");
+    Arguments emptied = scene.Naming(L"emptied");
     uint64_t reference = 0;
     EXPECT_EQ(1, scene.Generator().AddObjectValueArray(emptied.reference, L"inside", &reference));
     const auto lost = static_cast<uint32_t>(scene.LostHandle());
     EXPECT_EQ(lost, Add(scene, emptied.handle, L"inside", ObjectItem()));
     Add(scene, scene.LostHandle(), L"k", IntItem(3));
     EXPECT_EQ(LR"({"inside":{"k":3}})",
-              TextOf(*Resolve(At(scene.Place(L"").reference), L"/emptied")));
+              TextOf(*Resolve(At(scene.Naming(L"").reference), L"/emptied")));
 }
 
 /// The remembered path decides, not the parent's kind: a key of digits is a position too.
@@ -222,10 +222,10 @@ TEST(BuildingOverwriting, AnElementUnderTheKeyOfAnEarlierMember) {
         arguments.path = L"/object/list";
         arguments.key = L"1";
         EXPECT_EQ((Answer{1, child}), operation.call(scene.Generator(), arguments));
-        const Value& list = *Resolve(At(scene.Place(L"").reference), L"/object/list");
-        EXPECT_EQ(
-            L"[\"first\"," + StoredText(SomeItem(operation.kind), operation.place) + L",\"third\"]",
-            TextOf(list));
+        const Value& list = *Resolve(At(scene.Naming(L"").reference), L"/object/list");
+        EXPECT_EQ(L"[\"first\"," + StoredText(SomeItem(operation.kind), operation.naming) +
+                      L",\"third\"]",
+                  TextOf(list));
         arguments.key = L"2 or another";
         EXPECT_EQ((Answer{-3}), operation.call(scene.Generator(), arguments));
     }
@@ -233,7 +233,7 @@ TEST(BuildingOverwriting, AnElementUnderTheKeyOfAnEarlierMember) {
 
 TEST(BuildingOverwriting, AppendingNeverOverwritesButFindsTheOldHandle) {
     for (const Operation& operation : AddingOperations()) {
-        if (operation.hasKey || operation.place == Place::kReference) continue;
+        if (operation.hasKey || operation.naming == NamedBy::kReference) continue;
         SCOPED_TRACE(operation.name);
         Scene scene;
         const int32_t object = HandleOf(scene, L"object");
@@ -249,9 +249,9 @@ TEST(BuildingOverwriting, AppendingNeverOverwritesButFindsTheOldHandle) {
         EXPECT_EQ((Answer{1, first}), operation.call(scene.Generator(), arguments));
         EXPECT_EQ((Answer{1, second}), operation.call(scene.Generator(), arguments));
         EXPECT_EQ((Answer{1, next}), operation.call(scene.Generator(), arguments));
-        const std::wstring text = StoredText(SomeItem(operation.kind), operation.place);
+        const std::wstring text = StoredText(SomeItem(operation.kind), operation.naming);
         const std::wstring all = L"[" + text + L"," + text + L"," + text + L"]";
-        EXPECT_EQ(all, TextOf(*Resolve(At(scene.Place(L"").reference), L"/object/list")));
+        EXPECT_EQ(all, TextOf(*Resolve(At(scene.Naming(L"").reference), L"/object/list")));
     }
 }
 
@@ -261,7 +261,7 @@ TEST(BuildingOverwriting, AMemberThatHasNoHandle) {
         for (const bool asked : {false, true}) {
             SCOPED_TRACE(testing::Message() << operation.name << (asked ? ", asked for" : ""));
             Scene scene;
-            Arguments arguments = scene.Place(L"object");
+            Arguments arguments = scene.Naming(L"object");
             uint64_t reference = 0;
             uint32_t handle = 0;
             auto& generator = scene.Generator();
@@ -275,15 +275,15 @@ TEST(BuildingOverwriting, AMemberThatHasNoHandle) {
             arguments.key = L"k";
             arguments.payload = SomeItem(operation.kind).payload;
             const std::wstring added =
-                L"\"k\":" + StoredText(SomeItem(operation.kind), operation.place);
+                L"\"k\":" + StoredText(SomeItem(operation.kind), operation.naming);
             EXPECT_EQ((Answer{1, handle}), operation.call(generator, arguments));
             const std::wstring first = L"{" + added + L",\"k\":2";
             const std::wstring after = asked ? first + L"}" : L"{\"k\":1,\"k\":2," + added + L"}";
-            EXPECT_EQ(after, TextOf(At(scene.Place(L"object").reference)));
+            EXPECT_EQ(after, TextOf(At(scene.Naming(L"object").reference)));
             // The handle's path leads to the first of the members, not to the one just added.
             EXPECT_EQ((Answer{1, handle}), operation.call(generator, arguments));
             const std::wstring twice = asked ? first + L"}" : first + L"," + added + L"}";
-            EXPECT_EQ(twice, TextOf(At(scene.Place(L"object").reference)));
+            EXPECT_EQ(twice, TextOf(At(scene.Naming(L"object").reference)));
         }
     }
 }
@@ -305,18 +305,18 @@ TEST(BuildingOverwriting, AMemberThatWasLoaded) {
 /// By reference every key makes a member of its own.
 TEST(BuildingOverwriting, NeverByReference) {
     Scene scene;
-    Arguments arguments = scene.Place(L"object");
+    Arguments arguments = scene.Naming(L"object");
     arguments.key = L"k";
     std::wstring expected;
     Add(scene, arguments.handle, L"k", StringItem(L"has a handle"));
     for (const Operation& operation : AddingOperations()) {
-        if (!operation.hasKey || operation.place != Place::kReference) continue;
+        if (!operation.hasKey || operation.naming != NamedBy::kReference) continue;
         SCOPED_TRACE(operation.name);
         arguments.payload = SomeItem(operation.kind).payload;
         EXPECT_EQ(1, operation.call(scene.Generator(), arguments).result);
-        expected += L",\"k\":" + StoredText(SomeItem(operation.kind), operation.place);
+        expected += L",\"k\":" + StoredText(SomeItem(operation.kind), operation.naming);
         EXPECT_EQ(L"{\"k\":\"has a handle\"" + expected + L"}",
-                  TextOf(At(scene.Place(L"object").reference)));
+                  TextOf(At(scene.Naming(L"object").reference)));
     }
 }
 

@@ -15,7 +15,7 @@ constexpr int kAdds = 70;  // enough for the storage of the children to move sev
 template <class Visit>
 void ForEveryItem(bool keyed, Visit visit) {
     for (const Operation& operation : AddingOperations()) {
-        if (operation.place != Place::kReference || operation.hasKey != keyed) continue;
+        if (operation.naming != NamedBy::kReference || operation.hasKey != keyed) continue;
         for (const Item& item : Items()) {
             if (item.kind != operation.kind) continue;
             SCOPED_TRACE(operation.name + " of " + item.name);
@@ -33,7 +33,7 @@ bool IsScalar(const Item& item) {
 TEST(BuildingReferences, AMembersIsItsAddress) {
     ForEveryItem(true, [](const Operation& operation, const Item& item) {
         Scene scene;
-        Arguments arguments = scene.Place(L"object");
+        Arguments arguments = scene.Naming(L"object");
         arguments.payload = item.payload;
         for (int i = 0; i < kAdds; ++i) {
             const std::wstring key = std::to_wstring(i);
@@ -42,7 +42,7 @@ TEST(BuildingReferences, AMembersIsItsAddress) {
             const auto last = At(arguments.reference).MemberEnd() - 1;
             EXPECT_EQ((Answer{1, ReferenceOf(last->value)}), answer);
             EXPECT_STREQ(key.c_str(), last->name.GetString());
-            EXPECT_EQ(StoredText(item, Place::kReference), TextOf(last->value));
+            EXPECT_EQ(StoredText(item, NamedBy::kReference), TextOf(last->value));
         }
     });
 }
@@ -51,14 +51,14 @@ TEST(BuildingReferences, AMembersIsItsAddress) {
 TEST(BuildingReferences, AnElementsIsItsAddressUnlessItIsAScalar) {
     ForEveryItem(false, [](const Operation& operation, const Item& item) {
         Scene scene;
-        Arguments arguments = scene.Place(L"array");
+        Arguments arguments = scene.Naming(L"array");
         arguments.payload = item.payload;
         for (uint64_t i = 0; i < kAdds; ++i) {
             const Answer answer = operation.call(scene.Generator(), arguments);
             const Value& last = *(At(arguments.reference).End() - 1);
             const uint64_t odd = arguments.reference + 16 * i;
             EXPECT_EQ((Answer{1, IsScalar(item) ? odd : ReferenceOf(last)}), answer);
-            EXPECT_EQ(StoredText(item, Place::kReference), TextOf(last));
+            EXPECT_EQ(StoredText(item, NamedBy::kReference), TextOf(last));
         }
     });
 }
@@ -98,7 +98,7 @@ TEST(BuildingReferences, LeadOnFromContainerToContainer) {
 /// around.
 TEST(BuildingReferences, NextToHandlesAndPaths) {
     Scene scene;
-    Arguments object = scene.Place(L"object");
+    Arguments object = scene.Naming(L"object");
     auto& generator = scene.Generator();
     uint64_t list = 0;
     uint64_t element = 0;
@@ -116,8 +116,8 @@ TEST(BuildingReferences, NextToHandlesAndPaths) {
 /// The address of any value is taken; what it is decides.
 TEST(BuildingReferences, OfNullsAndTextsAreOfTheWrongKind) {
     Scene scene;
-    const Arguments object = scene.Place(L"object");
-    const Arguments array = scene.Place(L"array");
+    const Arguments object = scene.Naming(L"object");
+    const Arguments array = scene.Naming(L"array");
     auto& generator = scene.Generator();
     uint64_t references[4] = {};
     EXPECT_EQ(1, generator.AddObjectValueNull(object.reference, L"null", &references[0]));

@@ -27,7 +27,7 @@ TEST(BuildingRoots, BeforeThereIsOne) {
         arguments.handle = 1;
         arguments.path = L"/";
         arguments.key = L"k";
-        const bool byPath = operation.place == Place::kPath;
+        const bool byPath = operation.naming == NamedBy::kPath;
         EXPECT_EQ((Answer{byPath ? -3 : -2}), operation.call(*generator, arguments));
         for (const wchar_t* path : {L"/x", L"/1", L"//"}) {
             arguments.path = path;
@@ -54,7 +54,7 @@ TEST(BuildingRoots, BeforeThereIsOneTheRootIsNull) {
     EXPECT_EQ(1, generator->GetItemPath(1, path));
     EXPECT_STREQ(L"/", path);
     for (const Operation& operation : AddingOperations()) {
-        if (operation.place != Place::kHandle) continue;
+        if (operation.naming != NamedBy::kHandle) continue;
         SCOPED_TRACE(operation.name);
         Arguments arguments = With(SomeItem(operation.kind));
         arguments.handle = 1;

@@ -30,8 +30,8 @@ struct Rooted {
 };
 
 /// Adds the integers from 0 to the root; how many of the calls did as they should.
-int AddIntegers(Rooted& rooted, Place place, bool keyed, int count) {
-    const Operation& add = AddingOperation(Kind::kInt, place, keyed);
+int AddIntegers(Rooted& rooted, NamedBy naming, bool keyed, int count) {
+    const Operation& add = AddingOperation(Kind::kInt, naming, keyed);
     Arguments arguments = rooted.root;
     int good = 0;
     for (int i = 0; i < count; ++i) {
@@ -39,7 +39,7 @@ int AddIntegers(Rooted& rooted, Place place, bool keyed, int count) {
         arguments.key = key.c_str();
         arguments.payload.int32 = i;
         const Answer answer = add.call(*rooted.generator, arguments);
-        const bool isNext = place == Place::kReference || answer.Number() == i + 2u;
+        const bool isNext = naming == NamedBy::kReference || answer.Number() == i + 2u;
         if (answer.result == 1 && !answer.outputs.empty() && isNext) ++good;
     }
     return good;
@@ -59,14 +59,14 @@ std::wstring ExpectedMembers() {
     return TextOf(expected);
 }
 
-class BuildingSizes : public testing::TestWithParam<Place> {};
+class BuildingSizes : public testing::TestWithParam<NamedBy> {};
 
 TEST_P(BuildingSizes, AMillionElements) {
     Rooted rooted(false);
     EXPECT_EQ(kElements, AddIntegers(rooted, GetParam(), false, kElements));
     EXPECT_TRUE(ExpectedElements() == TextOf(*rooted.generator));
     uint32_t handle = 0;
-    const uint32_t last = GetParam() == Place::kReference ? 2 : kElements + 1;
+    const uint32_t last = GetParam() == NamedBy::kReference ? 2 : kElements + 1;
     EXPECT_EQ(1, rooted.generator->GetItemHandleByPath(L"/1000000", &handle));
     EXPECT_EQ(last, handle);
     EXPECT_EQ(-10, rooted.generator->GetItemHandleByPath(L"/1000001", &handle));
@@ -79,13 +79,13 @@ TEST_P(BuildingSizes, AHundredThousandMembers) {
     Rooted rooted(true);
     EXPECT_EQ(kMembers, AddIntegers(rooted, GetParam(), true, kMembers));
     EXPECT_TRUE(ExpectedMembers() == TextOf(*rooted.generator));
-    if (GetParam() == Place::kReference) return;
+    if (GetParam() == NamedBy::kReference) return;
     // Each of these finds its member again.
     EXPECT_EQ(1000, AddIntegers(rooted, GetParam(), true, 1000));
     EXPECT_TRUE(ExpectedMembers() == TextOf(*rooted.generator));
 }
 
-INSTANTIATE_TEST_SUITE_P(Families, BuildingSizes, testing::ValuesIn(kAllPlaces));
+INSTANTIATE_TEST_SUITE_P(Families, BuildingSizes, testing::ValuesIn(kAllNamings));
 
 constexpr int kDeep = 200'000;
 

@@ -15,16 +15,16 @@ namespace {
 using namespace building;
 
 /// Adds an item to the scene's object under "k" or to its array; the result.
-int Add(Scene& scene, const Item& item, Place place, bool keyed) {
-    Arguments arguments = scene.Place(keyed ? L"object" : L"array");
+int Add(Scene& scene, const Item& item, NamedBy naming, bool keyed) {
+    Arguments arguments = scene.Naming(keyed ? L"object" : L"array");
     arguments.payload = item.payload;
     arguments.key = L"k";
-    return AddingOperation(item.kind, place, keyed).call(scene.Generator(), arguments).result;
+    return AddingOperation(item.kind, naming, keyed).call(scene.Generator(), arguments).result;
 }
 
 /// The only thing in the scene's object or array.
 const Value& Added(Scene& scene, bool keyed) {
-    const Value& parent = At(scene.Place(keyed ? L"object" : L"array").reference);
+    const Value& parent = At(scene.Naming(keyed ? L"object" : L"array").reference);
     return keyed ? parent.MemberBegin()->value : *parent.Begin();
 }
 
@@ -38,13 +38,13 @@ TEST(BuildingTexts, ArriveAsTheyAre) {
          {L"", L"t", L"\x00E9\x4E2D\x212A", L"\xD83D\xDE00", L"lone \xD83D surrogate",
           L"\"\\/\b\f\n\r\t\x01\x1F\x7F\x80\x2028", L"\xFEFF\xFFFE", L"NaN", longText.c_str()}) {
         for (const Item& item : {StringItem(text), TextVariant(text)}) {
-            for (const Place place : kAllPlaces) {
+            for (const NamedBy naming : kAllNamings) {
                 for (const bool keyed : {true, false}) {
-                    SCOPED_TRACE(item.name + " " + NameOf(place));
+                    SCOPED_TRACE(item.name + " " + NameOf(naming));
                     Scene scene;
-                    EXPECT_EQ(1, Add(scene, item, place, keyed));
+                    EXPECT_EQ(1, Add(scene, item, naming, keyed));
                     EXPECT_TRUE(text == TextIn(Added(scene, keyed)));
-                    const std::wstring written = StoredText(item, place);
+                    const std::wstring written = StoredText(item, naming);
                     EXPECT_NE(std::wstring::npos, scene.Text().find(written));
                 }
             }
@@ -62,7 +62,7 @@ TEST(BuildingTexts, AreCopied) {
         std::wstring text = L"some text";
         std::wstring path = L"/" + parent;
         uint8_t bytes[] = {1, 2, 3};
-        Arguments arguments = scene.Place(parent);
+        Arguments arguments = scene.Naming(parent);
         arguments.payload = SomeItem(operation.kind).payload;
         arguments.key = key.c_str();
         arguments.path = path.c_str();
@@ -83,12 +83,12 @@ TEST(BuildingTexts, AreCopied) {
 TEST(BuildingTexts, OverwrittenOnesAreCopiedToo) {
     for (const Item& item : {StringItem(L""), TextVariant(L"")}) {
         Scene scene;
-        EXPECT_EQ(1, Add(scene, item, Place::kHandle, true));
+        EXPECT_EQ(1, Add(scene, item, NamedBy::kHandle, true));
         std::wstring text = L"second";
         Item second = item;
         second.payload.text = text.c_str();
         second.payload.variant.text = text.c_str();
-        EXPECT_EQ(1, Add(scene, second, Place::kHandle, true));
+        EXPECT_EQ(1, Add(scene, second, NamedBy::kHandle, true));
         text = L"!";
         EXPECT_EQ(L"second", TextIn(Added(scene, true)));
     }
@@ -121,11 +121,11 @@ TEST(BuildingTexts, BlobsBecomeBase64) {
         const std::string bytes = Bytes(size);
         const std::wstring expected = support::EncodeBase64(bytes);
         EXPECT_EQ(expected, PlatformEncode(bytes));
-        for (const Place place : kAllPlaces) {
+        for (const NamedBy naming : kAllNamings) {
             for (const bool keyed : {true, false}) {
-                SCOPED_TRACE(testing::Message() << size << " bytes " << NameOf(place));
+                SCOPED_TRACE(testing::Message() << size << " bytes " << NameOf(naming));
                 Scene scene;
-                EXPECT_EQ(1, Add(scene, BlobItem(bytes), place, keyed));
+                EXPECT_EQ(1, Add(scene, BlobItem(bytes), naming, keyed));
                 EXPECT_EQ(expected, TextIn(Added(scene, keyed)));
             }
         }
@@ -136,12 +136,12 @@ TEST(BuildingTexts, BlobsBecomeBase64) {
 TEST(BuildingTexts, AnEmptyBlob) {
     const std::string bytes;
     const std::optional<std::wstring> text = PlatformEncode(bytes);
-    for (const Place place : kAllPlaces) {
+    for (const NamedBy naming : kAllNamings) {
         for (const bool keyed : {true, false}) {
-            SCOPED_TRACE(testing::Message() << NameOf(place) << (keyed ? ", keyed" : ""));
+            SCOPED_TRACE(testing::Message() << NameOf(naming) << (keyed ? ", keyed" : ""));
             Scene scene;
             const std::wstring before = scene.Text();
-            EXPECT_EQ(text ? 1 : -4, Add(scene, BlobItem(bytes), place, keyed));
+            EXPECT_EQ(text ? 1 : -4, Add(scene, BlobItem(bytes), naming, keyed));
             if (text)
                 EXPECT_EQ(*text, TextIn(Added(scene, keyed)));
             else
@@ -154,42 +154,42 @@ TEST(BuildingTexts, AnEmptyBlob) {
 TEST(BuildingTexts, AnEmptyBlobOverAnotherItem) {
     const std::string bytes;
     const std::optional<std::wstring> text = PlatformEncode(bytes);
-    for (const Place place : {Place::kHandle, Place::kPath}) {
-        SCOPED_TRACE(NameOf(place));
+    for (const NamedBy naming : {NamedBy::kHandle, NamedBy::kPath}) {
+        SCOPED_TRACE(NameOf(naming));
         Scene scene;
-        EXPECT_EQ(1, Add(scene, StringItem(L"old"), place, true));
-        EXPECT_EQ(text ? 1 : -5, Add(scene, BlobItem(bytes), place, true));
+        EXPECT_EQ(1, Add(scene, StringItem(L"old"), naming, true));
+        EXPECT_EQ(text ? 1 : -5, Add(scene, BlobItem(bytes), naming, true));
         EXPECT_EQ(text.value_or(L"old"), TextIn(Added(scene, true)));
     }
 }
 
 /// What a smaller blob leaves of a larger one before it is nothing.
 TEST(BuildingTexts, BlobsOfAllSizesOneAfterTheOther) {
-    for (const Place place : kAllPlaces) {
+    for (const NamedBy naming : kAllNamings) {
         Scene scene;
         std::wstring expected = L"[";
         for (const size_t size : {3u, 1u << 20, 1u, 100u, (1u << 20) + 1, 2u}) {
-            SCOPED_TRACE(testing::Message() << size << " bytes " << NameOf(place));
+            SCOPED_TRACE(testing::Message() << size << " bytes " << NameOf(naming));
             const std::string bytes = Bytes(size);
-            EXPECT_EQ(1, Add(scene, BlobItem(bytes), place, false));
+            EXPECT_EQ(1, Add(scene, BlobItem(bytes), naming, false));
             if (expected.size() > 1) expected += L",";
             expected += L"\"" + support::EncodeBase64(bytes) + L"\"";
-            EXPECT_TRUE(expected + L"]" == TextOf(At(scene.Place(L"array").reference)));
+            EXPECT_TRUE(expected + L"]" == TextOf(At(scene.Naming(L"array").reference)));
             EXPECT_NE(std::wstring::npos, scene.Text().find(expected));
         }
     }
 }
 
 TEST(BuildingTexts, VariantsGoWhereTheKeySays) {
-    for (const Place place : kAllPlaces) {
+    for (const NamedBy naming : kAllNamings) {
         for (const Item& item : {NumberVariant(-7), TextVariant(L"t")}) {
             for (const bool keyed : {true, false}) {
-                SCOPED_TRACE(item.name + " " + NameOf(place) + (keyed ? ", keyed" : ""));
+                SCOPED_TRACE(item.name + " " + NameOf(naming) + (keyed ? ", keyed" : ""));
                 Scene scene;
-                EXPECT_EQ(1, Add(scene, item, place, keyed));
-                EXPECT_EQ(StoredText(item, place), TextOf(Added(scene, keyed)));
-                const Operation& operation = AddingOperation(Kind::kVariant, place, keyed);
-                Arguments arguments = scene.Place(keyed ? L"array" : L"object");
+                EXPECT_EQ(1, Add(scene, item, naming, keyed));
+                EXPECT_EQ(StoredText(item, naming), TextOf(Added(scene, keyed)));
+                const Operation& operation = AddingOperation(Kind::kVariant, naming, keyed);
+                Arguments arguments = scene.Naming(keyed ? L"array" : L"object");
                 arguments.payload = item.payload;
                 arguments.key = L"k";
                 EXPECT_EQ((Answer{-3}), operation.call(scene.Generator(), arguments));
@@ -200,11 +200,11 @@ TEST(BuildingTexts, VariantsGoWhereTheKeySays) {
 
 /// Only the part of the record that the tag names is looked at.
 TEST(BuildingTexts, AVariantWithAWholeNumberIsNoPointer) {
-    for (const Place place : kAllPlaces) {
-        SCOPED_TRACE(NameOf(place));
+    for (const NamedBy naming : kAllNamings) {
+        SCOPED_TRACE(NameOf(naming));
         Scene scene;
-        EXPECT_EQ(1, Add(scene, NumberVariant(16), place, false));
-        EXPECT_EQ(1, Add(scene, NumberVariant(0), place, true));
+        EXPECT_EQ(1, Add(scene, NumberVariant(16), naming, false));
+        EXPECT_EQ(1, Add(scene, NumberVariant(0), naming, true));
         EXPECT_EQ(L"16", TextOf(Added(scene, false)));
         EXPECT_EQ(L"0", TextOf(Added(scene, true)));
     }

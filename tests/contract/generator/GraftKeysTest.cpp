@@ -17,9 +17,9 @@ using support::GeneratorOf;
 using support::GraftSource;
 using support::HandleAt;
 using support::JsonOf;
+using support::NamedBy;
 using support::Operation;
 using support::PathOf;
-using support::Place;
 using support::StateOf;
 
 /// Grafts an array that holds `number` under `key` into the object with this handle or path.
@@ -205,7 +205,7 @@ TEST(GraftKeys, LongKeys) {
 /// The path of a parent as the caller gives it has one: 1023 units when translated.
 TEST(GraftKeys, LongParentPaths) {
     for (const Operation& route : support::GraftsOnly()) {
-        if (route.place != Place::kPath) continue;
+        if (route.naming != NamedBy::kPath) continue;
         for (const size_t length : {1021u, 1022u, 1023u, 1024u, 5000u}) {
             SCOPED_TRACE(testing::Message() << route << ", " << length);
             const std::wstring key(length, L'k');

@@ -20,8 +20,8 @@ using support::GraftScene;
 using support::GraftsOnly;
 using support::GraftSource;
 using support::HandleAt;
+using support::NamedBy;
 using support::Operation;
-using support::Place;
 using support::StateOf;
 
 enum class Mistake {
@@ -72,7 +72,7 @@ Stage StageOf(Mistake mistake) {
 /// Text by handle is parsed before the parent is looked at.
 int RankOf(Mistake mistake, const Operation& route) {
     const Stage stage = StageOf(mistake);
-    const bool isParsedFirst = !ReadsFile(route) && route.place == Place::kHandle;
+    const bool isParsedFirst = !ReadsFile(route) && route.naming == NamedBy::kHandle;
     if (isParsedFirst && stage == kSource) return kKind;
     if (isParsedFirst && stage == kKind) return kSource;
     return stage;
@@ -81,7 +81,7 @@ int RankOf(Mistake mistake, const Operation& route) {
 int ResultOf(Mistake mistake, const Operation& route) {
     switch (mistake) {
         case Mistake::kBadPlace:
-            return route.place == Place::kPath ? -10 : -2;
+            return route.naming == NamedBy::kPath ? -10 : -2;
         case Mistake::kNullSource:
         case Mistake::kBrokenSource:
             return BadSourceResult(route);
@@ -97,7 +97,7 @@ int ResultOf(Mistake mistake, const Operation& route) {
 
 bool CanMake(Mistake mistake, const Operation& route) {
     if (StageOf(mistake) == kKey) return route.hasKey;
-    return mistake != Mistake::kDeadParent || route.place == Place::kHandle;
+    return mistake != Mistake::kDeadParent || route.naming == NamedBy::kHandle;
 }
 
 bool CanMakeBoth(Mistake a, Mistake b) {
@@ -222,7 +222,7 @@ TEST(GraftMistakes, None) {
 
 TEST(GraftMistakes, UnknownHandles) {
     for (const Operation& route : GraftsOnly()) {
-        if (route.place != Place::kHandle) continue;
+        if (route.naming != NamedBy::kHandle) continue;
         SCOPED_TRACE(route.name);
         const GraftSource source(route, std::wstring(L"[1]"));
         GraftScene scene;
@@ -251,7 +251,7 @@ TEST(GraftMistakes, PathsToNothing) {
         {L"/nowhere/1", -5},  {L"/nowhere/a1", -5}, {L"/array/9/1", -5},
     };
     for (const Operation& route : GraftsOnly()) {
-        if (route.place != Place::kPath) continue;
+        if (route.naming != NamedBy::kPath) continue;
         const GraftSource source(route, std::wstring(L"[1]"));
         GraftScene scene;
         for (const Row& row : rows) {
@@ -323,7 +323,7 @@ TEST(GraftMistakes, BeforeThereIsARoot) {
         SCOPED_TRACE(route.name);
         const GraftSource source(route, std::wstring(L"[1]"));
         const support::Generator generator = support::NewGenerator();
-        const bool isByPath = route.place == Place::kPath;
+        const bool isByPath = route.naming == NamedBy::kPath;
         Arguments arguments = GraftScene::Good(route, source);
         const auto expect = [&](int result) {
             EXPECT_EQ(Answer(result), route.call(*generator, arguments));

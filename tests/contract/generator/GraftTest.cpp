@@ -20,10 +20,10 @@ using support::GraftsOnly;
 using support::GraftSource;
 using support::HandleAt;
 using support::JsonOf;
+using support::NamedBy;
 using support::NewGenerator;
 using support::Operation;
 using support::PathOf;
-using support::Place;
 
 /// Grafts `json` with the scene's arguments, changed by `change`.
 template <class Change>
@@ -125,7 +125,7 @@ TEST(Graft, IntoTheRoot) {
 /// A root that was created by reference has no handle, so that the first graft gets the first one.
 TEST(Graft, BelowARootWithoutAHandle) {
     for (const Operation& route : GraftsOnly()) {
-        if (route.place != Place::kPath) continue;
+        if (route.naming != NamedBy::kPath) continue;
         SCOPED_TRACE(route.name);
         const Generator generator = NewGenerator();
         uint64_t root = 0;

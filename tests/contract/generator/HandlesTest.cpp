@@ -90,7 +90,7 @@ TEST(Handles, ThereAndBackThroughNestedContainers) {
         arguments.key = row.key;
         const Kind kind = row.isObject ? Kind::kObject : Kind::kArray;
         const Answer answer =
-            AddingOperation(kind, Place::kHandle, row.key != nullptr).call(*generator, arguments);
+            AddingOperation(kind, NamedBy::kHandle, row.key != nullptr).call(*generator, arguments);
         EXPECT_EQ((Answer{1, parent + 1}), answer);
         ++parent;
         ExpectPath(*generator, parent, row.path);
@@ -142,7 +142,8 @@ TEST(Handles, WhatStandsAboveDecides) {
         arguments.handle = 1;
         arguments.key = L"p";
         EXPECT_EQ(
-            1, AddingOperation(item.kind, Place::kHandle, true).call(*generator, arguments).result);
+            1,
+            AddingOperation(item.kind, NamedBy::kHandle, true).call(*generator, arguments).result);
         expectPaths(asMembers);
     }
 }

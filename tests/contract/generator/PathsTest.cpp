@@ -120,7 +120,7 @@ TEST(Paths, ToWhatWasOverwritten) {
     Scene scene;
     EXPECT_EQ((Answer{-10}), ItemHandleByPath(scene.Generator(), L"/emptied/inside"));
     uint64_t reference = 0;
-    EXPECT_EQ(1, scene.Generator().AddObjectValueInt(scene.Place(L"emptied").reference, L"inside",
+    EXPECT_EQ(1, scene.Generator().AddObjectValueInt(scene.Naming(L"emptied").reference, L"inside",
                                                      1, &reference));
     const Answer again = {1, static_cast<uint64_t>(scene.LostHandle())};
     EXPECT_EQ(again, ItemHandleByPath(scene.Generator(), L"/emptied/inside"));

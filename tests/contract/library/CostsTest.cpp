@@ -59,7 +59,7 @@ struct Failure {
     Arguments (*arguments)(Scene& scene, const Operation& operation, const std::wstring& name);
 };
 
-Arguments PlaceOf(Scene& scene, bool object) { return scene.Place(object ? L"object" : L"array"); }
+Arguments PlaceOf(Scene& scene, bool object) { return scene.Naming(object ? L"object" : L"array"); }
 
 /// What no output is written to, and what is no place, a call answers before it makes anything.
 const Failure kFailures[] = {
@@ -72,7 +72,7 @@ const Failure kFailures[] = {
     {"below the wrong kind", [](Scene& scene, const Operation& operation,
                                 const std::wstring&) { return PlaceOf(scene, !operation.hasKey); }},
     {"below a scalar",
-     [](Scene& scene, const Operation&, const std::wstring&) { return scene.Place(L"number"); }},
+     [](Scene& scene, const Operation&, const std::wstring&) { return scene.Naming(L"number"); }},
     {"below nothing",
      [](Scene& scene, const Operation&, const std::wstring& name) {
          static std::wstring path;
@@ -119,7 +119,7 @@ TEST(Costs, HandlesOfNothingKeepNoMemory) {
 
 TEST(Costs, JsonThatIsNoneKeepsNoMemory) {
     Scene scene;
-    const Arguments object = scene.Place(L"object"), array = scene.Place(L"array");
+    const Arguments object = scene.Naming(L"object"), array = scene.Naming(L"array");
     ExpectNothingKept("grafts", [&](const std::wstring& name) {
         uint32_t handle = 0;
         const std::wstring json = L"{\"" + name + L"\":[\"" + name + L"\",";
@@ -134,7 +134,7 @@ TEST(Costs, JsonThatIsNoneKeepsNoMemory) {
 /// is not text takes no memory.
 TEST(Costs, OverwritingKeepsNoMemory) {
     Scene scene;
-    const Arguments root = scene.Place(L"");
+    const Arguments root = scene.Naming(L"");
     ExpectNothingKept("overwriting", [&](const std::wstring&) {
         uint32_t handle = 0;
         EXPECT_EQ(1, scene.Generator().AddObjectItemInt(static_cast<int32_t>(root.handle),

@@ -141,7 +141,7 @@ bool IsMeasuredBySystem(const Operation& operation, const Pointer& pointer) {
 
 /// The package's booleans are one byte, for which there is room before the end of a page.
 bool FitsBeforeTheEnd(const Operation& operation, const Pointer& pointer) {
-    const bool isPackages = operation.place == Place::kNone;
+    const bool isPackages = operation.naming == NamedBy::kNone;
     return pointer.parameter == kOutNumber && isPackages &&
            (operation.asks == Asks::kExistence || operation.asks == Asks::kBoolean);
 }

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
-#include "JsonTypes.h"
-#include "PlainText.h"
+#include "Surrogates.h"
+#include "UnitBlocks.h"
+#include "UnitRuns.h"
+#include "common/values/JsonTypes.h"
 
 // What RapidJSON's writers write to. They ask for one character at a time; here a whole run of
 // characters that stand for themselves is written at once.

@@ -2,7 +2,7 @@
 
 #include <rapidjson/internal/stack.h>
 
-#include "HeapAllocator.h"
+#include "common/values/HeapAllocator.h"
 
 namespace QXJSON {
 

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "HashTable.h"
-#include "JsonTypes.h"
 #include "KeyText.h"
+#include "common/values/JsonTypes.h"
 
 namespace QXJSON {
 

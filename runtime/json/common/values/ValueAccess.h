@@ -1,9 +1,9 @@
 #pragma once
 
 #include "JsonTypes.h"
-#include "MemberLookup.h"
-#include "ResultCodes.h"
 #include "ValueKinds.h"
+#include "common/ResultCodes.h"
+#include "common/search/MemberLookup.h"
 
 // Reading values. Every operation checks in one order, and the first check that fails is the
 // result: the place, the key, the output pointers, the kind of the value, the presence of the
@@ -59,7 +59,7 @@ int GetMember(MemberLookup& members, const Place& object, const wchar_t* key,
 
 /// The place of the member or element at `index`, in document order, of a container; `outputs` as
 /// in MemberRequest. An index that is not below the count answers kPlainFailure.
-inline Place FindChild(const Place& container, uint32_t index, bool outputs) {
+inline Place ChildAt(const Place& container, uint32_t index, bool outputs) {
     uint32_t count = 0;
     const int result = Get<ChildCount>(container, outputs ? &count : nullptr);
     if (result != kSuccess) return {nullptr, result};

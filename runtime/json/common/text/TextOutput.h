@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "ByteBuffer.h"
-#include "JsonTypes.h"
+#include "common/values/JsonTypes.h"
 
 namespace QXJSON {
 

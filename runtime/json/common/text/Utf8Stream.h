@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "JsonTypes.h"
+#include "common/values/JsonTypes.h"
 
 // UTF-8 as RapidJSON's reader takes it, but in runs: where the reader asks for one character the
 // rest of a run of ASCII is converted with it. Nothing but the block that is read lies in memory.

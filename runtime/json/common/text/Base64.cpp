@@ -4,8 +4,8 @@
 // wincrypt.h needs the types of windows.h in front of it.
 #include <wincrypt.h>
 
-#include "Outputs.h"
-#include "ResultCodes.h"
+#include "common/ResultCodes.h"
+#include "common/values/Outputs.h"
 
 namespace QXJSON {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "PlainText.h"
-#include "UnitBlocks.h"
+#include "common/text/TextLength.h"
+#include "common/text/UnitBlocks.h"
 
 namespace QXJSON {
 namespace {

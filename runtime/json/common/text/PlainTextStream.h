@@ -1,26 +1,15 @@
 #pragma once
 
 #include <cstddef>
-#include <string_view>
 
-#include "JsonTypes.h"
 #include "UnitBlocks.h"
+#include "UnitRuns.h"
+#include "common/values/JsonTypes.h"
 
 // Text that is known to be well-formed UTF-16 can be parsed without looking at each unit on its
-// own. Here is what makes sure of that, and what RapidJSON's reader needs to profit from it.
+// own: what RapidJSON's reader needs to profit from that.
 
 namespace QXJSON {
-
-/// The length of a zero-terminated text in units. A pointer to nothing faults.
-size_t CountUnits(const wchar_t* text);
-
-/// The length of a zero-terminated text in units, as lstrlenW tells it: 0 for null, and where
-/// memory ends before the text does.
-size_t LengthOf(const wchar_t* text);
-
-/// How many units of a text stand before its first surrogate that is not one of a pair; all of them
-/// where there is none.
-size_t WellFormedLength(std::wstring_view text);
 
 /// A stream over zero-terminated UTF-16 text at an even address, as RapidJSON's readers take it.
 struct PlainTextStream {
@@ -46,31 +35,10 @@ struct PlainTextStream {
 /// The encoding of a PlainTextStream: UTF-16 whose characters are copied in runs.
 struct PlainUtf16 : rapidjson::UTF16<wchar_t> {};
 
-/// The first unit that is not white space of JSON.
-const wchar_t* SkipBlanks(const wchar_t* text);
-
 /// Found by RapidJSON's reader in place of its own, which goes unit by unit.
 inline void SkipWhitespace(PlainTextStream& stream) {
     if (*stream.at <= L' ') stream.at = SkipBlanks(stream.at);
 }
-
-/// The end of the run of units that stand for themselves in a JSON string: the first quotation
-/// mark, backslash or control character.
-const wchar_t* EndOfRun(const wchar_t* text);
-
-/// The same, with surrogates among what ends a run.
-const wchar_t* EndOfPlainRun(const wchar_t* text);
-
-/// The same, with everything beyond ASCII among what ends a run.
-const wchar_t* EndOfAsciiRun(const wchar_t* text);
-
-/// Whether a unit goes on such a run.
-inline bool IsPlainAscii(wchar_t c) {
-    return static_cast<unsigned>(c) - 0x20 < 0x60 && c != '"' && c != '\\';
-}
-
-inline bool IsHighSurrogate(wchar_t c) { return (c & 0xFC00) == 0xD800; }
-inline bool IsLowSurrogate(wchar_t c) { return (c & 0xFC00) == 0xDC00; }
 
 }  // namespace QXJSON
 

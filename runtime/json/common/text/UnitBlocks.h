@@ -48,6 +48,11 @@ inline UnitBlock Either(UnitBlock a, UnitBlock b) { return _mm_or_si128(a, b); }
 
 inline UnitMask MaskOf(UnitBlock flags) { return static_cast<UnitMask>(_mm_movemask_epi8(flags)); }
 
+/// Units from 0xD800 to 0xDFFF.
+inline UnitMask SurrogatesIn(UnitBlock units) {
+    return MaskOf(EqualTo(_mm_and_si128(units, AllUnits(0xF800)), 0xD800));
+}
+
 /// The first unit of a mask that is not empty.
 inline unsigned FirstUnit(UnitMask mask) {
     return static_cast<unsigned>(__builtin_ctz(mask)) / sizeof(wchar_t);

@@ -2,8 +2,8 @@
 
 #include <stdint.h>
 
-#include "JsonTypes.h"
-#include "MessageCodes.h"
+#include "common/MessageCodes.h"
+#include "common/values/JsonTypes.h"
 
 namespace QXJSON {
 

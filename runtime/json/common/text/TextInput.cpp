@@ -11,11 +11,13 @@
 #include <string_view>
 #include <vector>
 
-#include "FaultGuard.h"
-#include "File.h"
-#include "NestingGuard.h"
-#include "PlainText.h"
+#include "PlainTextStream.h"
+#include "Surrogates.h"
+#include "TextLength.h"
 #include "Utf8Stream.h"
+#include "common/platform/FaultGuard.h"
+#include "common/platform/File.h"
+#include "common/platform/NestingGuard.h"
 
 namespace QXJSON {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <stdint.h>
 
-#include "MessageBuffer.h"
+#include "common/messages/MessageBuffer.h"
 
 namespace QXJSON {
 

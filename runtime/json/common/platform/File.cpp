@@ -7,7 +7,7 @@
 #include <cwchar>
 
 #include "FaultGuard.h"
-#include "PlainText.h"
+#include "common/text/TextLength.h"
 
 namespace QXJSON {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MessageCodes.h"
+#include "common/MessageCodes.h"
 
 namespace QXJSON {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "DocumentWalk.h"
-#include "File.h"
 #include "TextWriter.h"
+#include "common/platform/File.h"
+#include "common/values/DocumentWalk.h"
 
 namespace QXJSON {
 namespace {

@@ -55,7 +55,7 @@ bool IsWellFormed(std::wstring_view pointer) {
     }
 }
 
-JsonValue* FindChild(MemberLookup& members, JsonValue& value, std::wstring_view segment) {
+JsonValue* ResolveSegment(MemberLookup& members, JsonValue& value, std::wstring_view segment) {
     if (value.IsArray()) return FindElement(value, segment);
     if (!value.IsObject()) return nullptr;
     if (CountUpTo(L'~', segment) == segment.size()) return FindNamed(members, value, segment);
@@ -66,7 +66,7 @@ JsonValue* ResolveSegments(MemberLookup& members, JsonValue& value, std::wstring
     JsonValue* reached = &value;
     for (;;) {
         const size_t length = CountUpTo(L'/', segments);
-        reached = FindChild(members, *reached, segments.substr(0, length));
+        reached = ResolveSegment(members, *reached, segments.substr(0, length));
         if (!reached || length == segments.size()) return reached;
         segments.remove_prefix(length + 1);
     }

@@ -4,7 +4,7 @@
 
 #include "ItemKinds.h"
 #include "Outputs.h"
-#include "ResultCodes.h"
+#include "common/ResultCodes.h"
 
 // Adding values. The order of checks is that of ValueAccess.h, with the text to be stored behind
 // the key: the place, the key, the text, the output pointer, the kind of the parent.

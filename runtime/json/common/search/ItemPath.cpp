@@ -5,10 +5,10 @@
 #include <optional>
 #include <string>
 
-#include "FaultGuard.h"
 #include "PointerWalk.h"
-#include "ResultCodes.h"
-#include "UnitBlocks.h"
+#include "common/ResultCodes.h"
+#include "common/platform/FaultGuard.h"
+#include "common/text/UnitBlocks.h"
 
 namespace QXJSON {
 namespace {

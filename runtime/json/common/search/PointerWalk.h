@@ -18,7 +18,7 @@ bool IsWellFormed(std::wstring_view pointer);
 /// The child of a value that one segment names: a member by its exact name, or an element by its
 /// index from 0. `segment` stands without its "/" and may contain escapes. Null when there is no
 /// such child or the segment is malformed.
-JsonValue* FindChild(MemberLookup& members, JsonValue& value, std::wstring_view segment);
+JsonValue* ResolveSegment(MemberLookup& members, JsonValue& value, std::wstring_view segment);
 
 /// The value that is reached from another by segments that "/" parts, or null.
 JsonValue* ResolveSegments(MemberLookup& members, JsonValue& value, std::wstring_view segments);

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "MemberLookup.h"
-#include "UnitBlocks.h"
+#include "common/text/UnitBlocks.h"
 
 namespace QXJSON {
 

@@ -5,7 +5,7 @@
 #include <exception>
 #include <utility>
 
-#include "JsonTypes.h"
+#include "common/values/JsonTypes.h"
 
 namespace QXJSON {
 

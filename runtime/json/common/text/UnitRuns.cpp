@@ -1,0 +1,45 @@
+#include "UnitRuns.h"
+
+#include "UnitBlocks.h"
+
+namespace QXJSON {
+namespace {
+
+/// Units that end a run.
+UnitMask RunEnds(UnitBlock units) {
+    const UnitBlock control = InRange(units, 0, 0x1F);
+    const UnitBlock quote = EqualTo(units, '"');
+    const UnitBlock backslash = EqualTo(units, '\\');
+    return MaskOf(Either(control, Either(quote, backslash)));
+}
+
+/// Units other than the four kinds of white space.
+UnitMask NotBlanks(UnitBlock units) {
+    const UnitBlock blank = EqualTo(units, ' ');
+    const UnitBlock feed = EqualTo(units, '\n');
+    const UnitBlock carriage = EqualTo(units, '\r');
+    const UnitBlock tab = EqualTo(units, '\t');
+    return 0xFFFF & ~MaskOf(Either(Either(blank, feed), Either(carriage, tab)));
+}
+
+}  // namespace
+
+const wchar_t* SkipBlanks(const wchar_t* text) {
+    // Most white space is one blank.
+    if (*text == L' ' && text[1] > L' ') return text + 1;
+    return FindUnit(text, NotBlanks);
+}
+
+const wchar_t* EndOfRun(const wchar_t* text) { return FindUnit(text, RunEnds); }
+
+const wchar_t* EndOfPlainRun(const wchar_t* text) {
+    return FindUnit(text, [](UnitBlock units) { return RunEnds(units) | SurrogatesIn(units); });
+}
+
+const wchar_t* EndOfAsciiRun(const wchar_t* text) {
+    return FindUnit(text, [](UnitBlock units) {
+        return RunEnds(units) | MaskOf(InRange(units, 0x80, 0xFFFF));
+    });
+}
+
+}  // namespace QXJSON

@@ -1,0 +1,73 @@
+// Runs of units in UTF-16 text, at every alignment and in front of the end of a page.
+
+#include "common/text/UnitRuns.h"
+
+#include <gtest/gtest.h>
+
+#include "LastPage.h"
+
+namespace {
+
+using namespace QXJSON;
+
+bool IsBlank(unsigned unit) { return unit == ' ' || unit == '\n' || unit == '\r' || unit == '\t'; }
+
+bool EndsRun(unsigned unit) { return unit < 0x20 || unit == '"' || unit == '\\'; }
+
+TEST(SkipBlanks, EveryUnitAtEveryAlignment) {
+    const LastPage page;
+    for (unsigned unit = 0; unit < 0x10000; ++unit) {
+        if (IsBlank(unit)) continue;
+        const size_t blanks = unit % 19;
+        const size_t gap = unit / 19 % 17 * 2;
+        std::wstring text;
+        for (size_t i = 0; i < blanks; ++i) text += L" \n\r\t"[(unit + i) % 4];
+        text += static_cast<wchar_t>(unit);
+        if (unit != 0) text += L'\0';
+        const wchar_t* const at = Put(page, text, gap);
+        ASSERT_EQ(static_cast<std::ptrdiff_t>(blanks), SkipBlanks(at) - at) << unit;
+    }
+}
+
+TEST(SkipBlanks, EveryNumberOfBlanksAtEveryAlignment) {
+    const LastPage page;
+    for (const wchar_t end : {L'\0', L'x', L'"', L'\x2020', L'\xA0'})
+        for (size_t blanks = 0; blanks < 40; ++blanks)
+            for (size_t gap = 0; gap < 34; gap += 2) {
+                const std::wstring text = std::wstring(blanks, L' ') + end + L'\0';
+                const wchar_t* const at = Put(page, text, gap);
+                ASSERT_EQ(static_cast<std::ptrdiff_t>(blanks), SkipBlanks(at) - at) << gap;
+            }
+}
+
+TEST(EndOfRun, EveryUnitAtEveryAlignment) {
+    const LastPage page;
+    for (unsigned unit = 0; unit < 0x10000; ++unit) {
+        const size_t front = unit % 19;
+        const size_t gap = unit / 19 % 17 * 2;
+        const std::wstring text =
+            std::wstring(front, L'x') + static_cast<wchar_t>(unit) + std::wstring(3, L'y') + L'"';
+        const wchar_t* const at = Put(page, text, gap);
+        const auto expected = static_cast<std::ptrdiff_t>(EndsRun(unit) ? front : front + 4);
+        ASSERT_EQ(expected, EndOfRun(at) - at) << unit;
+        const bool surrogate = unit >= 0xD800 && unit < 0xE000;
+        ASSERT_EQ(surrogate ? static_cast<std::ptrdiff_t>(front) : expected, EndOfPlainRun(at) - at)
+            << unit;
+        ASSERT_EQ(unit >= 0x80 ? static_cast<std::ptrdiff_t>(front) : expected,
+                  EndOfAsciiRun(at) - at)
+            << unit;
+        ASSERT_EQ(!EndsRun(unit) && unit < 0x80, IsPlainAscii(static_cast<wchar_t>(unit))) << unit;
+    }
+}
+
+TEST(EndOfRun, EveryLengthAtEveryAlignment) {
+    const LastPage page;
+    for (const wchar_t end : {L'\0', L'"', L'\\', L'\x1F'})
+        for (size_t length = 0; length < 40; ++length)
+            for (size_t gap = 0; gap < 34; gap += 2) {
+                const wchar_t* const at = Put(page, std::wstring(length, L'\x8022') + end, gap);
+                ASSERT_EQ(static_cast<std::ptrdiff_t>(length), EndOfRun(at) - at) << gap;
+            }
+}
+
+}  // namespace
