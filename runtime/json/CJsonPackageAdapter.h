@@ -12,7 +12,7 @@ class CJsonPackageAdapter final
     : public PackageOperations<AdapterLayer<PackageReserved, CRapidJsonPackage>> {
 public:
     int Release() override;
-    /// Exactly 1 or 0, whatever the implementation answers.
+    /// Exactly 1 or 0, whatever the implementation returns.
     int HasError() override;
     int LoadString(const wchar_t* text) override;
     int LoadFile(const wchar_t* fileName) override;

@@ -52,7 +52,7 @@ protected:
     Adapter* adapter;
 };
 
-/// Owns an implementation, and replaces it by a new one where an operation starts anew.
+/// Owns an implementation, and replaces it by a new one where an operation starts again.
 template <class Interface, class Implementation>
 class AdapterLayer : public Interface {
 public:

@@ -28,7 +28,7 @@ DocumentBuilder::Parent DocumentBuilder::ByHandle(int32_t handle) {
 
 DocumentBuilder::Parent DocumentBuilder::ByPath(const wchar_t* path) {
     const bool translated = TranslateItemPath(lookup, root, path, pointer) == kSuccess;
-    // Made in one piece: copied right behind its making it would have to wait for it.
+    // Made in one piece: a copy right after its stores would have to wait for them.
     Parent parent = {Parent::Naming::kPath, translated,
                      translated ? paths.Reach(pointer.Text()) : PathTable::Known(PathTable::kRoot),
                      nullptr};

@@ -120,7 +120,7 @@ private:
 };
 
 /// Calls `put`, which adds to `container`. If that moved what was in it, a new epoch begins and
-/// the search for members is told.
+/// the search for members is notified.
 template <class Put>
 JsonValue& DocumentBuilder::WatchingStorage(JsonValue& container, Put&& put) {
     const bool isObject = container.IsObject();

@@ -43,7 +43,7 @@ public:
     /// How far the table knows a path.
     struct Reached {
         Node node;      ///< its own, or that of the longest part of it that is known
-        uint32_t hash;  ///< of the segment behind that part, or 0 where nobody asked for it
+        uint32_t hash;  ///< of the segment after that part, or 0 if it was not needed
         /// The segments that are not known, parted by "/"; null where all are.
         std::wstring_view rest;
 

@@ -6,7 +6,7 @@
 namespace QXJSON {
 
 /// The operations of IJsonPackage that only the facade has: everything that goes through the
-/// delegate. The layers behind it answer them with 0.
+/// delegate. The layers behind it return 0 for them.
 class PackageReserved : public IJsonPackage {
     // LCOV_EXCL_START: no call of a host comes this far; unit tests call it directly
 public:

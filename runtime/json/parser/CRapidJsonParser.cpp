@@ -43,7 +43,7 @@ int CRapidJsonParser::FinishLoad(const LoadStatus& loaded) {
     return status.code == kNoError ? kSuccess : kPlainFailure;
 }
 
-/// The same for text in memory, where an empty document is told as an empty string.
+/// The same for text in memory, where an empty document is reported as an empty string.
 int CRapidJsonParser::FinishTextLoad(const LoadStatus& loaded) {
     return FinishLoad(loaded.code == kDocumentEmpty ? LoadStatus{kEmptyText} : loaded);
 }

@@ -44,7 +44,7 @@ inline bool IsAny(const JsonValue&) { return true; }
 inline bool IsObject(const JsonValue& value) { return value.IsObject(); }
 inline bool IsArray(const JsonValue& value) { return value.IsArray(); }
 
-/// Hands out the value at a place; a value of another kind answers kPlainFailure.
+/// Hands out the value at a place; the result for a value of another kind is kPlainFailure.
 template <class Output>
 int HandOut(const Place& place, const Output& output, KindTest kind = IsAny) {
     if (!place.value) return place.absence;
@@ -53,7 +53,7 @@ int HandOut(const Place& place, const Output& output, KindTest kind = IsAny) {
     return kSuccess;
 }
 
-/// Hands out a member of the object at a place; a missing member answers kPlainFailure.
+/// Hands out a member of the object at a place; the result for a missing member is kPlainFailure.
 template <class Output>
 int HandOutMember(MemberLookup& members, const Place& object, const wchar_t* key,
                   const Output& output, KindTest kind = IsAny) {

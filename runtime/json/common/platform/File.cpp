@@ -1,7 +1,7 @@
 #include "File.h"
 
 #include <windows.h>
-// shlwapi.h needs the types of windows.h in front of it.
+// shlwapi.h needs the types of windows.h before it.
 #include <shlwapi.h>
 
 #include <cwchar>

@@ -14,7 +14,7 @@ namespace QXJSON {
 /// one.
 ///
 /// A slot is a small copyable struct with a member `hash`, which is 0 in a free one. A hash's home
-/// is told by its highest bits, so that growing keeps the order and goes through memory once.
+/// is given by its highest bits, so that growing keeps the order and goes through memory once.
 /// Removing closes the gap: there are no slots but those in use.
 template <class Slot>
 class HashTable {
@@ -115,7 +115,7 @@ private:
     size_t Next(size_t at) const { return (at + 1) & Mask(); }
     size_t Home(uint32_t hash) const { return hash >> shift; }
 
-    /// The first slot from a hash's home on that is accepted, or the free one behind them.
+    /// The first slot from a hash's home on that is accepted, or the free one after them.
     template <class Accept>
     size_t Locate(uint32_t hash, Accept&& accept) {
         const Slot* const begin = slots.data();

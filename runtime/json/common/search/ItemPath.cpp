@@ -24,7 +24,7 @@ const wchar_t* EndOfName(const wchar_t* path) {
 
 bool IsEscapedSlash(const wchar_t* at) { return at[0] == L'~' && at[1] == L'/'; }
 
-/// A path that is its own pointer, since it has neither digits nor escapes; else nothing.
+/// A path that has neither digits nor escapes, which is the same text as a pointer; else nothing.
 std::optional<std::wstring_view> AsPointer(const wchar_t* path) {
     if (!path || *path != L'/' || path[1] == 0 || !IsAligned(path)) return std::nullopt;
     const wchar_t* const end = FindUnit(path, [](UnitBlock units) {
@@ -75,7 +75,7 @@ private:
         const wchar_t* begin = at;
         for (at = at + 1; at != end; ++at) {
             if (!IsEscapedSlash(at)) continue;
-            // Up to the "~", and what stands for the slash behind it.
+            // Up to the "~", and what stands for the slash after it.
             if (!Put(begin, at + 1) || !out.Put(L'1')) return kBadPath;
             begin = ++at + 1;
         }

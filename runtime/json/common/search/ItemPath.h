@@ -17,7 +17,7 @@ public:
     std::wstring_view Text() const { return {units, length}; }
     size_t Length() const { return length; }
 
-    /// Takes back all that was written behind the first `newLength` units.
+    /// Takes back all that was written after the first `newLength` units.
     void Truncate(size_t newLength) { length = newLength; }
     /// Writes more; false, with nothing written, where it does not fit with a terminator.
     bool Put(std::wstring_view text) {

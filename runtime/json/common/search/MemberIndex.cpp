@@ -19,7 +19,7 @@ const wchar_t* SettledText(const JsonValue& name) {
 
 const JsonMember* MembersOf(const JsonValue& object) { return object.MemberBegin().operator->(); }
 
-/// Finding the way around removed members costs more the more there are; numbering all anew costs
+/// Finding the way around removed members costs more the more there are; numbering all again costs
 /// as much as the table is large. With this many in between both grow with the root of the size.
 bool TooMany(uint64_t removed, uint64_t live) { return removed * removed > 4096 + 8 * live; }
 
@@ -64,7 +64,7 @@ uint32_t MemberIndex::Find(const JsonValue& object, std::wstring_view key, KeyMa
 }
 
 void MemberIndex::Remove(const JsonValue& object, uint32_t position) {
-    // A member that is not entered yet lies behind all that are.
+    // A member that is not entered yet lies after all that are.
     if (position >= LiveCount()) return;
     const std::wstring_view name = TextOf(MembersOf(object)[position].name);
     const uint32_t number = NumberAt(position);
@@ -83,7 +83,7 @@ uint32_t MemberIndex::PositionOf(uint32_t number) const {
 }
 
 uint32_t MemberIndex::NumberAt(uint32_t position) const {
-    // So many of the removed members lie in front of it: those that are there when it is reached.
+    // So many of the removed members lie before it: those that are there when it is reached.
     size_t low = 0, high = removed.size();
     while (low < high) {
         const size_t middle = (low + high) / 2;
@@ -160,7 +160,7 @@ MemberIndex::Slot* MemberIndex::SlotOf(const JsonValue& object, std::wstring_vie
                       [&](const Slot& slot) { return Names(slot, object, key, match); });
 }
 
-/// Enters the member behind those that are, for which the table has room.
+/// Enters the member after those that are entered; the table has room for it.
 void MemberIndex::Enter(const JsonValue& object, const JsonValue& name, uint32_t hash) {
     if (!next.empty()) next.push_back(entered);
     const std::wstring_view text = TextOf(name);
@@ -172,7 +172,7 @@ void MemberIndex::Enter(const JsonValue& object, const JsonValue& name, uint32_t
     ++entered;
 }
 
-/// Puts the member that is being entered behind the others of its name.
+/// Puts the member that is being entered after the others of its name.
 void MemberIndex::Link(Slot& slot) {
     if (next.empty()) {
         next.resize(size_t{entered} + 1);

@@ -15,8 +15,9 @@ namespace QXJSON {
 /// are one entry, with its members in document order: whatever the names are, an entry is found at
 /// once, and its first member with it.
 ///
-/// A member is known by its number: its position when it was entered. Where members in front of it
-/// were taken away since, its position is less by so many; from time to time all are numbered anew.
+/// A member is known by its number: its position when it was entered. Where members before it
+/// were taken away since, its position is less by so many; from time to time all are numbered
+/// again.
 class MemberIndex {
 public:
     static constexpr uint32_t kNowhere = UINT32_MAX;
@@ -35,7 +36,7 @@ public:
 
     /// Makes sure that the next Remove needs no memory.
     void PrepareRemove() { removed.reserve(removed.size() + 1); }
-    /// The member at a position is about to be taken away; those behind it will move up.
+    /// The member at a position is about to be taken away; those after it will move up.
     void Remove(const JsonValue& object, uint32_t position);
 
     /// What all this has cost: slots looked at, written and renumbered, and members passed over.

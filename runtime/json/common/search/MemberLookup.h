@@ -16,9 +16,9 @@ namespace QXJSON {
 /// for: an object whose names make it dearer is scanned for good.
 ///
 /// Indexes are known by the memory that holds an object's members. A document's pool never gives
-/// memory back, so that an address in it stands for one object for as long as the document lives;
-/// members are added with a word to Moved where that moves them, and taken away by Remove. Objects
-/// that lie elsewhere, to which a host may have a reference, are scanned.
+/// memory back, so that an address in it stands for one object for as long as the document lives.
+/// Whoever adds a member calls Moved if that moved the others; members are taken away by Remove.
+/// Objects outside the pool, to which a host may have a reference, are scanned.
 class MemberLookup {
 public:
     explicit MemberLookup(const DocumentPool& documentPool,
@@ -30,7 +30,7 @@ public:
 
     /// The members of an object that grew are elsewhere now.
     void Moved(const JsonMember* from, const JsonMember* to);
-    /// Takes a member away; those behind it move up and keep their order. Throws std::bad_alloc,
+    /// Takes a member away; those after it move up and keep their order. Throws std::bad_alloc,
     /// and nothing is taken away.
     void Remove(JsonValue& object, JsonMember& member);
     /// The document ended.

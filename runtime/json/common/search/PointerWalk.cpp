@@ -5,7 +5,7 @@
 namespace QXJSON {
 namespace {
 
-/// How many units stand before the first of a kind; all of them where there is none. Segments are
+/// The length of the text up to the first `unit`, or the whole length if it has none. Segments are
 /// short: a loop beats the call that std::wstring_view::find makes.
 size_t CountUpTo(wchar_t unit, std::wstring_view text) {
     size_t count = 0;

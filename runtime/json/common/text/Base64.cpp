@@ -1,7 +1,7 @@
 #include "Base64.h"
 
 #include <windows.h>
-// wincrypt.h needs the types of windows.h in front of it.
+// wincrypt.h needs the types of windows.h before it.
 #include <wincrypt.h>
 
 #include "common/ResultCodes.h"

@@ -62,12 +62,12 @@ private:
 
     size_t Used() const { return static_cast<size_t>(at - buffer.get()) * sizeof(Unit); }
 
-    /// Writes the blocks behind which there is something.
+    /// Writes the blocks that are followed by something.
     void WriteBlocks() {
         if (at != buffer.get()) Write((Used() - 1) / kBlock * kBlock);
     }
 
-    /// Writes so many bytes, and moves what is behind them to the front.
+    /// Writes so many bytes, and moves what follows them to the front.
     void Write(size_t bytes) {
         if (swaps) SwapBytes(buffer.get(), bytes / sizeof(Unit));
         const auto* const begin = reinterpret_cast<const char*>(buffer.get());

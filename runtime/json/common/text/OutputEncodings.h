@@ -12,7 +12,7 @@
 
 namespace QXJSON {
 
-/// The source of a writer's strings. A string has a zero behind it, where every run ends too.
+/// The source of a writer's strings. A zero follows a string and ends every run.
 using StringSource = rapidjson::GenericStringStream<JsonEncoding>;
 
 /// How many units of an output one unit of a string becomes at most: \uXXXX.

@@ -101,7 +101,7 @@ const Encoder* FindEncoder(int32_t encoding) {
 bool WriteText(const JsonValue& value, Layout layout, JsonTextBuffer& buffer) {
     buffer.Clear();
     const bool whole = WriteTo<CopiedUtf16>(buffer, value, layout);
-    buffer.GetString();  // puts the zero behind the text
+    buffer.GetString();  // puts the zero after the text
     return whole;
 }
 

@@ -45,7 +45,7 @@ private:
     ByteBuffer buffer;
 };
 
-/// Writes a document to a file, in place of what the file held, behind the byte-order mark of the
+/// Writes a document to a file, in place of what the file held, after the byte-order mark of the
 /// encoding; the whole operation of that name of the interfaces. False when the file cannot be
 /// used. A root that is no object or array, or a number that is no encoding, leaves the file empty.
 /// All memory is taken before the file is opened: where there is none (std::bad_alloc) the file is

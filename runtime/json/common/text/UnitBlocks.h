@@ -20,7 +20,7 @@ constexpr size_t kBlockUnits = 8;
 constexpr uintptr_t kBlockBytes = sizeof(UnitBlock);
 
 /// An aligned block never reaches into a page that the text does not, so that it does no harm to
-/// look at units in front of a text or behind its end; only an address sanitizer would object.
+/// look at units before a text or after its end; only an address sanitizer would object.
 [[gnu::no_sanitize_address]] inline UnitBlock LoadAligned(const wchar_t* block) {
     return _mm_load_si128(reinterpret_cast<const UnitBlock*>(block));
 }
@@ -115,7 +115,7 @@ inline bool IsAligned(const wchar_t* text) {
 /// The first unit of an aligned text that a test of blocks finds; there must be one.
 template <class Test>
 [[gnu::no_sanitize_address]] inline const wchar_t* FindUnit(const wchar_t* text, Test test) {
-    // In numbers, for the block may begin in front of the text's memory.
+    // In numbers, because the block may begin before the text's memory.
     const auto address = reinterpret_cast<uintptr_t>(text);
     const uintptr_t ahead = address % kBlockBytes;
     const auto* block = reinterpret_cast<const wchar_t*>(address - ahead);

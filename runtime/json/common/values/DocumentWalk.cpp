@@ -18,7 +18,7 @@ const JsonValue* NextContainer(WalkTrail::Level& level) {
     return nullptr;
 }
 
-/// The next value that is a container itself, or null; the walk goes on behind it.
+/// The next value that is a container itself, or null; the walk goes on after it.
 const JsonValue* NextContainer(WalkTrail::Level& level) {
     return level.container->IsObject() ? NextContainer<JsonMember>(level)
                                        : NextContainer<JsonValue>(level);

@@ -6,7 +6,7 @@
 namespace QXJSON {
 
 /// RapidJSON's allocator concept over the C heap, but with std::bad_alloc where its own
-/// CrtAllocator answers null. RapidJSON tests few of its allocations: null would be a fault in the
+/// CrtAllocator returns null. RapidJSON tests few of its allocations: null would be a fault in the
 /// middle of its work, whereas it cleans up after an exception.
 class HeapAllocator {
 public:

@@ -49,7 +49,7 @@ inline Place FindMember(MemberLookup& members, const Place& object, const Member
     return {member ? &member->value : nullptr, request.missing};
 }
 
-/// Reads what `Kind` stands for from a member. A missing member answers kNoMember.
+/// Reads what `Kind` stands for from a member. The result for a missing member is kNoMember.
 template <class Kind>
 int GetMember(MemberLookup& members, const Place& object, const wchar_t* key,
               typename Kind::Out* out, KeyMatch match = KeyMatch::kIgnoreCase) {
@@ -58,7 +58,7 @@ int GetMember(MemberLookup& members, const Place& object, const wchar_t* key,
 }
 
 /// The place of the member or element at `index`, in document order, of a container; `outputs` as
-/// in MemberRequest. An index that is not below the count answers kPlainFailure.
+/// in MemberRequest. The result for an index that is not below the count is kPlainFailure.
 inline Place ChildAt(const Place& container, uint32_t index, bool outputs) {
     uint32_t count = 0;
     const int result = Get<ChildCount>(container, outputs ? &count : nullptr);

@@ -6,7 +6,7 @@
 #include "Outputs.h"
 #include "common/ResultCodes.h"
 
-// Adding values. The order of checks is that of ValueAccess.h, with the text to be stored behind
+// Adding values. The order of checks is that of ValueAccess.h, with the text to be stored after
 // the key: the place, the key, the text, the output pointer, the kind of the parent.
 
 namespace QXJSON {
