@@ -36,8 +36,8 @@ __cxxabiv1::__cxa_eh_globals* __cxa_get_globals_fast() noexcept {
 
 __cxxabiv1::__cxa_eh_globals* __cxa_get_globals() noexcept {
     if (auto* const known = __cxa_get_globals_fast()) return known;
-    // Without memory for the first exception of a thread there is no way on, here as there: the
-    // factories see to it that it comes early.
+    // Without memory for the first exception of a thread there is no way on, here as there:
+    // PrepareExceptions sees to it that it comes early.
     void* const exceptions = std::calloc(1, sizeof(ThreadExceptions));
     if (!exceptions || !FlsSetValue(slot, exceptions)) std::abort();
     return static_cast<__cxxabiv1::__cxa_eh_globals*>(exceptions);

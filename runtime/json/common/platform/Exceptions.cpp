@@ -1,0 +1,28 @@
+#include "Exceptions.h"
+
+#ifndef _MSC_VER
+#include <cxxabi.h>
+#endif
+
+namespace QXJSON {
+
+#ifdef _MSC_VER
+
+// Microsoft's runtime throws from the stack.
+void PrepareExceptions() {}
+
+#else
+
+// GCC's runtime takes memory for the first exception of a process and of a thread, and ends the
+// process when it gets none.
+void PrepareExceptions() {
+    if (__cxxabiv1::__cxa_get_globals_fast()) return;
+    try {
+        throw 0;
+    } catch (int) {
+    }
+}
+
+#endif
+
+}  // namespace QXJSON
