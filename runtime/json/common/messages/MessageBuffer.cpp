@@ -8,17 +8,16 @@
 
 namespace QXJSON {
 
-constexpr uint32_t kInitialSize = 512;
+MessageBuffer::~MessageBuffer() { FreeArea(); }
 
-MessageBuffer::MessageBuffer()
-    : area(static_cast<uint8_t*>(std::calloc(kInitialSize, 1))), size(kInitialSize) {}
-
-MessageBuffer::~MessageBuffer() { std::free(area); }
+void MessageBuffer::FreeArea() {
+    if (area != initial) std::free(area);
+}
 
 bool MessageBuffer::Reserve(uint32_t newSize) {
     Clear();
     if (!area || size < newSize) {
-        std::free(area);
+        FreeArea();
         area = static_cast<uint8_t*>(std::calloc(newSize, 1));
         size = newSize;
     }

@@ -9,7 +9,7 @@ namespace QXJSON {
 class MessageBuffer {
 public:
     /// Starts with 512 bytes, all zero.
-    MessageBuffer();
+    MessageBuffer() = default;
     ~MessageBuffer();
     MessageBuffer(const MessageBuffer&) = delete;
     MessageBuffer& operator=(const MessageBuffer&) = delete;
@@ -32,10 +32,14 @@ public:
     uint32_t Size() const { return size; }  // LCOV_EXCL_LINE: what the unit tests look at
 
 private:
-    void Clear();
+    static constexpr uint32_t kInitialSize = 512;
 
-    uint8_t* area;
-    uint32_t size;
+    void Clear();
+    void FreeArea();
+
+    uint8_t initial[kInitialSize] = {};
+    uint8_t* area = initial;
+    uint32_t size = kInitialSize;
     uint32_t used = 0;  // how many bytes from the start may be other than zero
 };
 
