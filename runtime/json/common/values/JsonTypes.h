@@ -3,6 +3,7 @@
 #include <rapidjson/document.h>
 #include <rapidjson/pointer.h>
 #include <rapidjson/stringbuffer.h>
+#include <stdint.h>
 
 #include "PoolBlocks.h"
 
@@ -18,19 +19,29 @@ using JsonDocument = rapidjson::GenericDocument<JsonEncoding, JsonAllocator, Hea
 using JsonPointer = rapidjson::GenericPointer<JsonValue, HeapAllocator>;
 using JsonTextBuffer = rapidjson::GenericStringBuffer<JsonEncoding, HeapAllocator>;
 
-/// The pool of one document, which can tell what lies in it.
+/// The pool of one document, which knows what lies in it. A small document takes no memory from the
+/// heap.
 class DocumentPool {
 public:
+    DocumentPool() : allocator(first, kFirstSize, kBlockSize, &blocks) {}
+    DocumentPool(const DocumentPool&) = delete;
+    DocumentPool& operator=(const DocumentPool&) = delete;
+
     JsonAllocator& Allocator() { return allocator; }
-    bool Contains(const void* address) const { return blocks.Contain(address); }
+    bool Contains(const void* address) const {
+        const auto at = reinterpret_cast<uintptr_t>(address);
+        return at - reinterpret_cast<uintptr_t>(first) < kFirstSize || blocks.Contain(address);
+    }
     /// How much of its memory is in use.
     size_t Size() const { return allocator.Size(); }
 
 private:
+    static constexpr size_t kFirstSize = 4 * 1024;
     static constexpr size_t kBlockSize = 64 * 1024;
 
+    alignas(JsonValue) char first[kFirstSize];
     PoolBlocks blocks;
-    JsonAllocator allocator{kBlockSize, &blocks};
+    JsonAllocator allocator;
 };
 
 /// Whether a value is one of the two kinds that a document may have as its root.
