@@ -200,12 +200,23 @@ void PathTable::MoveChain(Node parent) {
     At(parent).children = kMany;
 }
 
-/// A new node, with a copy of its segment's text.
-PathTable::Node PathTable::Add(Node parent, const Segment& segment, uint32_t hash) {
-    if (count >> kBlockBits == blocks.size()) {
-        std::unique_ptr<NodeData[]> block(new NodeData[kBlockSize]);
+/// Makes the first block larger, or adds one.
+void PathTable::MakeRoom() {
+    const bool isFirst = room < kBlockSize;
+    const uint32_t size = isFirst ? std::max(4 * room, kSmallest) : kBlockSize;
+    std::unique_ptr<NodeData[]> block(new NodeData[size]);
+    if (isFirst && room != 0) {
+        std::copy_n(blocks.front().get(), room, block.get());
+        blocks.front() = std::move(block);
+    } else {
         blocks.push_back(std::move(block));
     }
+    room = isFirst ? size : room + kBlockSize;
+}
+
+/// A new node, with a copy of its segment's text.
+PathTable::Node PathTable::Add(Node parent, const Segment& segment, uint32_t hash) {
+    if (count == room) MakeRoom();
     const wchar_t* const text = segment.IsNumber() ? nullptr : Keep(segment.Text(), hash);
     At(count) = {{text, segment.length}, parent, 0, kRoot, kRoot, 0};
     return count++;
@@ -232,8 +243,8 @@ uint64_t PathTable::Work() const {
 }
 
 size_t PathTable::Bytes() const {
-    size_t bytes = blocks.size() * kBlockSize * sizeof(NodeData) +
-                   handleToNode.capacity() * sizeof(Node) + many.capacity() * sizeof(ManyChildren);
+    size_t bytes = room * sizeof(NodeData) + handleToNode.capacity() * sizeof(Node) +
+                   many.capacity() * sizeof(ManyChildren);
     for (const ManyChildren& children : many)
         bytes += children.elements.capacity() * sizeof(Node) + children.others.Bytes();
     return bytes;

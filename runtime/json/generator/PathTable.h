@@ -115,8 +115,10 @@ private:
         HashTable<Slot> others;
     };
 
-    // Nodes never move: they are kept in blocks.
+    // Nodes are kept in blocks. The first block grows with the nodes until it has the size of the
+    // others: a reference to a node holds until the next one is added.
     static constexpr uint32_t kBlockBits = 10, kBlockSize = 1u << kBlockBits;
+    static constexpr uint32_t kSmallest = 16;
     NodeData& At(Node node) const { return blocks[node >> kBlockBits][node & (kBlockSize - 1)]; }
 
     void EnsureRoot();
@@ -125,6 +127,7 @@ private:
     Node FindAmong(ManyChildren& children, const Segment& segment, uint32_t& hash);
     Node AddChild(Node parent, const Segment& segment, uint32_t hash);
     Node Add(Node parent, const Segment& segment, uint32_t hash);
+    void MakeRoom();
     static bool IsNextElement(const ManyChildren& children, const Segment& segment);
     static void MakeRoomAmong(ManyChildren& children, const Segment& segment);
     void LinkAmong(ManyChildren& children, Node child, uint32_t hash);
@@ -134,6 +137,7 @@ private:
     JsonAllocator& allocator;  // owns the texts of the segments
     std::vector<std::unique_ptr<NodeData[]>> blocks;
     uint32_t count = 0;              // of nodes; the root is the first
+    uint32_t room = 0;               // for nodes, in the blocks
     std::vector<Node> handleToNode;  // by handle - 1
     std::vector<ManyChildren> many;
     HashKeys keys;
