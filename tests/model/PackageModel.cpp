@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "OutputReference.h"
 #include "PackageReference.h"
 
 namespace model {
@@ -16,8 +17,10 @@ using support::Asks;
 std::optional<Outputs> ReadAs(Asks asks, const Value& value) {
     switch (asks) {
         case Asks::kAnyText:
-            if (value.IsObject()) return Read(Asks::kObjectText, value);
-            return Read(value.IsArray() ? Asks::kArrayText : Asks::kString, value);
+            // A package's texts end at a number that is not finite, a parser's do not.
+            if (value.IsObject() || value.IsArray())
+                return Outputs{ReferenceText(value, Numbers::kFinite)};
+            return Read(Asks::kString, value);
         case Asks::kTextVariant:
             return value.IsString() ? Read(Asks::kVariant, value) : std::nullopt;
         case Asks::kExistence:
