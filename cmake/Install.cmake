@@ -20,6 +20,12 @@ install(TARGETS Json_Dll json_headers EXPORT Json_Dll
 install(TARGETS jsontool RUNTIME DESTINATION bin COMPONENT runtime)
 # For Visual Studio, which makes an import library of its own from it.
 install(FILES runtime/json/Json_Dll.def DESTINATION lib COMPONENT development)
+# For hosts in other languages.
+if(TARGET json_abi)
+  add_dependencies(installed json_abi)
+  install(FILES ${CMAKE_BINARY_DIR}/hosting/abi/Json_Dll.abi.json ${CMAKE_BINARY_DIR}/hosting/abi/Json_Dll_c.h
+    DESTINATION include/Json_Dll COMPONENT development)
+endif()
 if(JSON_SPLIT_SYMBOLS)
   install(FILES $<TARGET_FILE:Json_Dll>.debug DESTINATION bin COMPONENT symbols)
 endif()

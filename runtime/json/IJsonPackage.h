@@ -101,7 +101,7 @@ public:
     /// \name The delegate
     /// \{
 
-    /// Stores the delegate. It survives loads.
+    /// Stores the delegate. It survives loads. Not guarded.
     /// \param[in] delegate the delegate, which the package does not own and may call until another
     ///     is stored; null for none
     /// \return 1
@@ -177,7 +177,7 @@ public:
     virtual int GetValue(const wchar_t* key, const wchar_t** text) = 0;
 
     /// Sets a key to the JSON text that the delegate's DelegateExport5() makes from an object, as
-    /// SetValue() does with JSON.
+    /// SetValue() does with JSON. Not guarded.
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a passed on
@@ -195,7 +195,7 @@ public:
     virtual int SetValue(const wchar_t* key, const wchar_t* value, bool valueIsJson) = 0;
 
     /// Sets a key to the JSON text that the delegate's DelegateExport0() makes from an object, as
-    /// SetValue() does with JSON.
+    /// SetValue() does with JSON. Not guarded.
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a,b,c,d,e,f passed on
@@ -205,7 +205,7 @@ public:
                                       uint32_t c, uint32_t d, uint32_t e, uint8_t f) = 0;
 
     /// Sets a key to the JSON text that the delegate's DelegateExport1() makes from an object, as
-    /// SetValue() does with JSON.
+    /// SetValue() does with JSON. Not guarded.
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a,b,c,d,e passed on
@@ -215,7 +215,7 @@ public:
                                       uint8_t c, uint8_t d, uint8_t e) = 0;
 
     /// Sets a key to the JSON text that the delegate's DelegateExport2() makes from an object, as
-    /// SetValue() does with JSON.
+    /// SetValue() does with JSON. Not guarded.
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a,b,c passed on
@@ -225,7 +225,7 @@ public:
                                       uint8_t c) = 0;
 
     /// Sets a key to the JSON text that the delegate's DelegateExport3() makes from an object, as
-    /// SetValue() does with JSON.
+    /// SetValue() does with JSON. Not guarded.
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a,b passed on
@@ -234,7 +234,7 @@ public:
     virtual int SetValueFromDelegate3(const wchar_t* key, void* object, uint8_t a, uint8_t b) = 0;
 
     /// Sets a key to the JSON text that the delegate's DelegateExport4() makes from an object, as
-    /// SetValue() does with JSON.
+    /// SetValue() does with JSON. Not guarded.
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a passed on
@@ -242,7 +242,8 @@ public:
     ///     that of SetValue()
     virtual int SetValueFromDelegate4(const wchar_t* key, void* object, uint8_t a) = 0;
 
-    /// Passes the text that GetValue() gets for a key to the delegate's DelegateImport().
+    /// Passes the text that GetValue() gets for a key to the delegate's DelegateImport(). Not
+    /// guarded.
     /// \param[in] key the key
     /// \param[in] object the runtime's object, passed on
     /// \param[in] a,b,c,d,e passed on

@@ -770,13 +770,13 @@ public:
     /// ("/missing/1"). The parser stays usable.
     /// \{
 
-    /// Reports whether a path is well-formed and a value exists at it.
+    /// Reports whether a path is well-formed and a value exists at it. Not guarded.
     /// \param[in] path the item path
     /// \return true when one does; false also for a null path
     virtual bool ExistsItemByPath(const wchar_t* path) = 0;
 
     /// Reports whether an object named by handle has a member. The member receives a handle, as
-    /// from GetMemberItem().
+    /// from GetMemberItem(). Not guarded.
     /// \param[in] handle handle of the object
     /// \param[in] key key of the member
     /// \return true when it has; false also for an unknown handle, a value that is not an object,
@@ -784,7 +784,7 @@ public:
     virtual bool ExistsMember(uint32_t handle, const wchar_t* key) = 0;
 
     /// Reports whether the value named by path is an object with a member of exactly this name: the
-    /// case of letters counts here, unlike in ExistsMember().
+    /// case of letters counts here, unlike in ExistsMember(). Not guarded.
     /// \param[in] path item path of the object
     /// \param[in] key exact key of the member
     /// \return true when it is; false also for a path that fails and a null key

@@ -1,0 +1,3 @@
+module order
+
+go 1.19
