@@ -181,33 +181,33 @@ struct Bytes {
 
 /// The kinds of values: the item types of the interfaces.
 enum class ValueKind : uint32_t {
-    kString,
-    kNumber,
-    kBoolean,
-    kNull,
-    kObject,
-    kArray,
+    kString = kItemString,
+    kNumber = kItemNumber,
+    kBoolean = kItemBoolean,
+    kNull = kItemNull,
+    kObject = kItemObject,
+    kArray = kItemArray,
 };
 
 /// The kind of an item type or a value type: value types from 6 on are kinds of numbers.
 constexpr ValueKind KindOf(uint32_t type) noexcept {
-    return type < 6 ? static_cast<ValueKind>(type) : ValueKind::kNumber;
+    return type < kValueInt32 ? static_cast<ValueKind>(type) : ValueKind::kNumber;
 }
 
 /// The classes of numbers.
 enum class NumberClass : uint32_t {
-    kFinite,
-    kNotANumber,
-    kInfinity,
-    kMinusInfinity,
+    kFinite = kNumberFinite,
+    kNotANumber = kNumberNan,
+    kInfinity = kNumberInfinity,
+    kMinusInfinity = kNumberMinusInfinity,
 };
 
 /// The encodings of output. Bytes have no byte-order mark; files begin with that of their encoding.
 enum class Encoding : int32_t {
-    kAscii,
-    kUtf16Le,
-    kUtf8,
-    kUtf16Be,
+    kAscii = kEncodingAscii,
+    kUtf16Le = kEncodingUtf16Le,
+    kUtf8 = kEncodingUtf8,
+    kUtf16Be = kEncodingUtf16Be,
 };
 
 /// @cond the rest of this section is for this header alone

@@ -92,8 +92,8 @@ TEST_F(Generating, Numbers) {
     generator->AddArrayItemDouble(1, 2.5, &item);           // 2.5
     generator->AddArrayItemFloat(1, 0.1f, &item);  // 0.10000000149011612: the float's exact value
     generator->AddArrayItemUInt64(1, 18446744073709551615u, &item);
-    generator->AddArrayItemBoolean(1, 7, &item);        // true: any flag but 0
-    generator->AddArrayItemSpecialNumber(1, 3, &item);  // -Infinity
+    generator->AddArrayItemBoolean(1, 7, &item);  // true: any flag but 0
+    generator->AddArrayItemSpecialNumber(1, QXJSON::kNumberMinusInfinity, &item);
     generator->AddArrayItemNull(1, &item);
     //! [numbers]
     EXPECT_EQ(L"[3,3.0,2.5,0.10000000149011612,18446744073709551615,true,-Infinity,null]", Json());
@@ -140,8 +140,9 @@ TEST_F(Generating, Text) {
     const uint8_t* data = nullptr;
     uint64_t length = 0;
     std::string ascii;
-    if (generator->GetJsonBytes(&data, &length, 0) == 1 && data)  // null: unknown encoding
-        ascii.assign(data, data + length);                        // {"name":"\u00C5se"}
+    const int made = generator->GetJsonBytes(&data, &length, QXJSON::kEncodingAscii);
+    if (made == 1 && data)                  // null: unknown encoding
+        ascii.assign(data, data + length);  // {"name":"\u00C5se"}
     //! [output text]
     EXPECT_STREQ(L"{\"name\":\"\x00C5se\"}", text);
     EXPECT_EQ(R"({"name":"\u00C5se"})", ascii);
@@ -153,9 +154,11 @@ TEST_F(Generating, Files) {
     const wchar_t* const fileName = file.Name();
     const wchar_t* const indentedName = indentedFile.Name();
     //! [output files]
-    const int saved = generator->SaveToFile(fileName, 2);              // UTF-8, after its mark
-    const int indented = generator->SaveToFileEx(indentedName, 0, 0);  // ASCII, four spaces
-    const int noFolder = generator->SaveToFile(L"no such folder\\ship.json", 2);  // 0
+    const int saved = generator->SaveToFile(fileName, QXJSON::kEncodingUtf8);  // after its mark
+    const int indented =
+        generator->SaveToFileEx(indentedName, QXJSON::kEncodingAscii, 0);  // four spaces
+    const int noFolder =
+        generator->SaveToFile(L"no such folder\\ship.json", QXJSON::kEncodingUtf8);  // 0
     //! [output files]
     EXPECT_EQ(1, saved);
     EXPECT_EQ("\xEF\xBB\xBF{\"ship\":\"Freya\"}", file.Bytes());

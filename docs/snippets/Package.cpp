@@ -118,8 +118,8 @@ TEST_F(Packaging, Output) {
 
     const void* data = nullptr;
     size_t length = 0;
-    package->GetBytes(&data, &length, 2);                // UTF-8, without mark or terminator
-    const int saved = package->SaveToFile(fileName, 2);  // UTF-8, after its mark
+    package->GetBytes(&data, &length, QXJSON::kEncodingUtf8);  // without mark or terminator
+    const int saved = package->SaveToFile(fileName, QXJSON::kEncodingUtf8);  // after its mark
     //! [package output]
     EXPECT_STREQ(L"{\"name\":\"\x00C5se\"}", text);
     const std::string bytes(static_cast<const char*>(data), length);

@@ -205,10 +205,10 @@ TEST_F(Parsing, NumberClasses) {
     //! [number classes]
     parser->LoadJsonString(L"[1.5,NaN,Infinity,-Infinity]");
     uint32_t classes[4] = {};
-    parser->GetNumberClassByPath(L"/1", &classes[0]);  // 0: an integer or a finite double
-    parser->GetNumberClassByPath(L"/2", &classes[1]);  // 1: NaN
-    parser->GetNumberClassByPath(L"/3", &classes[2]);  // 2: Infinity
-    parser->GetNumberClassByPath(L"/4", &classes[3]);  // 3: -Infinity
+    parser->GetNumberClassByPath(L"/1", &classes[0]);  // kNumberFinite
+    parser->GetNumberClassByPath(L"/2", &classes[1]);  // kNumberNan
+    parser->GetNumberClassByPath(L"/3", &classes[2]);  // kNumberInfinity
+    parser->GetNumberClassByPath(L"/4", &classes[3]);  // kNumberMinusInfinity
     //! [number classes]
     for (uint32_t i = 0; i < 4; ++i) EXPECT_EQ(i, classes[i]);
 }

@@ -4,6 +4,7 @@
 
 #include "JsonVariant.h"
 #include "common/ResultCodes.h"
+#include "common/ValueCodes.h"
 
 /// \file
 /// The generator: building JSON and writing it out.
@@ -364,7 +365,7 @@ public:
     /// Adds a special number to an object named by path.
     /// \param[in] path item path of the object
     /// \param[in] key key of the member
-    /// \param[in] selector 0 the integer 0, 1 NaN, 2 Infinity, 3 -Infinity
+    /// \param[in] selector a JsonNumberClass: 0 the integer 0, 1 NaN, 2 Infinity, 3 -Infinity
     /// \param[out] handle receives the member's handle
     /// \return 1; -10 bad path, -5 null key, 0 unknown selector or null output, -3 the parent is
     ///     not an object
@@ -373,7 +374,7 @@ public:
 
     /// Appends a special number to an array named by path.
     /// \param[in] path item path of the array
-    /// \param[in] selector 0 the integer 0, 1 NaN, 2 Infinity, 3 -Infinity
+    /// \param[in] selector a JsonNumberClass: 0 the integer 0, 1 NaN, 2 Infinity, 3 -Infinity
     /// \param[out] handle receives the element's handle
     /// \return 1; -10 bad path, 0 unknown selector or null output, -3 the parent is not an array
     virtual int AddArrayItemSpecialNumberByPath(const wchar_t* path, uint32_t selector,
@@ -382,7 +383,7 @@ public:
     /// Adds a special number to an object named by handle.
     /// \param[in] parent handle of the object
     /// \param[in] key key of the member
-    /// \param[in] selector 0 the integer 0, 1 NaN, 2 Infinity, 3 -Infinity
+    /// \param[in] selector a JsonNumberClass: 0 the integer 0, 1 NaN, 2 Infinity, 3 -Infinity
     /// \param[out] handle receives the member's handle
     /// \return 1; -2 unknown handle, -5 null key, -2 handle that leads nowhere, 0 unknown selector
     ///     or null output, -3 the parent is not an object
@@ -391,7 +392,7 @@ public:
 
     /// Appends a special number to an array named by handle.
     /// \param[in] parent handle of the array
-    /// \param[in] selector 0 the integer 0, 1 NaN, 2 Infinity, 3 -Infinity
+    /// \param[in] selector a JsonNumberClass: 0 the integer 0, 1 NaN, 2 Infinity, 3 -Infinity
     /// \param[out] handle receives the element's handle
     /// \return 1; -2 unknown handle, -2 handle that leads nowhere, 0 unknown selector or null
     ///     output, -3 the parent is not an array
@@ -842,7 +843,7 @@ public:
     /// Writes the document to a file as compact text, after the byte-order mark of its encoding.
     /// What the file held is replaced.
     /// \param[in] fileName zero-terminated name of the file
-    /// \param[in] encoding 0 to 3; any other leaves the file empty
+    /// \param[in] encoding a JsonOutputEncoding, 0 to 3; any other leaves the file empty
     /// \return 1, also when the root is not an object or array, which leaves the file empty, and
     ///     when the text could not be written to its end; 0 for a name that is null, empty or not
     ///     readable, and for a file that cannot be used: an existing one must open for reading, a
@@ -853,7 +854,7 @@ public:
     /// As SaveToFile(), indented by four spaces a level. A number that is not finite ends the
     /// output: the file keeps the whole blocks of 260 bytes before it, and the result is 1.
     /// \param[in] fileName zero-terminated name of the file
-    /// \param[in] encoding 0 to 3; any other leaves the file empty
+    /// \param[in] encoding a JsonOutputEncoding, 0 to 3; any other leaves the file empty
     /// \param[in] style 0 or 1, which mean the same; any other leaves the file empty
     /// \return as SaveToFile()
     virtual int SaveToFileEx(const wchar_t* fileName, int32_t encoding, int32_t style) = 0;
@@ -869,7 +870,7 @@ public:
     ///     this operation, root creation or Release(); null for an unknown encoding, where the root
     ///     is not an object or array, and with -5
     /// \param[out] length receives the count of bytes; untouched where the data is null
-    /// \param[in] encoding 0 to 3
+    /// \param[in] encoding a JsonOutputEncoding, 0 to 3
     /// \return 1, also for an unknown encoding; 0 null output, or a root that is not an object or
     ///     array
     virtual int GetJsonBytes(const uint8_t** data, uint64_t* length, int32_t encoding) = 0;

@@ -7,6 +7,7 @@
 #include "JsonVariant.h"
 #include "common/MessageCodes.h"
 #include "common/ResultCodes.h"
+#include "common/ValueCodes.h"
 
 // A macro of <windows.h>, and the name of an operation here.
 #undef LoadString
@@ -274,14 +275,14 @@ public:
     /// \param[out] data receives the bytes, without terminator, which live until the next call,
     ///     load or Release(); null for an unknown encoding and with -5
     /// \param[out] length receives the count of bytes; untouched where the data is null
-    /// \param[in] encoding 0 to 3
+    /// \param[in] encoding a JsonOutputEncoding, 0 to 3
     /// \return 1, also for an unknown encoding; 0 null output
     virtual int GetBytes(const void** data, size_t* length, int32_t encoding) = 0;
 
     /// Writes the package to a file as compact text, after the byte-order mark of its encoding.
     /// What the file held is replaced.
     /// \param[in] fileName zero-terminated name of the file
-    /// \param[in] encoding 0 to 3; any other leaves the file empty
+    /// \param[in] encoding a JsonOutputEncoding, 0 to 3; any other leaves the file empty
     /// \return 1, also when the text could not be written to its end; 0 for a name that is null,
     ///     empty or not readable, and for a file that cannot be used: an existing one must open for
     ///     reading, a new one must be creatable, and either must open for writing. A lack of memory

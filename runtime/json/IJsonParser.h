@@ -5,6 +5,7 @@
 #include "JsonVariant.h"
 #include "common/MessageCodes.h"
 #include "common/ResultCodes.h"
+#include "common/ValueCodes.h"
 
 /// \file
 /// The parser: loading JSON and reading it.
@@ -50,8 +51,8 @@ namespace QXJSON {
 /// fit into 1024 UTF-16 units with its terminator; a longer one returns -10.
 ///
 /// \par Types
-/// Item types: 0 string, 1 number, 2 boolean, 3 null, 4 object, 5 array. Value types are the same,
-/// except that a number reports the first of these that applies: 6 fits int32, 7 fits uint32,
+/// JsonItemType: 0 string, 1 number, 2 boolean, 3 null, 4 object, 5 array. JsonValueType is the
+/// same, except that a number reports the first of these that applies: 6 fits int32, 7 fits uint32,
 /// 8 fits int64, 9 fits uint64, 11 stored as double (10 is reserved).
 ///
 /// The order of the operations is the binary contract; new ones may only follow the last.
@@ -735,7 +736,7 @@ public:
 
     // ---------------------------------------------------------------------------------------------
     /// \name Number classes
-    /// 0 an integer or a finite double, 1 NaN, 2 Infinity, 3 -Infinity.
+    /// 0 an integer or a finite double, 1 NaN, 2 Infinity, 3 -Infinity; JsonNumberClass has names.
     /// \{
 
     /// Gets the class of a number named by path.

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "ByteBuffer.h"
+#include "common/ValueCodes.h"
 #include "common/values/JsonTypes.h"
 
 namespace QXJSON {
@@ -10,10 +11,10 @@ namespace QXJSON {
 /// The encodings of bytes and files, by the number that the runtime selects them with.
 enum OutputEncoding : int32_t {
     kNoOutput = -1,  ///< stands for every number that selects nothing
-    kAscii = 0,      ///< everything beyond ASCII as \uXXXX; no byte-order mark
-    kUtf16Le = 1,
-    kUtf8 = 2,
-    kUtf16Be = 3,
+    kAscii = kEncodingAscii,
+    kUtf16Le = kEncodingUtf16Le,
+    kUtf8 = kEncodingUtf8,
+    kUtf16Be = kEncodingUtf16Be,
 };
 
 /// How a document is laid out.

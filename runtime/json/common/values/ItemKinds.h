@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "JsonTypes.h"
+#include "common/ValueCodes.h"
 
 // What can be added to a document: one type for each kind of item, which makes the value (`Make`).
 // Where it goes is ValueBuild.h's and the generator's affair.
@@ -54,15 +55,15 @@ struct NumberItem : ItemKind {
 /// The integer 0 or one of the numbers that JSON has no digits for.
 struct SpecialNumberItem : ItemKind {
     explicit SpecialNumberItem(uint32_t kind) : selector(kind) {}
-    bool Known() const { return selector <= 3; }
+    bool Known() const { return selector <= kNumberMinusInfinity; }
     JsonValue Make(JsonAllocator&) const {
         using Limits = std::numeric_limits<double>;
         switch (selector) {
-            case 0:
+            case kNumberFinite:
                 return JsonValue(0);
-            case 1:
+            case kNumberNan:
                 return JsonValue(Limits::quiet_NaN());
-            case 2:
+            case kNumberInfinity:
                 return JsonValue(Limits::infinity());
             default:
                 return JsonValue(-Limits::infinity());

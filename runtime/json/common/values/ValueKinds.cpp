@@ -2,43 +2,45 @@
 
 #include <cmath>
 
+#include "common/ValueCodes.h"
+
 namespace QXJSON {
 
 uint32_t ItemType::Read(const JsonValue& value) {
     switch (value.GetType()) {
         case rapidjson::kStringType:
-            return 0;
+            return kItemString;
         case rapidjson::kNumberType:
-            return 1;
+            return kItemNumber;
         case rapidjson::kFalseType:
         case rapidjson::kTrueType:
-            return 2;
+            return kItemBoolean;
         case rapidjson::kObjectType:
-            return 4;
+            return kItemObject;
         case rapidjson::kArrayType:
-            return 5;
+            return kItemArray;
         default:
-            return 3;
+            return kItemNull;
     }
 }
 
 uint32_t ValueType::Read(const JsonValue& value) {
     // The widths are nested: the first that holds is the narrowest. 10, for a double that would fit
     // a float, is never told.
-    if (value.IsInt()) return 6;
-    if (value.IsUint()) return 7;
-    if (value.IsInt64()) return 8;
-    if (value.IsUint64()) return 9;
-    if (value.IsDouble()) return 11;
+    if (value.IsInt()) return kValueInt32;
+    if (value.IsUint()) return kValueUInt32;
+    if (value.IsInt64()) return kValueInt64;
+    if (value.IsUint64()) return kValueUInt64;
+    if (value.IsDouble()) return kValueDouble;
     return ItemType::Read(value);
 }
 
 uint32_t NumberClass::Read(const JsonValue& value) {
-    if (!value.IsDouble()) return 0;
+    if (!value.IsDouble()) return kNumberFinite;
     const double number = value.GetDouble();
-    if (std::isnan(number)) return 1;
-    if (std::isinf(number)) return number > 0 ? 2 : 3;
-    return 0;
+    if (std::isnan(number)) return kNumberNan;
+    if (std::isinf(number)) return number > 0 ? kNumberInfinity : kNumberMinusInfinity;
+    return kNumberFinite;
 }
 
 }  // namespace QXJSON
