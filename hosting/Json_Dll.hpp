@@ -12,8 +12,6 @@
 #include <type_traits>
 #include <utility>
 
-// <windows.h> defines a macro with the name of one of the package's operations.
-#undef LoadString
 #include "Json_Dll.h"
 
 /// A thin C++ layer for hosts of Json_Dll, in one header: it loads the library, owns its objects,

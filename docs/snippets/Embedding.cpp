@@ -53,6 +53,19 @@ TEST(Embedding, Threads) {
     EXPECT_EQ(1, results[1]);
 }
 
+TEST_F(Packaging, BothNames) {
+    //! [both names]
+    package->LoadString(L"{\"button\":\"OK\"}");  // the operation
+
+    wchar_t button[64] = {};
+    const HMODULE user = LoadLibraryW(L"user32.dll");
+    const int length = LoadString(user, 800, button, 64);  // the function of Windows
+    //! [both names]
+    EXPECT_EQ(L"{\"button\":\"OK\"}", Json());
+    EXPECT_EQ(length, static_cast<int>(std::wstring(button).size()));
+    EXPECT_TRUE(FreeLibrary(user));
+}
+
 TEST_F(Parsing, Lifetimes) {
     //! [lifetimes]
     const wchar_t* text = nullptr;

@@ -9,7 +9,8 @@
 #include "common/ResultCodes.h"
 #include "common/ValueCodes.h"
 
-// A macro of <windows.h>, and the name of an operation here.
+// The name of an operation here, and a macro of <windows.h>, which is back after this header.
+#pragma push_macro("LoadString")
 #undef LoadString
 
 /// \file
@@ -44,9 +45,9 @@ namespace QXJSON {
 /// 6. Threads. Use each package from one thread at a time; different packages are independent.
 ///
 /// \par The name LoadString
-/// <windows.h> defines a macro of this name, which this header undefines; LoadStringA() and
-/// LoadStringW() of the system stay. A file that includes <windows.h> after this header must say
-/// `#undef LoadString` itself.
+/// <windows.h> defines a macro of this name, so that a call in a file that includes it, before or
+/// after this header, is one of LoadStringW() or LoadStringA(). They are here to be that call. A
+/// class of the host's own that overrides the operation has to `#undef LoadString` first.
 ///
 /// \par Encodings of bytes and files
 /// 0 ASCII, everything else escaped as \\uXXXX, no byte-order mark; 1 UTF-16LE, mark FF FE;
@@ -126,6 +127,15 @@ public:
     ///     code 22; 0 for text that does not parse, and for any other root, which leaves message
     ///     code 22; -5 where the nesting is too deep for the stack
     virtual int LoadString(const wchar_t* text) = 0;
+
+    /// LoadString(), as a file that includes <windows.h> calls it. Not an operation of its own.
+    /// \param[in] text as LoadString()
+    /// \return as LoadString()
+    int LoadStringW(const wchar_t* text) { return LoadString(text); }
+    /// The same where UNICODE is not defined; the text is UTF-16 all the same.
+    /// \param[in] text as LoadString()
+    /// \return as LoadString()
+    int LoadStringA(const wchar_t* text) { return LoadString(text); }
 
     /// Replaces the package with the JSON object of a file in UTF-8, UTF-16 or UTF-32, recognised
     /// by a byte-order mark or else by the zero bytes among the first four, or in the system's ANSI
@@ -419,3 +429,5 @@ protected:
 };
 
 }  // namespace QXJSON
+
+#pragma pop_macro("LoadString")

@@ -2,6 +2,9 @@
 
 #include "IJsonPackage.h"
 
+// The operation, not the macro of <windows.h>.
+#undef LoadString
+
 namespace QXJSON {
 
 /// Every operation of IJsonPackage but Release and those that go through the delegate, passed on

@@ -3,6 +3,9 @@
 #include "../IJsonPackage.h"
 #include "common/ResultCodes.h"
 
+// The operation, not the macro of <windows.h>.
+#undef LoadString
+
 namespace QXJSON {
 
 /// The operations of IJsonPackage that only the facade has: everything that goes through the
