@@ -1,5 +1,10 @@
 #pragma once
 
+// An older compiler gets one message instead of hundreds: the rest of the file is not for it.
+#if (defined(_MSVC_LANG) ? _MSVC_LANG : __cplusplus) < 201703L
+#error "Json_Dll.hpp needs C++17; the interfaces in Json_Dll.h need C++11"
+#else
+
 #include <stdint.h>
 #include <windows.h>
 
@@ -34,6 +39,10 @@ using IfViewOfTemporary = std::enable_if_t<std::is_same_v<T, std::wstring_view> 
 }  // namespace detail
 /// @endcond
 
+/// The result code of this layer where there is no library to ask: the DLL was not found, or lacks
+/// what this layer needs from it. No operation returns it.
+constexpr int kNoLibrary = -1000;
+
 /// What a result code means, in a few words, for the host's own messages.
 inline const char* Describe(int code) noexcept {
     switch (code) {
@@ -53,6 +62,8 @@ inline const char* Describe(int code) noexcept {
             return "an exception or fault ended the operation";
         case kBadPath:
             return "the item path is malformed, or nothing exists at it";
+        case kNoLibrary:
+            return "Json_Dll.dll was not found, or is not the DLL that it should be";
         default:
             return "unknown result";
     }
@@ -993,6 +1004,48 @@ public:
 
 // ---- The library -------------------------------------------------------------------------------
 
+/// The version of a DLL. Operations are only ever added: a host may call what the version in which
+/// an operation came, or a later one with the same major number, offers.
+struct Version {
+    uint32_t major = 0;  ///< changes when the contract does
+    uint32_t minor = 0;  ///< changes when something is added
+    uint32_t patch = 0;  ///< changes with every other release
+
+    /// Whether a host that was written for that version can use this one.
+    constexpr bool Offers(const Version& wanted) const noexcept {
+        if (major != wanted.major) return false;
+        return minor != wanted.minor ? minor > wanted.minor : patch >= wanted.patch;
+    }
+};
+
+/// @cond for this header alone
+namespace detail {
+
+/// The fixed part of a module's version resource, after its own length, that of the part, a type,
+/// and the title with its padding; null without one.
+inline const VS_FIXEDFILEINFO* FixedVersion(HMODULE module) noexcept {
+    constexpr DWORD kHead = 3 * sizeof(WORD) + sizeof(L"VS_VERSION_INFO") + sizeof(WORD);
+    const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(1), MAKEINTRESOURCEW(16));
+    if (!found || SizeofResource(module, found) < kHead + sizeof(VS_FIXEDFILEINFO)) return nullptr;
+    const HGLOBAL loaded = LoadResource(module, found);
+    const auto* const bytes = static_cast<const uint8_t*>(loaded ? LockResource(loaded) : nullptr);
+    if (!bytes) return nullptr;
+    const auto* const part = reinterpret_cast<const VS_FIXEDFILEINFO*>(bytes + kHead);
+    return part->dwSignature == 0xFEEF04BD ? part : nullptr;
+}
+
+}  // namespace detail
+/// @endcond
+
+/// The version of a loaded DLL, from its resources; kNoLibrary where it is not loaded.
+inline Result<Version> LibraryVersion(HMODULE module = GetModuleHandleW(L"Json_Dll.dll")) {
+    // Null would mean the program itself.
+    const VS_FIXEDFILEINFO* const found = module ? detail::FixedVersion(module) : nullptr;
+    if (!found) return Result<Version>(kNoLibrary);
+    const DWORD high = found->dwFileVersionMS, low = found->dwFileVersionLS;
+    return {kSuccess, {HIWORD(high), LOWORD(high), HIWORD(low)}};
+}
+
 /// The loaded library. It must outlive the objects that it created.
 class Library {
 public:
@@ -1030,7 +1083,7 @@ public:
     /// The DLL, for whatever else a host may need from it; null where the host is linked with it.
     HMODULE Module() const noexcept { return module.get(); }
 
-    /// A new parser; kPlainFailure without the library or without memory.
+    /// A new parser; kNoLibrary without the library, kPlainFailure without memory.
     Result<Parser> NewParser() const { return New<Parser>(createParser); }
     /// A new generator, in the same way.
     Result<Generator> NewGenerator() const { return New<Generator>(createGenerator); }
@@ -1050,8 +1103,9 @@ private:
     }
 
     template <class Object, class Function>
-    static Result<Object> New(Function create) {
-        Object object(create ? create() : nullptr);
+    Result<Object> New(Function create) const {
+        if (!*this) return Result<Object>(kNoLibrary);
+        Object object(create());
         const int result = object ? kSuccess : kPlainFailure;
         return {result, std::move(object)};
     }
@@ -1063,3 +1117,5 @@ private:
 };
 
 }  // namespace QXJSON::hosting
+
+#endif  // C++17

@@ -38,6 +38,14 @@ TEST_F(Hosting, WholeHost) {
     EXPECT_THROW(NameOfSecond(L"{"), Error);
 }
 
+TEST_F(Hosting, LibraryVersion) {
+    //! [library version]
+    const auto version = QXJSON::hosting::LibraryVersion();  // of the loaded Json_Dll.dll
+    const bool recent = version && version->Offers({1, 0, 0});
+    //! [library version]
+    EXPECT_TRUE(recent);
+}
+
 TEST_F(Hosting, Styles) {
     const Parser parser = Loaded(LR"({"ship":"Freya","crew":4})");
     std::wstring report;

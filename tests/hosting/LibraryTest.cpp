@@ -10,13 +10,21 @@ namespace {
 /// No objects can be had from it, by either style.
 void ExpectUseless(const Library& library) {
     EXPECT_FALSE(library);
-    EXPECT_EQ(QXJSON::kPlainFailure, library.NewParser().Code());
+    EXPECT_EQ(kNoLibrary, library.NewParser().Code());
+    EXPECT_EQ(kNoLibrary, library.NewGenerator().Code());
+    EXPECT_EQ(kNoLibrary, library.NewPackage().Code());
     EXPECT_FALSE(*library.NewParser());
     EXPECT_FALSE(*library.NewGenerator());
     EXPECT_FALSE(*library.NewPackage());
-    EXPECT_THROW((void)library.NewParser().Get(), Error);
     EXPECT_THROW((void)library.NewGenerator().Get(), Error);
     EXPECT_THROW((void)library.NewPackage().Get(), Error);
+    try {
+        (void)library.NewParser().Get();
+        ADD_FAILURE() << "a parser without a library";
+    } catch (const Error& error) {
+        EXPECT_EQ(kNoLibrary, error.Code());
+        EXPECT_NE(std::string::npos, std::string(error.what()).find("Json_Dll.dll was not found"));
+    }
 }
 
 void ExpectUseful(const Library& library) {
@@ -77,6 +85,37 @@ TEST(HostLibrary, Linked) {
     const Library library(CreateJsonParser, CreateJsonGenerator, CreateJsonPackageInterface);
     ExpectUseful(library);
     EXPECT_EQ(nullptr, library.Module());
+}
+
+TEST(HostLibrary, SaysItsVersion) {
+    const Library library;
+    const Result<Version> version = LibraryVersion();
+    ASSERT_TRUE(version);
+    EXPECT_EQ(JSON_DLL_VERSION, std::to_string(version->major) + "." +
+                                    std::to_string(version->minor) + "." +
+                                    std::to_string(version->patch));
+    EXPECT_EQ(version->minor, LibraryVersion(library.Module()).Get().minor);
+}
+
+TEST(HostLibrary, NoVersionWithoutADll) {
+    EXPECT_EQ(kNoLibrary, LibraryVersion(nullptr).Code());
+    // The test program itself has no resources.
+    EXPECT_EQ(kNoLibrary, LibraryVersion(GetModuleHandleW(nullptr)).Code());
+}
+
+struct Wanted {
+    Version version;
+    bool offered;
+};
+
+TEST(HostLibrary, AVersionOffersWhatCameBeforeIt) {
+    constexpr Version there = {2, 3, 4};
+    const Wanted wanted[] = {{{2, 3, 4}, true},  {{2, 3, 3}, true},  {{2, 3, 5}, false},
+                             {{2, 2, 9}, true},  {{2, 4, 0}, false}, {{2, 0, 0}, true},
+                             {{1, 0, 0}, false}, {{3, 0, 0}, false}};
+    for (const Wanted& row : wanted)
+        EXPECT_EQ(row.offered, there.Offers(row.version))
+            << row.version.major << "." << row.version.minor << "." << row.version.patch;
 }
 
 // Factories of the host's own, which note that they were called.
