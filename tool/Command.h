@@ -3,6 +3,11 @@
 #include <CLI/CLI.hpp>
 #include <functional>
 #include <string>
+#include <vector>
+
+#include "Events.h"
+#include "ItemPath.h"
+#include "JsonWriter.h"
 
 namespace tool {
 
@@ -14,7 +19,7 @@ struct Command {
 };
 
 constexpr int kGood = 0;
-constexpr int kBad = 1;     ///< the data is bad, or does not exist
+constexpr int kBad = 1;     ///< the data is bad, does not exist, or differs
 constexpr int kMisuse = 2;  ///< the call is wrong, or the library is missing
 
 // Each adds itself to the program.
@@ -27,14 +32,47 @@ Command Merge(CLI::App& program);
 Command Set(CLI::App& program);
 Command Validate(CLI::App& program);
 
-/// What the help of a command says about its PATH.
-constexpr char kItemPaths[] =
-    "Item paths: / is the root, /berths/1/number a member of the first element of an array.\n"
-    "Inside a key, a slash is written ~/ and a tilde ~0.";
+// ---- What commands have in common --------------------------------------------------------------
 
-/// The FILE that most commands have.
-void AddInput(CLI::App& command, std::string& file);
+/// Adds a command; its help shows these operands.
+CLI::App* AddCommand(CLI::App& program, const std::string& name, const std::string& operands,
+                     const std::string& description);
+
+/// The FILE that most commands have, and how it is read.
+struct InputOptions {
+    std::string file = "-";
+    bool ansi = false;
+
+    /// Reads the document in it, or throws Failure.
+    void Read(Events& events) const;
+};
+
+/// What comes after FILE.
+struct Operand {
+    const char* name;
+    std::string& value;
+    const char* description;
+};
+
+void AddAnsi(CLI::App& command, bool& ansi);
+/// Adds FILE, which may be left out, and then operands that may not.
+void AddInput(CLI::App& command, InputOptions& input, const std::vector<Operand>& operands = {});
+
+/// A PATH, and how it is written.
+struct PathOptions {
+    std::string path = "/";
+    bool isPointer = false;
+
+    ItemPath Parsed() const;
+    PathSyntax Syntax() const { return isPointer ? PathSyntax::kPointer : PathSyntax::kItemPath; }
+};
+
+/// Adds what concerns the PATH of a command besides the operand.
+void AddPathSyntax(CLI::App& command, PathOptions& path, const std::string& more = {});
+
 /// The option -o; without it the output goes to the standard output.
 CLI::Option* AddOutput(CLI::App& command, std::string& out);
+/// The options for the form of the text that is written.
+void AddForm(CLI::App& command, TextForm& form);
 
 }  // namespace tool

@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "Command.h"
-#include "Input.h"
 #include "Output.h"
 
 namespace tool {
@@ -14,7 +13,9 @@ using QXJSON::hosting::Encoding;
 namespace {
 
 struct Options {
-    std::string file, out, encoding;
+    InputOptions input;
+    std::string out, encoding;
+    TextForm form;
 };
 
 const std::map<std::string, Encoding>& Encodings() {
@@ -28,9 +29,11 @@ const std::map<std::string, Encoding>& Encodings() {
 }
 
 int Run(const Options& options) {
-    TextForm form;
+    TextForm form = options.form;
     form.encoding = Encodings().at(options.encoding);
-    Write(Input(options.file).Generate(), options.out, form);
+    Output output(options.out, form);
+    output.Write([&](Events& writer) { options.input.Read(writer); });
+    output.Finish();
     return kGood;
 }
 
@@ -38,18 +41,19 @@ int Run(const Options& options) {
 
 Command Convert(CLI::App& program) {
     const auto options = std::make_shared<Options>();
-    CLI::App* const line =
-        program.add_subcommand("convert", "Writes a document in another encoding, compact");
-    AddInput(*line, options->file);
+    CLI::App* const line = AddCommand(program, "convert", "[FILE] -o OUT --to ENCODING",
+                                      "Writes a document in another encoding");
+    AddInput(*line, options->input);
     AddOutput(*line, options->out)
         ->required()
-        ->description(
-            "The file to write, with a byte-order mark except in ASCII; - for the standard output");
+        ->description("The file to write; - for the standard output");
     line->add_option("--to", options->encoding,
                      "utf-8, utf-16le, utf-16be, or ascii, which escapes all other characters")
         ->required()
         ->type_name("ENCODING")
         ->transform(CLI::IsMember(Encodings(), CLI::ignore_case).description(""));
+    AddForm(*line, options->form);
+    line->footer("A file in UTF-16 begins with a byte-order mark without --bom too.");
     return {line, [options] { return Run(*options); }};
 }
 

@@ -4,7 +4,13 @@
 // Uses what <windows.h> declares.
 #include <shlwapi.h>
 
+#include <fcntl.h>
+#include <io.h>
+#include <share.h>
+#include <sys/stat.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <memory>
 
@@ -13,25 +19,12 @@
 namespace tool {
 namespace {
 
-struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using OpenFile = std::unique_ptr<std::FILE, FileCloser>;
-
 std::wstring FullName(const std::wstring& name) {
     std::wstring full(GetFullPathNameW(name.c_str(), 0, nullptr, nullptr), 0);
     if (full.empty()) return name;
     full.resize(
         GetFullPathNameW(name.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
     return full;
-}
-
-std::wstring NewTemporaryName() {
-    wchar_t folder[MAX_PATH + 1] = {};
-    GetTempPathW(MAX_PATH, folder);
-    static int count = 0;
-    return folder + (L"jsontool-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
-                     std::to_wstring(++count) + L".json");
 }
 
 void Collect(const std::wstring& folder, const std::wstring& pattern, FoundFiles& found) {
@@ -104,31 +97,84 @@ FoundFiles FilesBelow(const std::wstring& folder, const std::wstring& pattern) {
     return found;
 }
 
-TemporaryFile::TemporaryFile() : name(NewTemporaryName()) {}
-
-TemporaryFile::TemporaryFile(const std::wstring& neighbour)
-    : name(Openable(FullName(neighbour) + L".jsontool-" + std::to_wstring(GetCurrentProcessId()))) {
+std::optional<std::wstring> WhyUnreadable(const std::wstring& name) {
+    if (IsFolder(name)) return L"is a folder";
+    if (OpenFile(_wfopen(Openable(name).c_str(), L"rb"))) return std::nullopt;
+    if (errno == ENOENT) return L"no such file";
+    return kUnreadable;
 }
 
-TemporaryFile::~TemporaryFile() { DeleteFileW(name.c_str()); }
+namespace {
 
-bool TemporaryFile::Fill(const std::string& bytes) const {
-    const OpenFile file(_wfopen(name.c_str(), L"wb"));
-    const bool whole =
-        file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-    return whole && std::fflush(file.get()) == 0;
+constexpr wchar_t kUnwritable[] = L": the file cannot be written";
+
+bool Exists(const std::wstring& name) {
+    return GetFileAttributesW(name.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-void TemporaryFile::Replace(const std::wstring& other) const {
-    const std::wstring target = Openable(FullName(other));
-    // An existing file passes its rights and attributes on to the new one. It is kept until all is
+/// Whether the folder that a file is to be in does not exist.
+bool LacksFolder(const std::wstring& fullName) {
+    const bool isDevice = fullName.compare(0, 4, L"\\\\.\\") == 0;
+    return !isDevice && !IsFolder(fullName.substr(0, fullName.find_last_of(L'\\') + 1));
+}
+
+/// Creates a file that was not there.
+std::FILE* CreateNew(const std::wstring& name) {
+    int descriptor = -1;
+    if (_wsopen_s(&descriptor, name.c_str(), _O_CREAT | _O_EXCL | _O_WRONLY | _O_BINARY, _SH_DENYNO,
+                  _S_IREAD | _S_IWRITE) != 0)
+        return nullptr;
+    std::FILE* const file = _wfdopen(descriptor, L"wb");
+    if (!file) _close(descriptor);
+    return file;
+}
+
+}  // namespace
+
+ReplacementFile::ReplacementFile(const std::wstring& other) : label(other) {
+    if (IsFolder(other)) throw Failure{other + L": is a folder"};
+    const std::wstring full = FullName(other);
+    if (LacksFolder(full)) throw Failure{other + L": its folder does not exist"};
+    name = Openable(full + L".jsontool-" + std::to_wstring(GetCurrentProcessId()));
+    file.reset(CreateNew(name));
+    if (!file) throw Failure{other + kUnwritable};
+}
+
+ReplacementFile::~ReplacementFile() {
+    file.reset();
+    if (!name.empty() && !isInPlace) DeleteFileW(name.c_str());
+}
+
+void ReplacementFile::Close() {
+    const bool whole = std::fflush(file.get()) == 0 && !std::ferror(file.get());
+    if (std::fclose(file.release()) != 0 || !whole) throw Failure{label + kUnwritable};
+}
+
+void ReplacementFile::Replace() {
+    Close();
+    const std::wstring target = Openable(FullName(label));
+    if (Exists(target))
+        ReplaceExisting(target);
+    else if (!MoveFileExW(name.c_str(), target.c_str(), 0))
+        throw Failure{label + kUnwritable};
+    isInPlace = true;
+}
+
+void ReplacementFile::ReplaceExisting(const std::wstring& target) const {
+    // The existing file passes its rights and attributes on to the new one. It is kept until all is
     // done, because Windows can fail between removing the one and putting the other in its place.
     const std::wstring old = name + L".old";
-    if (!ReplaceFileW(target.c_str(), name.c_str(), old.c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS,
-                      nullptr, nullptr) &&
-        !MoveFileExW(name.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING))
-        throw Failure{other + L": the file cannot be written"};
-    DeleteFileW(old.c_str());
+    if (ReplaceFileW(target.c_str(), name.c_str(), old.c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS,
+                     nullptr, nullptr)) {
+        if (!DeleteFileW(old.c_str()) && Exists(old))
+            throw Failure{label + L": written, but what it held before cannot be removed from " +
+                          old};
+        return;
+    }
+    if (!Exists(target) && Exists(old) && !MoveFileExW(old.c_str(), target.c_str(), 0))
+        throw Failure{label + L": the file cannot be written; what it held is in " + old};
+    if (!MoveFileExW(name.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING))
+        throw Failure{label + kUnwritable};
 }
 
 }  // namespace tool

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdio>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,12 +12,21 @@ namespace tool {
 /// default.
 std::wstring Openable(const std::wstring& name);
 
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using OpenFile = std::unique_ptr<std::FILE, FileCloser>;
+
 /// The rest of a file, from the current position; nothing when it cannot be read.
 std::optional<std::string> ReadAll(std::FILE* file);
 /// The bytes of a file; nothing when it cannot be read.
 std::optional<std::string> ReadBytes(const std::wstring& name);
 
 bool IsFolder(const std::wstring& name);
+
+constexpr wchar_t kUnreadable[] = L"the file cannot be read";
+/// Why a file cannot be opened, in words; nothing where it can.
+std::optional<std::wstring> WhyUnreadable(const std::wstring& name);
 
 /// What a search finds.
 struct FoundFiles {
@@ -28,26 +38,29 @@ struct FoundFiles {
 /// names, those of a folder before those of the folders in it.
 FoundFiles FilesBelow(const std::wstring& folder, const std::wstring& pattern);
 
-/// The name of a temporary file, which Fill or other code creates. The file is removed at the end
-/// of this object's life.
-class TemporaryFile {
+/// A new file that takes the place of another, or that of none, only when all of it was written.
+/// Otherwise it is removed at the end of this object's life, and the other stays as it was.
+class ReplacementFile {
 public:
-    /// In the folder for temporary files.
-    TemporaryFile();
-    /// Beside another file, so that it can take its place.
-    explicit TemporaryFile(const std::wstring& neighbour);
-    ~TemporaryFile();
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    /// Creates the file beside the other. Throws Failure where that is impossible, or the other is
+    /// a folder.
+    explicit ReplacementFile(const std::wstring& other);
+    ~ReplacementFile();
+    ReplacementFile(const ReplacementFile&) = delete;
+    ReplacementFile& operator=(const ReplacementFile&) = delete;
 
-    const std::wstring& Name() const { return name; }
-    /// Creates the file with these bytes. Returns whether all could be written.
-    bool Fill(const std::string& bytes) const;
-    /// Replaces another file with this one, or throws Failure.
-    void Replace(const std::wstring& other) const;
+    std::FILE* Stream() const { return file.get(); }
+    /// Puts it in the place of the other, or throws Failure.
+    void Replace();
 
 private:
+    void Close();
+    void ReplaceExisting(const std::wstring& target) const;
+
+    std::wstring label;  ///< the other, as its user names it
     std::wstring name;
+    OpenFile file;
+    bool isInPlace = false;
 };
 
 }  // namespace tool

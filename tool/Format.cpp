@@ -3,21 +3,21 @@
 #include <memory>
 
 #include "Command.h"
-#include "Input.h"
 #include "Output.h"
 
 namespace tool {
 namespace {
 
 struct Options {
-    std::string file, out = "-";
-    bool indented = false;
+    InputOptions input;
+    std::string out = "-";
+    TextForm form;
 };
 
 int Run(const Options& options) {
-    TextForm form;
-    form.indented = options.indented;
-    Write(Input(options.file).Generate(), options.out, form);
+    Output output(options.out, options.form);
+    output.Write([&](Events& writer) { options.input.Read(writer); });
+    output.Finish();
     return kGood;
 }
 
@@ -26,10 +26,10 @@ int Run(const Options& options) {
 Command Format(CLI::App& program) {
     const auto options = std::make_shared<Options>();
     CLI::App* const line =
-        program.add_subcommand("format", "Writes a document in UTF-8, compact or indented");
-    AddInput(*line, options->file);
+        AddCommand(program, "format", "[FILE]", "Writes a document in UTF-8, compact or indented");
+    AddInput(*line, options->input);
     AddOutput(*line, options->out);
-    line->add_flag("--indent", options->indented, "Indent by four spaces a level");
+    AddForm(*line, options->form);
     return {line, [options] { return Run(*options); }};
 }
 

@@ -5,40 +5,67 @@
 #include "Command.h"
 #include "Failure.h"
 #include "Input.h"
-#include "JsonText.h"
 #include "Output.h"
+#include "PathSplit.h"
 #include "Text.h"
 
 namespace tool {
-
-using namespace QXJSON::hosting;
-
 namespace {
 
 struct Options {
-    std::string file, path;
+    InputOptions input;
+    PathOptions path;
     bool json = false;
 };
 
-int Run(const Options& options) {
-    const Input input(options.file);
-    const Parser parser = input.Parse();
-    const std::wstring path = FromUtf8(options.path);
-    const auto item = parser.At(path);
-    if (!item) throw Failure{input.Label() + L": there is nothing at " + path};
-    const std::wstring root = JsonOf(parser.Root().Get());
-    const std::wstring_view json = ValueAt(root, ItemPath(path)).value();
-    if (!HasWholePairs(json))
-        throw Failure{path +
-                      L" holds a surrogate without its other half, which UTF-8 cannot represent"};
-    if (options.json || item->Kind() != ValueKind::kString) {
-        Print(std::wstring(json) + L"\n");
-        return kGood;
+/// Writes a value for people: a string without quotation marks.
+class PlainWriter : public Events {
+public:
+    PlainWriter(ByteSink& whereTo, const std::string& nameOfValue)
+        : sink(whereTo), name(nameOfValue), json(NewWriter(whereTo, TextForm())) {}
+
+    void Scalar(ValueKind kind, std::string_view text) override {
+        if (isInside || kind != ValueKind::kString)
+            json->Scalar(kind, text);
+        else
+            String(text);
     }
-    const auto text = item->As<std::wstring_view>().Get();
-    if (Quoted(text) != json)
-        throw Failure{path + L" holds a U+0000, which ends the text; --json prints it whole"};
-    Print(std::wstring(text) + L"\n");
+    void Key(std::string_view key) override { json->Key(key); }
+    void Start(ValueKind kind) override {
+        isInside = true;
+        json->Start(kind);
+    }
+    void End(ValueKind kind) override { json->End(kind); }
+
+private:
+    void String(std::string_view text) {
+        if (FindLoneSurrogate(text) != text.npos)
+            throw Failure{FromUtf8(name) +
+                          L" holds half of a surrogate pair, which UTF-8 cannot "
+                          L"represent; --json writes it as an escape"};
+        sink.Put(text);
+    }
+
+    ByteSink& sink;
+    const std::string& name;
+    const std::unique_ptr<Events> json;
+    bool isInside = false;
+};
+
+int Run(const Options& options) {
+    const ItemPath path = options.path.Parsed();
+    ByteSink sink;
+    NoEvents rest;
+    const std::unique_ptr<Events> writer =
+        options.json ? NewWriter(sink, TextForm())
+                     : std::make_unique<PlainWriter>(sink, options.path.path);
+    PathSplit split(path, *writer, rest);
+    const Input input(options.input.file);
+    input.Read(split, options.input.ansi);
+    if (!split.Found())
+        throw Failure{input.Label() + L": there is nothing at " + FromUtf8(path.text)};
+    sink.Put('\n');
+    sink.PassOn(stdout);
     return kGood;
 }
 
@@ -46,13 +73,12 @@ int Run(const Options& options) {
 
 Command Get(CLI::App& program) {
     const auto options = std::make_shared<Options>();
-    CLI::App* const line = program.add_subcommand(
-        "get", "Prints a value: the characters of a string, the JSON of anything else");
-    AddInput(*line, options->file);
-    line->add_option("PATH", options->path, "The item path of the value")->required();
+    CLI::App* const line =
+        AddCommand(program, "get", "[FILE] PATH",
+                   "Prints a value: the characters of a string, the JSON of anything else");
+    AddInput(*line, options->input, {{"PATH", options->path.path, "The path of the value"}});
     line->add_flag("--json", options->json, "Print strings as JSON too");
-    line->footer(std::string(kItemPaths) +
-                 "\nThe exit code is 1 when there is nothing at the path.");
+    AddPathSyntax(*line, options->path, "The exit code is 1 when there is nothing at the path.");
     return {line, [options] { return Run(*options); }};
 }
 

@@ -1,11 +1,15 @@
 #include "Input.h"
 
+#include <io.h>
+
 #include <cstdio>
 #include <utility>
 
 #include "Failure.h"
 #include "Files.h"
+#include "Findings.h"
 #include "Position.h"
+#include "Progress.h"
 #include "Text.h"
 
 namespace tool {
@@ -20,34 +24,96 @@ std::string ReadStandardInput() {
     return std::move(*bytes);
 }
 
-/// What an offset means, or why it is 0.
-std::wstring Remark(const LoadFailure& failure, const std::string& bytes) {
-    // The messages of the other failures without an offset say everything.
-    if (failure.offset == 0 && failure.message == L"Invalid value.")
-        return L" (the root must be an object or an array)";
-    if (const auto position = PositionBefore(failure.offset, bytes))
-        return L" (line " + std::to_wstring(position->line) + L", column " +
-               std::to_wstring(position->column) + L")";
-    if (!IsUtf8(bytes))
-        return L" (not UTF-8: the offset counts characters of the ANSI code page if the failure "
-               L"comes after the first byte that is not UTF-8)";
-    return L"";
+std::wstring InWords(const Position& position) {
+    return L"(line " + std::to_wstring(position.line) + L", column " +
+           std::to_wstring(position.column) + L")";
 }
 
 }  // namespace
 
 Input::Input(const std::string& argument) : name(FromUtf8(argument)) {
-    if (argument == "-") standardInput = ReadStandardInput();
+    if (argument == "-") memory = ReadStandardInput();
 }
 
-std::wstring Input::Label() const { return standardInput ? L"(standard input)" : name; }
+std::wstring Input::Label() const { return memory ? L"(standard input)" : name; }
+
+void Input::Open(const std::function<void(ByteStream&)>& use) const {
+    if (memory) {
+        ByteStream bytes(*memory);
+        use(bytes);
+        return;
+    }
+    const OpenFile file(_wfopen(Openable(name).c_str(), L"rb"));
+    if (!file) throw Failure{Label() + L": " + WhyUnreadable(name).value_or(kUnreadable)};
+    const __int64 size = _filelengthi64(_fileno(file.get()));
+    ProgressOf(Label(), size > 0 ? static_cast<uint64_t>(size) : 0);
+    ByteStream bytes(file.get());
+    use(bytes);
+    if (bytes.Failed()) throw Failure{Label() + L": " + kUnreadable};
+}
+
+ReadingResult Input::Scan(Events& events) const {
+    ReadingResult result = {};
+    Open([&](ByteStream& bytes) { result = ReadJson(bytes, events); });
+    return result;
+}
+
+std::wstring Input::AnsiText() const {
+    const auto bytes = memory ? memory : ReadBytes(name);
+    const auto text = bytes ? FromAnsi(*bytes) : std::nullopt;
+    if (!text) throw Failure{Label() + L": too large to be read in the ANSI code page"};
+    return *text;
+}
+
+void Input::Read(Events& events, bool fromAnsi) const {
+    NoEvents ignored;
+    const bool isAnsi = fromAnsi && Scan(ignored).isNotUtf8;
+    const ReadingResult result = isAnsi ? ReadJson(AnsiText(), events) : Scan(events);
+    if (result.good && result.isContainer) return;
+    if (result.isNotUtf8)
+        throw Failure{Label() + L":" + std::to_wstring(result.place + 1) + L": not UTF-8 " +
+                      PositionInBytes(result.place + 1) +
+                      L"; --ansi reads it in the ANSI code page"};
+    const Parser parser = NewParser();
+    throw Failure{LoadInto(parser).value_or(Label() + L": " + kUnreadable)};
+}
+
+bool Input::HoldsScalar() const {
+    NoEvents ignored;
+    const ReadingResult result = Scan(ignored);
+    return result.good && !result.isContainer;
+}
+
+std::vector<Oddity> Input::Oddities() const {
+    std::vector<Oddity> oddities;
+    Findings findings;
+    const ReadingResult result = Scan(findings);
+    std::optional<std::wstring> text;
+    if (result.isNotUtf8) {
+        text = AnsiText();
+        Findings others;
+        ReadJson(*text, others);
+        findings.notFinite.reset();
+        findings.repeatedName = others.repeatedName;
+        oddities.push_back({result.place + 1, L"not UTF-8, read in the ANSI code page " +
+                                                  PositionInBytes(result.place + 1)});
+    }
+    const auto add = [&](std::optional<uint64_t> place, const wchar_t* what) {
+        if (place)
+            oddities.push_back({*place, what + (text ? InWords(PositionBefore(*place, *text))
+                                                     : PositionInBytes(*place))});
+    };
+    add(findings.notFinite, L"NaN or an infinity ");
+    add(findings.repeatedName, L"a name that is repeated in its object ");
+    if (result.good && !result.isWhole) add(result.place + 1, L"text after a U+0000 is not read ");
+    return oddities;
+}
 
 std::optional<std::wstring> Input::LoadInto(const Parser& parser) const {
-    if (standardInput && standardInput->size() > UINT32_MAX)
+    if (memory && memory->size() > UINT32_MAX)
         return Label() + L": 4 GiB at most; a file can be larger";
-    const Result<void> loaded = standardInput
-                                    ? parser.LoadBytes(standardInput->data(), standardInput->size())
-                                    : parser.LoadFile(Openable(name));
+    const Result<void> loaded =
+        memory ? parser.LoadBytes(memory->data(), memory->size()) : parser.LoadFile(Openable(name));
     if (loaded) return std::nullopt;
     return Diagnosis(parser, loaded.Code());
 }
@@ -55,29 +121,30 @@ std::optional<std::wstring> Input::LoadInto(const Parser& parser) const {
 std::wstring Input::Diagnosis(const Parser& parser, int result) const {
     if (result == QXJSON::kEscapedFailure)
         return Label() + L": nested too deeply, or too large for the memory";
+    if (!memory)
+        if (const auto why = WhyUnreadable(name)) return Label() + L": " + *why;
     const LoadFailure failure = parser.Failure();
-    std::wstring text = Label() + L":" + std::to_wstring(failure.offset) + L": ";
-    text += failure.message;
-    const std::optional<std::string> bytes = standardInput ? standardInput : ReadBytes(name);
-    return bytes ? text + Remark(failure, *bytes) : text;
+    return Label() + L":" + std::to_wstring(failure.offset) + L": " +
+           std::wstring(failure.message) + Remark(failure.offset);
 }
 
-Parser Input::Parse() const {
-    Parser parser = NewParser();
-    if (const auto wrong = LoadInto(parser)) throw Failure{*wrong};
-    return parser;
+std::wstring Input::Remark(uint64_t offset) const {
+    NoEvents ignored;
+    const ReadingResult result = Scan(ignored);
+    if (result.good) return result.isContainer ? L"" : L" (the root must be an object or an array)";
+    if (offset == 0) return L"";
+    // After a byte that is not UTF-8 the library has started again in the ANSI code page, where it
+    // counts the characters before the one that does not fit.
+    if (result.isNotUtf8)
+        return L" " + InWords(PositionBefore(offset + 1, AnsiText())) +
+               L", read in the ANSI code page";
+    return L" " + PositionInBytes(offset);
 }
 
-Generator Input::Generate() const {
-    Generator generator = NewGenerator();
-    std::optional<TemporaryFile> file;  // because generators load no bytes
-    if (standardInput && !file.emplace().Fill(*standardInput))
-        throw Failure{file->Name() + L": a temporary file cannot be written"};
-    const auto loaded = generator.LoadFile(file ? file->Name() : Openable(name));
-    if (loaded) return generator;
-    // A generator does not report what is wrong, a parser does.
-    Parse();
-    throw Failure{Label() + L": " + FromUtf8(Describe(loaded.Code()))};
+std::wstring Input::PositionInBytes(uint64_t offset) const {
+    Position position = {};
+    Open([&](ByteStream& bytes) { position = PositionBefore(offset, bytes); });
+    return InWords(position);
 }
 
 }  // namespace tool

@@ -1,11 +1,23 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "ByteStream.h"
+#include "Events.h"
 #include "Library.h"
+#include "Reading.h"
 
 namespace tool {
+
+/// Something in a text that the library reads although it is not JSON.
+struct Oddity {
+    uint64_t offset;    ///< how much was read, up to and including the character in question
+    std::wstring what;  ///< in words, with the line and column
+};
 
 /// A FILE of the command line: a file, or the standard input, which is named "-" and read once.
 class Input {
@@ -16,18 +28,34 @@ public:
 
     /// Its name in messages.
     std::wstring Label() const;
-    /// Loads it. Returns what is wrong, in one line, or nothing.
+
+    /// Has the library load it. Returns what is wrong, in one line, or nothing.
     std::optional<std::wstring> LoadInto(const QXJSON::hosting::Parser& parser) const;
 
-    // The document in it; Failure is thrown where there is none.
-    QXJSON::hosting::Parser Parse() const;
-    QXJSON::hosting::Generator Generate() const;
+    /// Whether it holds a value that is neither an object nor an array, which is JSON, though the
+    /// library refuses it.
+    bool HoldsScalar() const;
+    /// The first of each kind, in a text that is otherwise good.
+    std::vector<Oddity> Oddities() const;
+
+    /// Reads the document in it. Failure is thrown where there is none that the library would load,
+    /// and for text in the ANSI code page, which is read only if it is asked for.
+    void Read(Events& events, bool fromAnsi) const;
 
 private:
+    /// Gives its bytes, as a stream, to a function. Throws Failure where they cannot be read.
+    void Open(const std::function<void(ByteStream&)>& use) const;
+    ReadingResult Scan(Events& events) const;
+    /// What it is in the ANSI code page.
+    std::wstring AnsiText() const;
+
+    // What is wrong, in words.
     std::wstring Diagnosis(const QXJSON::hosting::Parser& parser, int result) const;
+    std::wstring Remark(uint64_t offset) const;
+    std::wstring PositionInBytes(uint64_t offset) const;
 
     std::wstring name;
-    std::optional<std::string> standardInput;
+    std::optional<std::string> memory;  ///< what it consists of, if it is not a file
 };
 
 }  // namespace tool

@@ -2,47 +2,31 @@
 
 #include <algorithm>
 #include <memory>
-#include <vector>
 
 #include "Command.h"
 #include "Failure.h"
 #include "Input.h"
-#include "JsonText.h"
+#include "Kinds.h"
 #include "Output.h"
+#include "PathSplit.h"
 #include "Text.h"
+#include "Tree.h"
 
 namespace tool {
-
-using namespace QXJSON::hosting;
-
 namespace {
 
 struct Options {
-    std::string file, path = "/";
+    InputOptions input;
+    PathOptions path;
     unsigned depth = 100;
     unsigned width = 60;
 };
 
-const wchar_t* NameOf(ValueKind kind) {
-    switch (kind) {
-        case ValueKind::kString:
-            return L"string";
-        case ValueKind::kNumber:
-            return L"number";
-        case ValueKind::kBoolean:
-            return L"boolean";
-        case ValueKind::kNull:
-            return L"null";
-        case ValueKind::kObject:
-            return L"object";
-        default:
-            return L"array";
-    }
+std::string Counted(size_t count, const char* one, const char* many) {
+    return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
-std::wstring Counted(size_t count, const wchar_t* one, const wchar_t* many) {
-    return std::to_wstring(count) + L" " + (count == 1 ? one : many);
-}
+std::string WithoutQuotes(const std::string& json) { return json.substr(1, json.size() - 2); }
 
 /// Whether a character moves the cursor, or changes the direction of the text around it.
 bool MovesText(wchar_t c) {
@@ -52,60 +36,65 @@ bool MovesText(wchar_t c) {
 
 class Outline {
 public:
-    explicit Outline(const Options& how) : options(how) {}
+    Outline(const Tree& document, const Options& how) : tree(document), options(how) {}
 
-    void Show(const std::wstring& name, std::wstring_view json, unsigned level) {
-        const ValueKind kind = KindOf(json);
-        const std::vector<Part> parts = PartsOf(json);
-        Print(std::wstring(2 * size_t{level}, L' ') + name + L"  " + NameOf(kind) +
-              Detail(kind, json, parts.size()) + L"\n");
+    void Show(const std::string& name, size_t value, unsigned level) {
+        Print(std::string(2 * size_t{level}, ' ') + name + "  " + NameOf(tree.KindOf(value)) +
+              Detail(value) + "\n");
         if (level == options.depth) return;
         size_t position = 0;
-        for (const Part& part : parts) {
+        for (const Tree::Child& child : tree.ChildrenOf(value)) {
             ++position;
-            Show(kind == ValueKind::kObject ? OnOneLine(part.key.substr(1, part.key.size() - 2))
-                                            : L"[" + std::to_wstring(position) + L"]",
-                 part.value, level + 1);
+            Show(tree.KindOf(value) == ValueKind::kObject
+                     ? OnOneLine(WithoutQuotes(JsonOf(child.key)))
+                     : "[" + std::to_string(position) + "]",
+                 child.value, level + 1);
         }
     }
 
 private:
     /// What the outline shows of a value besides its kind.
-    std::wstring Detail(ValueKind kind, std::wstring_view json, size_t count) const {
-        switch (kind) {
+    std::string Detail(size_t value) const {
+        switch (tree.KindOf(value)) {
             case ValueKind::kObject:
-                return L", " + Counted(count, L"member", L"members");
+                return ", " + Counted(tree.CountOf(value), "member", "members");
             case ValueKind::kArray:
-                return L", " + Counted(count, L"element", L"elements");
+                return ", " + Counted(tree.CountOf(value), "element", "elements");
             case ValueKind::kNull:
-                return L"";
+                return "";
+            case ValueKind::kString:
+                return "  " + OnOneLine(JsonOf(tree.TextOf(value)));
             default:
-                return L"  " + OnOneLine(json);
+                return "  " + OnOneLine(tree.TextOf(value));
         }
     }
 
     /// A text on one line, cut if it is too long.
-    std::wstring OnOneLine(std::wstring_view whole) const {
-        std::wstring text(whole);
+    std::string OnOneLine(std::string_view whole) const {
+        std::wstring text = FromUtf8(whole);
         if (text.size() > options.width) {
             size_t length = options.width;
             if (IS_HIGH_SURROGATE(text[length - 1])) --length;
             text = text.substr(0, length) + L"...";
         }
         std::replace_if(text.begin(), text.end(), MovesText, L' ');
-        return text;
+        return ToUtf8(text);
     }
 
+    const Tree& tree;
     const Options& options;
 };
 
 int Run(const Options& options) {
-    const Input input(options.file);
-    const Parser parser = input.Parse();
-    const std::wstring path = FromUtf8(options.path);
-    if (!parser.At(path)) throw Failure{input.Label() + L": there is nothing at " + path};
-    const std::wstring root = JsonOf(parser.Root().Get());
-    Outline(options).Show(path, ValueAt(root, ItemPath(path)).value(), 0);
+    const ItemPath path = options.path.Parsed();
+    Tree tree;
+    NoEvents rest;
+    PathSplit split(path, tree, rest);
+    const Input input(options.input.file);
+    input.Read(split, options.input.ansi);
+    if (!split.Found())
+        throw Failure{input.Label() + L": there is nothing at " + FromUtf8(path.text)};
+    Outline(tree, options).Show(path.text, Tree::kRoot, 0);
     return kGood;
 }
 
@@ -113,17 +102,18 @@ int Run(const Options& options) {
 
 Command Inspect(CLI::App& program) {
     const auto options = std::make_shared<Options>();
-    CLI::App* const line = program.add_subcommand("inspect", "Shows a document as an outline");
-    AddInput(*line, options->file);
-    line->add_option("PATH", options->path, "The item path of the value to start with")
-        ->capture_default_str();
-    line->add_option("--depth", options->depth, "How many levels to show below that value")
-        ->check(CLI::Range(0u, 1000u))
-        ->capture_default_str();
-    line->add_option("--width", options->width, "How many characters of names and values to show")
-        ->check(CLI::Range(1u, 1000000u))
-        ->capture_default_str();
-    line->footer(kItemPaths);
+    CLI::App* const line =
+        AddCommand(program, "inspect", "[FILE [PATH]]", "Shows a document as an outline");
+    AddInput(*line, options->input);
+    line->add_option("PATH", options->path.path, "The path of the value to start with");
+    line->add_option("--depth", options->depth, "How many levels to show below that value (100)")
+        ->check(CLI::Range(0u, 1000u).description(""))
+        ->type_name("N");
+    line->add_option("--width", options->width,
+                     "How many characters of names and values to show (60)")
+        ->check(CLI::Range(1u, 1000000u).description(""))
+        ->type_name("N");
+    AddPathSyntax(*line, options->path);
     return {line, [options] { return Run(*options); }};
 }
 

@@ -2,26 +2,36 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tool {
 
-/// An item path, split into its segments.
-struct ItemPath {
-    /// Throws Failure for a path that does not begin with a slash.
-    explicit ItemPath(const std::wstring& path);
+/// The ways to write a path: as the library's item paths, or as JSON Pointers (RFC 6901), which
+/// count from 0.
+enum class PathSyntax { kItemPath, kPointer };
 
-    std::vector<std::wstring> segments;  ///< as written in the path; none for the root
-
-    /// The path as a text.
-    std::wstring Text() const;
+/// A step of a path: the member of an object, or the element of an array.
+struct Segment {
+    std::string key;    ///< in UTF-8
+    uint64_t position;  ///< from 1; 0 where the segment names no element
+    bool isEnd;         ///< it names the position after the last element
 };
 
-/// The key that a segment stands for in an object. Throws Failure for a tilde that is not part of
-/// an escape.
-std::wstring UnescapedKey(const std::wstring& segment);
+/// A path, split into its segments.
+struct ItemPath {
+    /// Throws Failure for a path that is malformed.
+    ItemPath(const std::string& path, PathSyntax syntax);
 
-/// The position that a segment stands for in an array, from 1; 0 where it stands for none.
-uint32_t PositionOf(const std::wstring& segment);
+    /// The path without its last segment, in its own syntax; empty for the root.
+    std::string Parent() const;
+
+    std::string text;               ///< as it was written
+    std::vector<Segment> segments;  ///< none for the root
+};
+
+/// The way to write the path of a member or element of the value at another path. Root is "".
+std::string PathOfMember(const std::string& parent, std::string_view key, PathSyntax syntax);
+std::string PathOfElement(const std::string& parent, uint64_t position, PathSyntax syntax);
 
 }  // namespace tool

@@ -1,75 +1,83 @@
 // jsontool merge: several objects combined into one.
 
+#include <deque>
 #include <memory>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 #include "Command.h"
 #include "Failure.h"
 #include "Input.h"
-#include "JsonText.h"
 #include "Output.h"
+#include "Tree.h"
 
 namespace tool {
-
-using namespace QXJSON::hosting;
-
 namespace {
 
 struct Options {
     std::vector<std::string> files;
     std::string out = "-";
     bool ignoreCase = false;
+    bool ansi = false;
+    TextForm form;
 };
 
-/// A key with its ASCII letters in lower case, by which it is compared. Folding the letters of JSON
-/// escapes does no harm: no escape has another meaning in the other case.
-std::wstring Folded(std::wstring_view key) {
-    std::wstring folded(key);
-    for (wchar_t& c : folded)
-        if (c >= L'A' && c <= L'Z') c = static_cast<wchar_t>(c - L'A' + L'a');
+/// A key with its ASCII letters in lower case, by which it is compared.
+std::string Folded(std::string_view key) {
+    std::string folded(key);
+    for (char& c : folded)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     return folded;
 }
 
-/// The members of several objects, as JSON. A member that is replaced keeps its place.
+/// The members of several objects. A member that is replaced keeps its place and its key.
 class Members {
 public:
     explicit Members(bool casesAreIgnored) : ignoreCase(casesAreIgnored) {}
 
     /// Adds the members of an object; they replace earlier ones of the same key.
-    void Add(const Input& input) {
-        const Parser parser = input.Parse();
-        const Item root = parser.Root().Get();
-        if (root.Kind() != ValueKind::kObject)
+    void Add(const Input& input, bool ansi) {
+        Tree& object = objects.emplace_back();
+        input.Read(object, ansi);
+        if (object.KindOf(Tree::kRoot) != ValueKind::kObject)
             throw Failure{input.Label() + L": the root must be an object"};
-        const std::wstring json = JsonOf(root);
-        for (const Part& part : PartsOf(json)) {
-            const std::wstring key = ignoreCase ? Folded(part.key) : std::wstring(part.key);
+        for (const Tree::Child& child : object.ChildrenOf(Tree::kRoot)) {
+            const std::string key = ignoreCase ? Folded(child.key) : std::string(child.key);
             const auto [place, isNew] = places.try_emplace(key, members.size());
-            if (isNew) members.emplace_back(part.key, L"");
-            members[place->second].second = part.value;
+            if (isNew) members.push_back({child.key, nullptr, 0});
+            members[place->second].object = &object;
+            members[place->second].value = child.value;
         }
     }
 
-    /// The object of all members.
-    std::wstring Json() const {
-        std::wstring json = L"{";
-        for (const auto& [key, value] : members)
-            json.append(json.size() > 1 ? L"," : L"").append(key).append(L":").append(value);
-        return json + L"}";
+    void Play(Events& events) const {
+        events.Start(ValueKind::kObject);
+        for (const Member& member : members) {
+            events.Key(member.key);
+            member.object->Play(member.value, events);
+        }
+        events.End(ValueKind::kObject);
     }
 
 private:
+    struct Member {
+        std::string_view key;
+        const Tree* object;
+        size_t value;
+    };
+
     bool ignoreCase;
-    std::vector<std::pair<std::wstring, std::wstring>> members;  ///< keys and values
-    std::unordered_map<std::wstring, size_t> places;
+    std::deque<Tree> objects;
+    std::vector<Member> members;
+    std::unordered_map<std::string, size_t> places;
 };
 
 int Run(const Options& options) {
+    Output output(options.out, options.form);
     Members members(options.ignoreCase);
-    for (const std::string& file : options.files) members.Add(Input(file));
-    Write(members.Json(), options.out);
+    for (const std::string& file : options.files) members.Add(Input(file), options.ansi);
+    output.Write([&](Events& writer) { members.Play(writer); });
+    output.Finish();
     return kGood;
 }
 
@@ -77,14 +85,17 @@ int Run(const Options& options) {
 
 Command Merge(CLI::App& program) {
     const auto options = std::make_shared<Options>();
-    CLI::App* const line = program.add_subcommand(
-        "merge", "Combines objects into one: members of later files replace those of earlier ones");
+    CLI::App* const line = AddCommand(
+        program, "merge", "FILE FILE...",
+        "Combines objects into one: members of later files replace those of earlier ones");
     line->add_option("FILE", options->files, "Two or more JSON files whose roots are objects")
         ->required()
         ->expected(2, -1);
+    AddAnsi(*line, options->ansi);
     AddOutput(*line, options->out);
     line->add_flag("--ignore-case", options->ignoreCase,
                    "Treat keys that differ only in the case of ASCII letters as the same");
+    AddForm(*line, options->form);
     line->footer(
         "Only the members of the roots are merged: an object inside an object is replaced as a "
         "whole.\nA member that is replaced keeps its place and the spelling of its key.");

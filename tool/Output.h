@@ -1,30 +1,41 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
-#include "Library.h"
+#include "ByteSink.h"
+#include "Events.h"
+#include "Files.h"
+#include "JsonWriter.h"
 
 namespace tool {
 
 /// Writes a text to the standard output, in UTF-8.
+void Print(std::string_view text);
 void Print(std::wstring_view text);
 /// Flushes the standard output, or throws Failure.
 void Flush();
 
-/// How a document is written.
-struct TextForm {
-    QXJSON::hosting::Encoding encoding = QXJSON::hosting::Encoding::kUtf8;
-    bool indented = false;
-};
+/// An OUT of the command line: a file, or the standard output, which is named "-". A file is
+/// replaced only after everything has been written, and otherwise stays as it was; the standard
+/// output gets a document only when all of it is there. Failure is thrown where anything fails.
+class Output {
+public:
+    Output(const std::string& out, const TextForm& textForm);
 
-/// Writes a document to an OUT of the command line: a file, with the byte-order mark of its
-/// encoding, or the standard output, which is named "-", without one. A file is replaced only after
-/// everything has been written, and otherwise stays as it was. Throws Failure.
-void Write(const QXJSON::hosting::Generator& document, const std::string& out,
-           const TextForm& form);
-/// Writes the compact JSON of a document in the same way, in UTF-8: as it is, so that no number is
-/// read and written again.
-void Write(std::wstring_view json, const std::string& out);
+    /// Writes a document, whose events a function produces.
+    void Write(const std::function<void(Events&)>& produce);
+    /// All is written.
+    void Finish();
+
+private:
+    bool IsUtf16() const;
+
+    const TextForm form;
+    std::optional<ReplacementFile> file;
+    ByteSink sink;
+};
 
 }  // namespace tool

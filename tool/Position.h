@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
-#include <string_view>
+#include <string>
+
+#include "ByteStream.h"
 
 namespace tool {
 
@@ -12,10 +13,10 @@ struct Position {
     uint64_t column;  ///< in characters, not bytes
 };
 
-/// The place of the last character before an offset in bytes, in text of any encoding that the
-/// library reads: the library stops after the character that does not fit. Nothing where the offset
-/// may count something other than bytes: text that is not UTF-8 is read in the ANSI code page,
-/// where the library counts its characters.
-std::optional<Position> PositionBefore(uint64_t offset, std::string_view bytes);
+/// The place of the last character before an offset: the library stops after the character that
+/// does not fit. No more than that is read, in any encoding that the library detects.
+Position PositionBefore(uint64_t offset, ByteStream& bytes);
+/// The same in text from the ANSI code page, where the library counts characters.
+Position PositionBefore(uint64_t offset, const std::wstring& text);
 
 }  // namespace tool

@@ -1,81 +1,86 @@
 // jsontool set: a document with another value in one place.
 
 #include <memory>
-#include <vector>
 
 #include "Command.h"
 #include "Failure.h"
 #include "Input.h"
-#include "ItemPath.h"
-#include "JsonText.h"
 #include "Output.h"
+#include "PathSplit.h"
 #include "Text.h"
+#include "Tree.h"
 
 namespace tool {
-
-using namespace QXJSON::hosting;
-
 namespace {
 
 struct Options {
-    std::string file, path, value, out = "-";
+    InputOptions input;
+    PathOptions path;
+    std::string value, out = "-";
     bool isString = false;
+    TextForm form;
 };
 
-/// The JSON of the value on the command line.
-std::wstring ValueOf(const Options& options) {
-    const std::wstring text = FromUtf8(options.value);
-    if (options.isString) return Quoted(text);
-    const Parser parser = NewParser();
-    if (!parser.Load(L"[" + text + L"]")) {
-        std::wstring message = text + L": not JSON; --string treats it as a text: ";
-        throw Failure{message.append(parser.Failure().message)};
+/// The value on the command line.
+void ReadValue(const Options& options, Tree& value) {
+    if (options.isString) {
+        value.Scalar(ValueKind::kString, options.value);
+        return;
     }
-    const std::wstring array = JsonOf(parser.Root().Get());
-    const std::vector<Part> parts = PartsOf(array);
-    if (parts.size() != 1) throw Failure{text + L": not one value"};
-    return std::wstring(parts[0].value);
+    ByteStream bytes(options.value);
+    const ReadingResult result = ReadJson(bytes, value);
+    if (result.good && bytes.AtEnd()) return;
+    throw Failure{FromUtf8(options.value) + L": not JSON from character " +
+                  std::to_wstring(FromUtf8(options.value.substr(0, result.place)).size() + 1) +
+                  L" on; --string treats it as a text"};
 }
 
-bool IsContainer(std::wstring_view json) {
-    return KindOf(json) == ValueKind::kObject || KindOf(json) == ValueKind::kArray;
-}
+/// Passes a document on with another value at a path.
+class Setter : public PathSplit {
+public:
+    Setter(const ItemPath& whereTo, const Tree& newValue, Events& target)
+        : PathSplit(whereTo, old, target), path(whereTo), value(newValue), writer(target) {}
 
-/// What comes before a value that is new in its container.
-std::wstring Introduction(std::wstring_view container, const std::wstring& segment) {
-    const size_t count = PartsOf(container).size();
-    const std::wstring separator = count > 0 ? L"," : L"";
-    if (KindOf(container) == ValueKind::kObject)
-        return separator + Quoted(UnescapedKey(segment)) + L":";
-    if (PositionOf(segment) == count + 1) return separator;
-    throw Failure{segment + L": the array has the positions 1 to " + std::to_wstring(count) +
-                  L", and " + std::to_wstring(count + 1) + L" to append"};
-}
+    bool isSet = false;
 
-/// The JSON of a document with another value in one place.
-std::wstring WithValueAt(std::wstring_view json, ItemPath path, const std::wstring& value) {
-    if (path.segments.empty()) {
-        if (!IsContainer(value)) throw Failure{L"the root must be an object or an array"};
-        return value;
+protected:
+    void BeforeValue() override {
+        value.Play(Tree::kRoot, writer);
+        isSet = true;
     }
-    const std::wstring last = path.segments.back();
-    path.segments.pop_back();
-    const auto parent = ValueAt(json, path);
-    if (!parent) throw Failure{L"there is nothing at " + path.Text()};
-    if (!IsContainer(*parent)) throw Failure{path.Text() + L" is neither an object nor an array"};
+    void EndOfParent(ValueKind kind, uint64_t count) override {
+        const Segment& last = path.segments.back();
+        if (kind == ValueKind::kObject)
+            writer.Key(last.key);
+        else if (!last.isEnd && last.position != count + 1)
+            throw Failure{FromUtf8(path.text) + L": the array has " + std::to_wstring(count) +
+                          (count == 1 ? L" element" : L" elements")};
+        BeforeValue();
+    }
 
-    const auto before = Find(*parent, last);
-    const std::wstring added = before ? value : Introduction(*parent, last) + value;
-    const std::wstring_view place = before ? before->value : parent->substr(parent->size() - 1, 0);
-    const auto at = static_cast<size_t>(place.data() - json.data());
-    return std::wstring(json.substr(0, at)).append(added).append(json.substr(at + place.size()));
-}
+private:
+    NoEvents old;
+    const ItemPath& path;
+    const Tree& value;
+    Events& writer;
+};
 
 int Run(const Options& options) {
-    const std::wstring value = ValueOf(options);
-    const Parser document = Input(options.file).Parse();
-    const std::wstring json = JsonOf(document.Root().Get());
-    Write(WithValueAt(json, ItemPath(FromUtf8(options.path)), value), options.out);
+    Tree value;
+    ReadValue(options, value);
+    const ItemPath path = options.path.Parsed();
+    if (path.segments.empty() && !value.IsContainer(Tree::kRoot))
+        throw Failure{L"the root must be an object or an array"};
+    Output output(options.out, options.form);
+    output.Write([&](Events& writer) {
+        Setter setter(path, value, writer);
+        options.input.Read(setter);
+        if (setter.isSet) return;
+        const std::wstring parent = FromUtf8(path.Parent());
+        throw Failure{setter.FoundParent() ? parent + L" is neither an object nor an array"
+                                           : L"there is nothing at " + parent};
+    });
+    output.Finish();
     return kGood;
 }
 
@@ -83,18 +88,19 @@ int Run(const Options& options) {
 
 Command Set(CLI::App& program) {
     const auto options = std::make_shared<Options>();
-    CLI::App* const line =
-        program.add_subcommand("set", "Writes a document with another value in one place");
-    AddInput(*line, options->file);
-    line->add_option("PATH", options->path,
-                     "The item path of a member or element; the member may be new, and the "
-                     "position after the last element appends one")
-        ->required();
-    line->add_option("VALUE", options->value, "The value as JSON")->required();
+    CLI::App* const line = AddCommand(program, "set", "[FILE] PATH VALUE",
+                                      "Writes a document with another value in one place");
+    AddInput(*line, options->input,
+             {{"PATH", options->path.path,
+               "The path of a member or element; the member may be new, and the position after the "
+               "last element appends one"},
+              {"VALUE", options->value, "The value as JSON"}});
     AddOutput(*line, options->out);
     line->add_flag("--string", options->isString, "Treat VALUE as the characters of a string");
-    line->footer(std::string(kItemPaths) +
-                 "\nPut -- before a VALUE that begins with - and a letter.");
+    AddForm(*line, options->form);
+    AddPathSyntax(*line, options->path,
+                  "Put -- before a VALUE that begins with - and a letter.\n"
+                  "With --pointer, - is the position after the last element.");
     return {line, [options] { return Run(*options); }};
 }
 

@@ -3,15 +3,22 @@
 #include <windows.h>
 
 #include <climits>
+#include <cstdint>
+#include <cstdio>
 
 namespace tool {
+
 namespace {
 
-/// How many units the bytes convert to; 0 where they cannot be converted.
-int WideLength(std::string_view bytes, DWORD flags) {
-    if (bytes.empty() || bytes.size() > INT_MAX) return 0;
-    return MultiByteToWideChar(CP_UTF8, flags, bytes.data(), static_cast<int>(bytes.size()),
-                               nullptr, 0);
+/// Nothing where the bytes are too many for the system.
+std::optional<std::wstring> FromCodePage(UINT page, std::string_view bytes) {
+    if (bytes.empty()) return L"";
+    if (bytes.size() > INT_MAX) return std::nullopt;
+    const auto size = static_cast<int>(bytes.size());
+    const int length = MultiByteToWideChar(page, 0, bytes.data(), size, nullptr, 0);
+    std::wstring wide(static_cast<size_t>(length), 0);
+    MultiByteToWideChar(page, 0, bytes.data(), size, wide.data(), length);
+    return wide;
 }
 
 }  // namespace
@@ -34,28 +41,21 @@ std::string ToUtf8(std::wstring_view text) {
     return bytes;
 }
 
-std::wstring FromUtf8(std::string_view text) {
-    const int length = WideLength(text, 0);
-    std::wstring wide(static_cast<size_t>(length), 0);
-    if (length > 0)
-        MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), wide.data(),
-                            length);
-    return wide;
+std::wstring FromUtf8(std::string_view text) { return FromCodePage(CP_UTF8, text).value_or(L""); }
+
+std::optional<std::wstring> FromAnsi(std::string_view bytes) { return FromCodePage(CP_ACP, bytes); }
+
+size_t FindLoneSurrogate(std::string_view text) {
+    for (size_t at = 0; (at = text.find('\xED', at)) != text.npos; ++at)
+        if (at + 1 < text.size() && static_cast<uint8_t>(text[at + 1]) >= 0xA0) return at;
+    return text.npos;
 }
 
-bool IsUtf8(std::string_view bytes) {
-    return bytes.empty() || WideLength(bytes, MB_ERR_INVALID_CHARS) > 0;
-}
-
-bool HasWholePairs(std::wstring_view text) {
-    for (size_t at = 0; at < text.size(); ++at) {
-        if (!IS_HIGH_SURROGATE(text[at])) {
-            if (IS_LOW_SURROGATE(text[at])) return false;
-        } else if (++at == text.size() || !IS_LOW_SURROGATE(text[at])) {
-            return false;
-        }
-    }
-    return true;
+std::string LoneSurrogateEscape(std::string_view text) {
+    const unsigned code = 0xD000u | (text[1] & 0x3Fu) << 6 | (text[2] & 0x3Fu);
+    char escape[sizeof "\\uDC00"];
+    std::snprintf(escape, sizeof escape, "\\u%04X", code);
+    return escape;
 }
 
 }  // namespace tool

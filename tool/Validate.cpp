@@ -1,66 +1,40 @@
 // jsontool validate: whether files are JSON.
 
-#include <cstdio>
 #include <memory>
 #include <vector>
 
 #include "Command.h"
 #include "Files.h"
+#include "Findings.h"
 #include "Input.h"
 #include "Output.h"
+#include "Progress.h"
 #include "Text.h"
 
 namespace tool {
 
-using namespace QXJSON::hosting;
+using QXJSON::hosting::Parser;
 
 namespace {
 
 struct Options {
     std::vector<std::string> names;
     std::string pattern = "*.json";
+    bool strict = false;
 };
 
-/// A line on the console that shows the progress; nothing where there is no console.
-class Progress {
-public:
-    Progress() {
-        DWORD mode = 0;
-        shown = GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
-    }
-    ~Progress() { Clear(); }
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-
-    void Show(size_t files, size_t bad) {
-        const ULONGLONG now = GetTickCount64();
-        if (!shown || now - last < kPause) return;
-        last = now;
-        visible = true;
-        std::fprintf(stderr, "\r%zu files, %zu bad", files, bad);
-    }
-    /// Removes the line, so that something else can be printed.
-    void Clear() {
-        if (visible) std::fprintf(stderr, "\r%40s\r", "");
-        visible = false;
-    }
-
-private:
-    static constexpr ULONGLONG kPause = 100;  // milliseconds
-    bool shown = false;
-    bool visible = false;
-    ULONGLONG last = 0;
-};
+std::string Counted(size_t count, const char* one, const char* many) {
+    return std::to_string(count) + " " + (count == 1 ? one : many);
+}
 
 class Validation {
 public:
+    explicit Validation(bool strictly) : strict(strictly) {}
+
     void Check(const Input& input) {
         ++files;
-        if (const auto wrong = input.LoadInto(parser)) {
-            ++bad;
-            Tell(*wrong);
-        }
-        progress.Show(files, bad);
+        if (!IsGood(input)) ++bad;
+        ProgressOfFiles(files, bad);
     }
 
     /// Takes note of a folder whose files cannot be checked.
@@ -70,28 +44,43 @@ public:
     }
 
     int Conclude() {
-        progress.Clear();
-        Print(std::to_wstring(files) + (files == 1 ? L" file, " : L" files, ") +
-              std::to_wstring(bad) + L" bad" +
-              (missed > 0 ? L", " + std::to_wstring(missed) + L" not listed\n" : L"\n"));
+        ClearProgress();
+        Print(Counted(files, "file", "files") + ", " + std::to_string(bad) + " bad" +
+              (warnings > 0 ? ", " + Counted(warnings, "warning", "warnings") : "") +
+              (missed > 0 ? ", " + std::to_string(missed) + " not listed\n" : "\n"));
         return bad + missed > 0 ? kBad : kGood;
     }
 
 private:
+    bool IsGood(const Input& input) {
+        const auto wrong = input.LoadInto(parser);
+        if (wrong && !(strict && input.HoldsScalar())) {
+            Tell(*wrong);
+            return false;
+        }
+        const std::vector<Oddity> oddities = input.Oddities();
+        for (const Oddity& oddity : oddities) {
+            if (!strict) ++warnings;
+            Tell(input.Label() + L":" + std::to_wstring(oddity.offset) +
+                 (strict ? L": " : L": warning: ") + oddity.what);
+        }
+        return !strict || oddities.empty();
+    }
+
     void Tell(const std::wstring& finding) {
-        progress.Clear();
+        ClearProgress();
         Print(finding + L"\n");
         Flush();
     }
 
-    Parser parser = NewParser();
-    Progress progress;
-    size_t files = 0, bad = 0;
+    const bool strict;
+    const Parser parser = NewParser();
+    size_t files = 0, bad = 0, warnings = 0;
     size_t missed = 0;  ///< folders
 };
 
 int Run(const Options& options) {
-    Validation validation;
+    Validation validation(options.strict);
     for (const std::string& name : options.names) {
         const std::wstring wide = FromUtf8(name);
         if (IsFolder(wide)) {
@@ -109,24 +98,26 @@ int Run(const Options& options) {
 
 Command Validate(CLI::App& program) {
     const auto options = std::make_shared<Options>();
-    CLI::App* const line = program.add_subcommand(
-        "validate",
+    options->names = {"-"};
+    CLI::App* const line = AddCommand(
+        program, "validate", "[FILE_OR_FOLDER...]",
         "Reports which files are not JSON, and where; the exit code is 1 if there are any");
-    line->add_option(
-            "FILE_OR_FOLDER", options->names,
-            "JSON files; folders, which are searched with all folders below them; - for the "
-            "standard input")
-        ->required();
+    line->add_option("FILE_OR_FOLDER", options->names,
+                     "JSON files; folders, which are searched with all folders below them; without "
+                     "any, or for -, the standard input");
     line->add_option("--pattern", options->pattern,
-                     "Which files in folders to check: a name with * and ?")
-        ->capture_default_str();
+                     "Which files in folders to check: a name with * and ? (*.json)")
+        ->type_name("NAME");
+    line->add_flag("--strict", options->strict,
+                   "Accept what RFC 8259 calls JSON, and nothing else");
     line->footer(
         "A line for each failure: FILE:OFFSET: MESSAGE (line LINE, column COLUMN)\n"
         "The offset is where reading stopped, in bytes; the line and the column, in characters "
-        "from "
-        "1, are\nthose of the last character that was read. Text that is not UTF-8, UTF-16 or "
-        "UTF-32 "
-        "is read in the\nANSI code page; its offsets count characters.");
+        "from\n1, are those of the last character that was read. Text that is not UTF-8, UTF-16 or "
+        "UTF-32\nis read in the ANSI code page; its offsets count characters.\n"
+        "What the library reads although it is not JSON is a warning, and with --strict a failure: "
+        "NaN\nand infinities, names that are repeated in their object, text in the ANSI code page, "
+        "text after\na U+0000. The root must be an object or an array, but not with --strict.");
     return {line, [options] { return Run(*options); }};
 }
 

@@ -12,6 +12,7 @@
 #include "Failure.h"
 #include "Library.h"
 #include "Output.h"
+#include "Progress.h"
 #include "Text.h"
 
 // Arguments are taken as they are: MinGW's start-up code must not expand wildcards.
@@ -36,6 +37,7 @@ private:
 };
 
 void Complain(const std::string& message) {
+    ClearProgress();
     std::fprintf(stderr, "jsontool: %s\n", message.c_str());
 }
 
@@ -56,12 +58,19 @@ int RunProgram(std::vector<std::string> arguments) {
     program.allow_windows_style_options(false);  // item paths begin with a slash
     program.set_version_flag("--version", Version);
     program.require_subcommand(1);
+    program.get_formatter()->label("SUBCOMMAND", "COMMAND");
     const Command commands[] = {Inspect(program), Get(program), Validate(program), Format(program),
                                 Convert(program), Set(program), Merge(program)};
     // After the commands, which would otherwise inherit it.
     program.footer(
-        "Exit codes: 0 success, 1 the data is bad or does not exist, 2 the call is wrong.\n"
+        "Exit codes: 0 success, 1 the data is bad, does not exist or differs, 2 the call is "
+        "wrong.\n"
         "jsontool COMMAND --help explains a command.");
+    if (arguments.empty()) throw Misuse{L"a command is required (see --help)"};
+    const std::string& first = arguments.back();
+    const auto isNamedSo = [&](const CLI::App* command) { return command->check_name(first); };
+    if (first[0] != '-' && program.get_subcommands(isNamedSo).empty())
+        throw Misuse{FromUtf8(first) + L": no such command (see --help)"};
     try {
         program.parse(arguments);
     } catch (const CLI::ParseError& error) {
