@@ -9,8 +9,8 @@ namespace tool {
 
 using ValueKind = QXJSON::hosting::ValueKind;
 
-/// What a JSON text consists of, in its order. Whoever reads a text calls these; whoever writes one,
-/// or looks for something in it, implements them. A member is its Key and then its value.
+/// What a JSON text consists of, in its order. Whoever reads a text calls these; whoever writes
+/// one, or looks for something in it, implements them. A member is its Key and then its value.
 class Events {
 public:
     Events() = default;
@@ -19,7 +19,8 @@ public:
     Events& operator=(const Events&) = delete;
 
     /// A value that is no container: the characters of a string in UTF-8, where half of a surrogate
-    /// pair stands as if it were a character; the JSON of anything else, a number as it was written.
+    /// pair stands as if it were a character; the JSON of anything else, a number as it was
+    /// written.
     virtual void Scalar(ValueKind kind, std::string_view text) = 0;
     virtual void Key(std::string_view name) = 0;
     virtual void Start(ValueKind container) = 0;

@@ -14,7 +14,7 @@ struct TextForm {
     char indentWith = ' ';
     unsigned indent = 0;  ///< how many of them for each level; 0 for compact text
     bool sortKeys = false;
-    bool mark = false;    ///< begin with a byte-order mark; files in UTF-16 always do
+    bool mark = false;  ///< begin with a byte-order mark; files in UTF-16 always do
 };
 
 /// Writes a document: a number as it was written, half of a surrogate pair, which no encoding can

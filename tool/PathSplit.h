@@ -30,8 +30,8 @@ protected:
     virtual void KeyOfValue(std::string_view name) { rest.Key(name); }
     /// The value begins.
     virtual void BeforeValue() {}
-    /// The container that the path without its last segment leads to ends without the value; so many
-    /// elements were in it.
+    /// The container that the path without its last segment leads to ends without the value; so
+    /// many elements were in it.
     virtual void EndOfParent(ValueKind, uint64_t /*elements*/) {}
 
 private:
@@ -45,11 +45,11 @@ private:
     const ItemPath& path;
     Events& value;
     Events& rest;
-    size_t matched = 0;   ///< how many segments led to a value
-    size_t depth = 0;     ///< how many containers are open, outside the value
-    size_t inside = 0;    ///< how many are open inside it
+    size_t matched = 0;  ///< how many segments led to a value
+    size_t depth = 0;    ///< how many containers are open, outside the value
+    size_t inside = 0;   ///< how many are open inside it
     bool hasRoot = false;
-    bool over = false;    ///< nothing that comes can be the value
+    bool over = false;                       ///< nothing that comes can be the value
     ValueKind container = ValueKind::kNull;  ///< of the container that the matched segments lead to
     bool keyMatches = false;
     uint64_t elements = 0;

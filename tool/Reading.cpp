@@ -84,7 +84,8 @@ ReadingResult ReadJson(ByteStream& bytes, Events& events) {
     const Encoding encoding = EncodingOf(bytes);
     if (encoding.type == kUTF8) {
         for (unsigned i = 0; i < encoding.mark; ++i) bytes.Take();
-        ReadingResult result = Read<kParseNanAndInfFlag | kParseValidateEncodingFlag, UTF8<>>(bytes, events);
+        ReadingResult result =
+            Read<kParseNanAndInfFlag | kParseValidateEncodingFlag, UTF8<>>(bytes, events);
         result.isWhole = result.good && bytes.AtEnd();
         return result;
     }

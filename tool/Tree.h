@@ -9,8 +9,8 @@
 
 namespace tool {
 
-/// A document in memory, with its numbers as they were written: the record of its events. Its values
-/// are named by their indices.
+/// A document in memory, with its numbers as they were written: the record of its events. Its
+/// values are named by their indices.
 class Tree : public Events {
 public:
     void Scalar(ValueKind kind, std::string_view text) override;

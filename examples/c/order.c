@@ -48,9 +48,11 @@ static void Build(IJsonGenerator* generator, const wchar_t* fileName) {
     Check(make->GetItemPath(generator, (int32_t)lines, path) == JSON_SUCCESS, "no path");
     Print("path", path);
     /* The bytes belong to the generator. */
-    Check(make->GetJsonBytes(generator, &bytes, &size, JSON_ENCODING_UTF8) == JSON_SUCCESS, "no bytes");
+    Check(make->GetJsonBytes(generator, &bytes, &size, JSON_ENCODING_UTF8) == JSON_SUCCESS,
+          "no bytes");
     printf("built: %.*s\n", (int)size, (const char*)bytes);
-    Check(make->SaveToFile(generator, fileName, JSON_ENCODING_UTF8) == JSON_SUCCESS, "the order was not saved");
+    Check(make->SaveToFile(generator, fileName, JSON_ENCODING_UTF8) == JSON_SUCCESS,
+          "the order was not saved");
 }
 //! [build]
 
