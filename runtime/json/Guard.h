@@ -5,19 +5,26 @@
 
 namespace QXJSON {
 
-/// Returns what `work` returns, or kEscapedFailure when any exception or processor fault escapes
-/// it.
-template <class Work>
-int Guarded(Work&& work) noexcept {
-    int result = kEscapedFailure;
-    RunsWithoutFault([&] {
+/// `work` with its arguments, as a function of its own: -5 when a C++ exception escapes it.
+template <class Work, class... Arguments>
+struct UnlessException {
+    // What is to be done comes last: mostly it is empty, and the arguments stay in the registers
+    // in which they came.
+    JSON_SEALED static int Call(Arguments... arguments, Work work) {
         try {
-            result = work();
+            return work(arguments...);
         } catch (...) {
-            // Whatever it was: the result says so already.
+            return kEscapedFailure;
         }
-    });
-    return result;
+    }
+};
+
+/// Returns `work(arguments...)`, or kEscapedFailure when any exception or processor fault escapes
+/// it. The arguments are passed on as they are, mostly in registers, as are those of an operation.
+template <class Work, class... Arguments>
+int Guarded(Work work, Arguments... arguments) {
+    return UnlessFault<&UnlessException<Work, Arguments...>::Call>(int{kEscapedFailure},
+                                                                   arguments..., work);
 }
 
 }  // namespace QXJSON

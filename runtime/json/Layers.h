@@ -39,14 +39,18 @@ protected:
     FacadeLayer() : adapter(new (std::nothrow) Adapter) {}
     ~FacadeLayer() = default;
 
-    template <class Operation>
-    int Forward(Operation&& operation) {
-        return Guarded([&] { return operation(Required(adapter)); });
+    template <class Operation, class... Arguments>
+    int Forward(Operation operation, Arguments... arguments) {
+        return Guarded(
+            [operation](FacadeLayer* layer, Arguments... rest) {
+                return operation(Required(layer->adapter), rest...);
+            },
+            this, arguments...);
     }
 
-    template <class Operation>
-    auto ForwardUnguarded(Operation&& operation) {
-        return operation(Required(adapter));
+    template <class Operation, class... Arguments>
+    auto ForwardUnguarded(Operation operation, Arguments... arguments) {
+        return operation(Required(adapter), arguments...);
     }
 
     Adapter* adapter;
@@ -63,14 +67,14 @@ protected:
     AdapterLayer() { implementation = NewImplementation(); }
     ~AdapterLayer() = default;
 
-    template <class Operation>
-    auto Forward(Operation&& operation) {
-        return operation(Required(implementation));
+    template <class Operation, class... Arguments>
+    auto Forward(Operation operation, Arguments... arguments) {
+        return operation(Required(implementation), arguments...);
     }
 
-    template <class Operation>
-    auto ForwardUnguarded(Operation&& operation) {
-        return operation(Required(implementation));
+    template <class Operation, class... Arguments>
+    auto ForwardUnguarded(Operation operation, Arguments... arguments) {
+        return Forward(operation, arguments...);
     }
 
     /// A new implementation of the adapter's kind; null without memory, or for an unknown kind.

@@ -4,7 +4,7 @@
 
 namespace QXJSON {
 
-bool RunsWithoutFault(void (*work)(void*), void* context) {
+bool CallWithoutFault(void (*work)(void*), void* context) {
     return host::CallInFaultFrame(work, context) == 0;
 }
 

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+#include "common/platform/Compiler.h"
+
 namespace support {
 namespace {
 
@@ -16,7 +18,7 @@ constexpr size_t kOwn = 16 * 1024;
 
 /// How much of the running stack lies below the caller. The information block of the thread counts,
 /// which is that of the running fiber: the library's own way to know is among what is tested.
-size_t StackLeft() {
+JSON_NEVER_INLINE size_t StackLeft() {
     const char here = 0;
     MEMORY_BASIC_INFORMATION region = {};
     VirtualQuery(&here, &region, sizeof region);

@@ -20,6 +20,16 @@ TEST(Guard, PassesAResultOn) {
     EXPECT_EQ(7, Guarded([] { return 7; }));
 }
 
+TEST(Guard, PassesArgumentsOn) {
+    const auto sum = [](int8_t a, double b, const int* c, float d, int64_t e, bool f) {
+        return static_cast<int>(a + b + *c + static_cast<double>(d) + static_cast<double>(e)) + f;
+    };
+    const int four = 4;
+    EXPECT_EQ(64, Guarded(sum, int8_t{-1}, 12.5, &four, 32.5f, int64_t{15}, true));
+    EXPECT_EQ(kEscapedFailure, Guarded(sum, int8_t{-1}, 12.5, static_cast<const int*>(nullptr),
+                                       32.5f, int64_t{15}, true));
+}
+
 TEST(Guard, AnswersEveryCppException) {
     EXPECT_EQ(kEscapedFailure, Guarded([]() -> int { throw std::runtime_error("x"); }));
     EXPECT_EQ(kEscapedFailure, Guarded([]() -> int { throw 42; }));
@@ -81,6 +91,11 @@ TEST(Guard, RestoresTheRegistersOfItsCaller) {
         ASSERT_EQ(kEscapedFailure, Guarded([]() -> int { RaiseAccessViolation(); }));
     EXPECT_EQ(28, a + b + c + d + e + f + g);
     EXPECT_EQ(1.5, x + y);
+}
+
+TEST(Guard, StandsInAFunctionThatDoesNotThrow) {
+    const auto ask = []() noexcept { return Guarded([]() -> int { RaiseAccessViolation(); }); };
+    EXPECT_EQ(kEscapedFailure, ask());
 }
 
 TEST(RethrowFaults, TurnsAFaultIntoAnExceptionThatDestroysWhatLivesOutside) {

@@ -47,7 +47,7 @@ template <class Layer>
 class ThingOperations : public Layer {
 public:
     int Ask(int question) override {
-        return this->Forward([=](auto& next) { return next.Ask(question); });
+        return this->Forward([](auto& next, auto... rest) { return next.Ask(rest...); }, question);
     }
     bool Test() override {
         return this->ForwardUnguarded([](auto& next) { return next.Test(); });

@@ -1,22 +1,81 @@
 #pragma once
 
 #include <exception>
+#include <memory>
 #include <type_traits>
+
+#include "Compiler.h"
+
+#if JSON_HAS_TRY
+#include <excpt.h>
+#endif
+
+// The platform's part of the library's failure handling: calls that a processor fault ends. A fault
+// unwinds the stack to such a call, but no destructor of the frames between runs, so that whatever
+// owns something must live outside. C++ exceptions pass through unharmed.
+//
+// Microsoft's compiler and clang have __try for it; for the others there is a function, with one
+// definition for each.
 
 namespace QXJSON {
 
-/// Calls `work(context)` and returns true. A processor fault inside ends the call with false: the
-/// stack is unwound to here, but no destructor of the frames between runs, so that whatever owns
-/// something must live outside. C++ exceptions pass through unharmed.
-///
-/// The platform's part of the library's failure handling: one definition per compiler.
-bool RunsWithoutFault(void (*work)(void*), void* context);
+#if JSON_HAS_TRY
 
-/// The same for anything that can be called without arguments.
+/// What becomes of a structured exception: of all but the C++ exceptions of this compiler's own
+/// runtime, a fault.
+constexpr int FaultFilter(unsigned long code) {
+#ifdef _MSC_VER
+    const bool cpp = code == 0xE06D7363;
+#else
+    // Thrown, passing frames, or forced through them, as GCC's runtime has it.
+    const bool cpp = code == 0x20474343 || code == 0x21474343 || code == 0x22474343;
+#endif
+    return cpp ? EXCEPTION_CONTINUE_SEARCH : EXCEPTION_EXECUTE_HANDLER;
+}
+
+/// Calls a function with arguments that need no destructor and returns its result, or `onFault`
+/// when a processor fault ends the call.
+///
+/// The function must be JSON_SEALED: clang catches the faults of calls, not those of the frame with
+/// __try itself. That frame must not be noexcept, nor lie in one that is: the unwinder would end
+/// the process.
+template <auto function, class Result, class... Arguments>
+Result UnlessFault(Result onFault, Arguments... arguments) {
+    __try {
+        return function(arguments...);
+    } __except (FaultFilter(GetExceptionCode())) {
+        return onFault;
+    }
+}
+
+#else
+
+/// Calls `work(context)` and returns true; false when a processor fault ends the call.
+bool CallWithoutFault(void (*work)(void*), void* context);
+
+/// Calls a function with the arguments and returns its result, or `onFault` when a processor fault
+/// ends the call.
+template <auto function, class Result, class... Arguments>
+Result UnlessFault(Result onFault, Arguments... arguments) {
+    Result result = onFault;
+    auto work = [&] { result = function(arguments...); };
+    using Work = decltype(work);
+    CallWithoutFault([](void* context) { (*static_cast<Work*>(context))(); }, &work);
+    return result;
+}
+
+#endif
+
+template <class Work>
+JSON_SEALED bool Done(Work* work) {
+    (*work)();
+    return true;
+}
+
+/// Does `work` and returns true; false when a processor fault ends it.
 template <class Work>
 bool RunsWithoutFault(Work&& work) {
-    using Callable = std::remove_reference_t<Work>;
-    return RunsWithoutFault([](void* context) { (*static_cast<Callable*>(context))(); }, &work);
+    return UnlessFault<&Done<std::remove_reference_t<Work>>>(false, std::addressof(work));
 }
 
 /// A processor fault, as a C++ exception: what RethrowFaults makes of one. Nothing else throws it;
@@ -28,7 +87,7 @@ class ProcessorFault : public std::exception {};
 /// an exception, so that everything alive around `work` is destroyed properly.
 template <class Work>
 void RethrowFaults(Work&& work) {
-    if (!RunsWithoutFault([&] { work(); })) throw ProcessorFault();
+    if (!RunsWithoutFault(work)) throw ProcessorFault();
 }
 
 /// The processor fault that the contract promises where a place, a key or a text is used without

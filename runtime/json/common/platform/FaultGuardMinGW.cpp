@@ -25,7 +25,7 @@ EXCEPTION_DISPOSITION FaultHandler(EXCEPTION_RECORD* record, void* frame, CONTEX
 
 namespace QXJSON {
 
-bool RunsWithoutFault(void (*work)(void*), void* context) {
+bool CallWithoutFault(void (*work)(void*), void* context) {
     return CallWithFaultHandler(work, context);
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "MemberIndex.h"
+#include "common/platform/Compiler.h"
 
 namespace QXJSON {
 
@@ -62,7 +63,7 @@ private:
     uint32_t HashOfAddress(const JsonMember* members) const;
     MemberIndex* IndexFor(const JsonValue& object, Searched& searched);
     // Apart, so that what a scan of few members takes does not grow by it.
-    [[gnu::noinline]] JsonMember* FindAmongMany(JsonValue& object, std::wstring_view key,
+    JSON_NEVER_INLINE JsonMember* FindAmongMany(JsonValue& object, std::wstring_view key,
                                                 KeyMatch match);
 
     const DocumentPool& pool;

@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <cstring>
 
+#include "common/platform/Compiler.h"
+
 // UTF-16 text eight units at a time.
 
 namespace QXJSON {
@@ -21,7 +23,7 @@ constexpr uintptr_t kBlockBytes = sizeof(UnitBlock);
 
 /// An aligned block never reaches into a page that the text does not, so that it does no harm to
 /// look at units before a text or after its end; only an address sanitizer would object.
-[[gnu::no_sanitize_address]] inline UnitBlock LoadAligned(const wchar_t* block) {
+JSON_NO_ADDRESS_SANITIZER inline UnitBlock LoadAligned(const wchar_t* block) {
     return _mm_load_si128(reinterpret_cast<const UnitBlock*>(block));
 }
 
@@ -54,9 +56,7 @@ inline UnitMask SurrogatesIn(UnitBlock units) {
 }
 
 /// The first unit of a mask that is not empty.
-inline unsigned FirstUnit(UnitMask mask) {
-    return static_cast<unsigned>(__builtin_ctz(mask)) / sizeof(wchar_t);
-}
+inline unsigned FirstUnit(UnitMask mask) { return TrailingZeros(mask) / sizeof(wchar_t); }
 
 /// Copies units; for the short runs of most texts a call of memcpy costs more than the copy.
 inline void CopyUnits(wchar_t* to, const wchar_t* from, size_t count) {
@@ -114,7 +114,7 @@ inline bool IsAligned(const wchar_t* text) {
 
 /// The first unit of an aligned text that a test of blocks finds; there must be one.
 template <class Test>
-[[gnu::no_sanitize_address]] inline const wchar_t* FindUnit(const wchar_t* text, Test test) {
+JSON_NO_ADDRESS_SANITIZER inline const wchar_t* FindUnit(const wchar_t* text, Test test) {
     // In numbers, because the block may begin before the text's memory.
     const auto address = reinterpret_cast<uintptr_t>(text);
     const uintptr_t ahead = address % kBlockBytes;

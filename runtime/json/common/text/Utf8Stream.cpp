@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "common/platform/Compiler.h"
+
 namespace QXJSON {
 namespace {
 
@@ -12,7 +14,7 @@ constexpr size_t kStep = sizeof(__m128i);
 __m128i Load(const char* bytes) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes)); }
 __m128i Equal(__m128i bytes, char c) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(c)); }
 unsigned Bits(__m128i bytes) { return static_cast<unsigned>(_mm_movemask_epi8(bytes)); }
-size_t First(unsigned mask) { return static_cast<size_t>(__builtin_ctz(mask)); }
+size_t First(unsigned mask) { return TrailingZeros(mask); }
 
 /// Bytes that end a run. Signed, the bytes beyond ASCII lie below the control characters.
 unsigned RunEnds(__m128i bytes) {

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "JsonTypes.h"
+#include "common/platform/Compiler.h"
 
 namespace QXJSON {
 
@@ -125,7 +126,7 @@ private:
         return handler.Key(name.GetString(), name.GetStringLength(), true);
     }
 
-    [[gnu::always_inline]] bool SendScalar(const JsonValue& value) {
+    JSON_ALWAYS_INLINE bool SendScalar(const JsonValue& value) {
         switch (value.GetType()) {
             case rapidjson::kNullType:
                 return handler.Null();
@@ -140,7 +141,7 @@ private:
         }
     }
 
-    [[gnu::always_inline]] bool SendNumber(const JsonValue& number) {
+    JSON_ALWAYS_INLINE bool SendNumber(const JsonValue& number) {
         if (number.IsDouble()) return handler.Double(number.GetDouble());
         if (number.IsInt()) return handler.Int(number.GetInt());
         if (number.IsUint()) return handler.Uint(number.GetUint());
