@@ -7,16 +7,11 @@
 #include <filesystem>
 #include <set>
 
+#include "JsonDll.h"
+
 namespace {
 
-/// A file beside this program.
-std::filesystem::path Beside(const wchar_t* name) {
-    wchar_t program[MAX_PATH + 1] = {};
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
-    return std::filesystem::path(program).replace_filename(name);
-}
-
-std::wstring DllName() { return Beside(L"Json_Dll.dll").wstring(); }
+std::wstring DllName() { return support::JsonDllName(); }
 
 const pe::PeFile& Dll() {
     static const pe::PeFile file(DllName());
@@ -89,7 +84,7 @@ TEST_F(DllFile, SaysItsVersion) {
 /// The module's handle has a name in the symbols, which are in a file of their own except in builds
 /// for debugging, and is there when the module is loaded.
 TEST_F(DllFile, ShowsItsModuleToADebugger) {
-    const std::filesystem::path split = Beside(L"Json_Dll.dll.debug");
+    const std::filesystem::path split = DllName() + L".debug";
     const pe::PeFile symbols(exists(split) ? split.wstring() : DllName());
     ASSERT_NE(nullptr, symbols.Headers());
     const DWORD address = symbols.Symbol("_ZL13libraryModule");  // as GCC mangles it
@@ -102,13 +97,13 @@ TEST_F(DllFile, ShowsItsModuleToADebugger) {
 
 TEST_F(DllFile, IsEntirelyLoadedAndUnloaded) {
     for (int i = 0; i < 3; ++i) {
-        const HMODULE module = LoadLibraryW(L"Json_Dll.dll");
+        const HMODULE module = LoadLibraryW(DllName().c_str());
         ASSERT_NE(nullptr, module);
         for (const char* name :
              {"CreateJsonParser", "CreateJsonGenerator", "CreateJsonPackageInterface"})
             EXPECT_NE(nullptr, GetProcAddress(module, name)) << name;
         EXPECT_TRUE(FreeLibrary(module));
-        EXPECT_EQ(nullptr, GetModuleHandleW(L"Json_Dll.dll"));
+        EXPECT_EQ(nullptr, GetModuleHandleW(DllName().c_str()));
     }
 }
 

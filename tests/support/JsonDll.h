@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <memory>
+#include <string>
 
 #include "IJsonGenerator.h"
 #include "IJsonPackage.h"
@@ -10,7 +11,11 @@
 
 namespace support {
 
-/// The module handle of Json_Dll.dll, loaded from the test program's folder, as the runtime does.
+/// The file of the DLL under test: the one that the environment variable JSON_TEST_DLL names, or
+/// Json_Dll.dll in the test program's folder.
+std::wstring JsonDllName();
+
+/// The module handle of the DLL under test, loaded as the runtime does.
 HMODULE JsonDll();
 
 /// An export of the DLL, by its name and its type.
