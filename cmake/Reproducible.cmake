@@ -12,8 +12,10 @@ endif()
 macro(hide_folder folder name)
   if(JSON_REPRODUCIBLE)
     add_compile_options(-ffile-prefix-map=${folder}=${name})
-    # The optimiser across files compiles while it links.
-    add_link_options(-ffile-prefix-map=${folder}=${name})
+    if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+      # Its optimiser across files compiles while it links.
+      add_link_options(-ffile-prefix-map=${folder}=${name})
+    endif()
   endif()
 endmacro()
 
