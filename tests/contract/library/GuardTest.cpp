@@ -82,7 +82,6 @@ TEST_F(Guard, AnswersStructuredExceptionsOfAnyCode) {
         0xE0434352,  // one of .NET
         0xE0474343,  // not quite one of GCC's
         0x00474343,
-        0x406D1388,  // a thread that announces its name
         1,
     };
     for (const DWORD code : codes) {
