@@ -1,5 +1,5 @@
 // Any bytes, through every load: what comes of them must be what RapidJSON's own reader makes of
-// them behind its own detection of encodings. The library has a fast way for well-formed text.
+// them behind its own detection of encodings. The library reads what is plain and well-formed itself.
 
 #include <gtest/gtest.h>
 

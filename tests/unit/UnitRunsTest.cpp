@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "LastPage.h"
 
 namespace {
@@ -68,6 +70,41 @@ TEST(EndOfRun, EveryLengthAtEveryAlignment) {
                 const wchar_t* const at = Put(page, std::wstring(length, L'\x8022') + end, gap);
                 ASSERT_EQ(static_cast<std::ptrdiff_t>(length), EndOfRun(at) - at) << gap;
             }
+}
+
+/// Where a run of well-formed text ends, pair by pair.
+size_t PlainWellFormedRun(const std::wstring& text) {
+    size_t at = 0;
+    for (;;) {
+        const unsigned unit = text[at];
+        const bool isHigh = unit >= 0xD800 && unit < 0xDC00;
+        const bool isPair = isHigh && text[at + 1] >= 0xDC00 && text[at + 1] < 0xE000;
+        if (EndsRun(unit) || (unit >= 0xD800 && unit < 0xE000 && !isPair)) return at;
+        at += isPair ? 2 : 1;
+    }
+}
+
+TEST(EndOfWellFormedRun, RandomSurrogates) {
+    const LastPage page;
+    std::mt19937 random(6);
+    constexpr wchar_t kUnits[] = {L'x', 0x20AC, 0xD7FF, 0xD800, 0xDBFF, 0xDC00, 0xDFFF, 0xE000};
+    int pairs = 0;
+    for (int i = 0; i < 100'000; ++i) {
+        std::wstring text;
+        for (size_t count = random() % 24; count > 0; --count) {
+            const wchar_t unit = kUnits[random() % std::size(kUnits)];
+            text += unit;
+            if (unit == 0xDBFF && random() % 4 != 0) text += L'\xDC00';
+        }
+        text += L"\"\\\x1F"[random() % 3];
+        if (random() % 2 == 0) text.insert(random() % text.size(), 1, L'\0');
+        const size_t expected = PlainWellFormedRun(text);
+        pairs += static_cast<int>(text.find(L'\xDBFF') < expected);
+        const wchar_t* const at = Put(page, text, random() % 17 * 2);
+        ASSERT_EQ(static_cast<std::ptrdiff_t>(expected), EndOfWellFormedRun(at) - at)
+            << testing::PrintToString(text);
+    }
+    EXPECT_GT(pairs, 10'000);
 }
 
 }  // namespace

@@ -103,38 +103,6 @@ TEST(Utf8Stream, EndsAtAZero) {
     }
 }
 
-TEST(Utf8Stream, RefusesWhatTheLiteralWayRefuses) {
-    // Continuation without a lead, overlong, surrogates, beyond the last character, cut short.
-    const char* const malformed[] = {"\x80",
-                                     "\xC0\x80",
-                                     "\xC1\xBF",
-                                     "\xE0\x80\x80",
-                                     "\xED\xA0\x80",
-                                     "\xF0\x80\x80\x80",
-                                     "\xF5\x80\x80\x80",
-                                     "\xFF",
-                                     "\xE2\x82",
-                                     "\xF0\x9D\x84",
-                                     "\xC3"};
-    for (const char* bad : malformed) {
-        const std::string bytes = std::string("[\"") + bad + "\"]";
-        EXPECT_EQ(12, Expected(bytes).code) << bad;
-        ByteBlock block;
-        struct Source final : ByteSource {
-            explicit Source(std::string_view all) : rest(all) {}
-            size_t Read(char* into, size_t) override {
-                const size_t count = rest.copy(into, rest.size());
-                rest = {};
-                return count;
-            }
-            std::string_view rest;
-        } source(bad);
-        Utf8Stream stream(source, block);
-        wchar_t units[2];
-        EXPECT_EQ(0u, TakeCharacter(stream, units)) << bad;
-    }
-}
-
 TEST(Utf8Stream, ReadsEveryCharacter) {
     for (uint32_t c = 0x80; c < 0x110000; c += c < 0x3000 ? 1 : 7) {
         if (c >= 0xD800 && c < 0xE000) continue;

@@ -11,10 +11,11 @@
 #include <string_view>
 #include <vector>
 
-#include "PlainTextStream.h"
-#include "Surrogates.h"
+#include "Continuation.h"
+#include "DirectReader.h"
 #include "TextLength.h"
-#include "Utf8Stream.h"
+#include "Utf16Source.h"
+#include "Utf8Source.h"
 #include "common/platform/FaultGuard.h"
 #include "common/platform/File.h"
 #include "common/platform/NestingGuard.h"
@@ -24,6 +25,8 @@ namespace {
 
 /// Bytes that the C runtime asks the system for at a time.
 constexpr size_t kSystemBlock = 64 * 1024;
+/// Bytes that are taken at first for strings that do not stand in the text as they are.
+constexpr size_t kScratch = 1024;
 
 /// RapidJSON's detection of encodings, on units wide enough for UTF-32.
 using AnyUtf = rapidjson::AutoUTF<unsigned>;
@@ -46,29 +49,41 @@ private:
     JsonAllocator* pool;
 };
 
-/// Fills the document from a stream: RapidJSON's ParseStream with a look at the stack in between.
-template <unsigned flags, class Encoding, class Stream>
-LoadStatus ParseWith(JsonDocument& document, Stream& stream) {
-    AttemptMemory memory(document.GetAllocator());
+/// RapidJSON's reader, with a look at the stack in between.
+template <class Encoding, class Stream, class Handler>
+LoadStatus RunReader(Stream& stream, Handler& handler, bool acceptNan) {
     rapidjson::GenericReader<Encoding, JsonEncoding, HeapAllocator> reader;
     rapidjson::ParseResult result;
-    auto fill = [&](JsonDocument& handler) {
-        RethrowFaults([&] {
-            result = GuardNesting(handler, [&](auto& guarded) {
-                return reader.template Parse<flags>(stream, guarded);
-            });
+    RethrowFaults([&] {
+        result = GuardNesting(handler, [&](auto& guarded) {
+            return acceptNan
+                       ? reader.template Parse<rapidjson::kParseNanAndInfFlag>(stream, guarded)
+                       : reader.template Parse<rapidjson::kParseDefaultFlags>(stream, guarded);
         });
-        return !result.IsError();
-    };
-    document.Populate(fill);
-    if (!result.IsError()) memory.Keep();
+    });
     return {result.Code(), result.Offset()};
 }
 
+/// Fills the document by what sends it events and returns how that went.
+template <class Produce>
+LoadStatus Fill(JsonDocument& document, Produce&& produce) {
+    AttemptMemory memory(document.GetAllocator());
+    LoadStatus status;
+    auto fill = [&](JsonDocument& handler) {
+        status = produce(handler);
+        return status.code == kNoError;
+    };
+    document.Populate(fill);
+    if (status.code == kNoError) memory.Keep();
+    return status;
+}
+
+/// Fills the document as RapidJSON's ParseStream does.
 template <class Encoding, class Stream>
 LoadStatus Parse(JsonDocument& document, Stream& stream, bool acceptNan) {
-    return acceptNan ? ParseWith<rapidjson::kParseNanAndInfFlag, Encoding>(document, stream)
-                     : ParseWith<rapidjson::kParseDefaultFlags, Encoding>(document, stream);
+    return Fill(document, [&](JsonDocument& handler) {
+        return RunReader<Encoding>(stream, handler, acceptNan);
+    });
 }
 
 /// What RapidJSON's stream finds out about bytes before it reads them.
@@ -101,14 +116,37 @@ FirstAttempt ParseAnyUtf(JsonDocument& document, ByteStream& bytes, const TextRu
     return {Parse<AnyUtf>(document, stream, rules.acceptNan), false};
 }
 
-/// What has proved to be UTF-8, in runs. Code and offset are those of the literal way, whose stream
-/// is one byte ahead of its reader as long as there is one.
+/// What remains of UTF-8 when the library's own reader has stopped. Code and offset are those of
+/// the literal way, whose stream is one byte ahead of its reader as long as there is one.
+LoadStatus GoOn(JsonDocument& document, Utf8Stream& stream, const ReaderState& state,
+                std::wstring_view begun, bool acceptNan) {
+    const LeadingText lead(state);
+    ContinuedStream rest(lead, stream);
+    ContinuedDocument handler(document, state, lead, begun);
+    LoadStatus status = RunReader<rapidjson::UTF8<>>(rest, handler, acceptNan);
+    const bool atEnd = stream.AtEnd() && stream.Tell() == status.offset;
+    if (status.code != kNoError && !atEnd) ++status.offset;
+    return status;
+}
+
+/// What has proved to be UTF-8: directly, and where that ends by RapidJSON's reader.
 FirstAttempt ParseUtf8(JsonDocument& document, Utf8Stream& stream, size_t markSize,
                        const TextRules& rules) {
     for (size_t i = 0; i < markSize; ++i) stream.Take();
-    LoadStatus status = Parse<Utf8InRuns>(document, stream, rules.acceptNan);
-    const bool atEnd = stream.AtEnd() && stream.Tell() == status.offset;
-    if (status.code != kNoError && !atEnd) ++status.offset;
+    HeapAllocator heap;
+    ByteBuffer scratch(&heap, kScratch);
+    Utf8Source source(stream, scratch);
+    const LoadStatus status = Fill(document, [&](JsonDocument& handler) {
+        ReaderState state;
+        bool isRead = false;
+        RethrowFaults([&] {
+            DirectReader<Utf8Source, JsonDocument> reader(source, handler, state, rules.acceptNan);
+            isRead = reader.Read(source.Begin());
+        });
+        if (isRead) return LoadStatus{};
+        const std::wstring_view begun = state.InText() ? source.Text() : std::wstring_view();
+        return GoOn(handler, stream, state, begun, rules.acceptNan);
+    });
     return {status, status.code == kInvalidEncoding};
 }
 
@@ -145,14 +183,36 @@ FirstAttempt ParseBytes(JsonDocument& document, std::string_view bytes, const Te
     return ParseUtf8(document, stream, detected.markSize, rules);
 }
 
-// ---- Well-formed text in memory ----------------------------------------------------------------
+// ---- Plain text in memory ----------------------------------------------------------------------
 
-/// The fast way for UTF-16. It only ever says yes: whatever it does not load, for any reason, is
-/// for the literal way to judge.
-bool LoadsPlainText(JsonDocument& document, std::wstring_view text, const TextRules& rules) {
-    if (WellFormedLength(text) != text.size()) return false;
-    PlainTextStream stream(text.data());
-    return Parse<PlainUtf16>(document, stream, rules.acceptNan).code == kNoError;
+/// The library's own way through UTF-16 text. It only ever says yes: whatever it does not load, for
+/// any reason, is for the literal way to judge. `begin`, which finds the beginning of the text, is
+/// called where faults are caught.
+template <class Begin>
+bool ReadsDirectly(JsonDocument& document, bool acceptNan, Begin&& begin) {
+    HeapAllocator heap;
+    ByteBuffer scratch(&heap, kScratch);
+    Utf16Source source(scratch);
+    const LoadStatus status = Fill(document, [&](JsonDocument& handler) {
+        ReaderState state;
+        bool isRead = false;
+        RethrowFaults([&] {
+            const wchar_t* const text = begin();
+            DirectReader<Utf16Source, JsonDocument> reader(source, handler, state, acceptNan);
+            isRead = text && reader.Read(text);
+        });
+        return LoadStatus{isRead ? kNoError : kUnspecificSyntax};
+    });
+    return status.code == kNoError;
+}
+
+/// Where text begins that the detection of encodings takes for UTF-16, behind its mark if it has
+/// one; null for other text.
+const wchar_t* BeginOfUtf16(const wchar_t* text) {
+    constexpr unsigned kMark = 0xFEFF;
+    const auto fitsByte = [](unsigned unit) { return unit - 1 < 0xFF; };
+    if (text[0] == kMark && text[1] != 0) return text + 1;
+    return fitsByte(text[0]) && fitsByte(text[1]) ? text : nullptr;
 }
 
 // ---- Files -------------------------------------------------------------------------------------
@@ -221,6 +281,8 @@ std::optional<LoadStatus> ParseAnsi(JsonDocument& document, std::string_view byt
                                     const TextRules& rules) {
     const auto text = FromAnsi(Countable(bytes));
     if (!text) return std::nullopt;
+    const auto begin = [&] { return text->data(); };
+    if (ReadsDirectly(document, rules.acceptNanInAnsi, begin)) return LoadStatus{};
     rapidjson::GenericStringStream<JsonEncoding> stream(text->data());
     return Parse<JsonEncoding>(document, stream, rules.acceptNanInAnsi);
 }
@@ -263,14 +325,15 @@ LoadStatus LoadBytes(JsonDocument& document, const char* data, uint32_t length,
 
 LoadStatus LoadText(JsonDocument& document, const wchar_t* text, const TextRules& rules) {
     if (!text) return {kNullText};
-    const std::wstring_view units(text, LengthOf(text));
-    const std::string_view bytes(reinterpret_cast<const char*>(text),
-                                 units.size() * sizeof(wchar_t));
-    const Detected detected = Detect(bytes);
-    const bool even = reinterpret_cast<uintptr_t>(text) % alignof(wchar_t) == 0;
-    if (even && detected.type == rapidjson::kUTF16LE &&
-        LoadsPlainText(document, units.substr(detected.markSize / sizeof(wchar_t)), rules))
-        return {};
+    size_t length = 0;
+    try {
+        const auto begin = [text] { return BeginOfUtf16(text); };
+        if (IsAligned(text) && ReadsDirectly(document, rules.acceptNan, begin)) return {};
+        length = LengthOf(text);
+    } catch (const ProcessorFault&) {
+        // Text that memory ends before is empty, as LengthOf has it.
+    }
+    const std::string_view bytes(reinterpret_cast<const char*>(text), length * sizeof(wchar_t));
     return ParseBytes(document, bytes, rules).status;
 }
 

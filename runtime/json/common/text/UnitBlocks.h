@@ -31,6 +31,11 @@ inline UnitBlock LoadBlock(const void* units) {
     return _mm_loadu_si128(static_cast<const UnitBlock*>(units));
 }
 
+/// A block that lies in one page with the beginning of the text, and may reach beyond its end.
+[[gnu::no_sanitize_address]] inline UnitBlock LoadInPage(const wchar_t* units) {
+    return _mm_loadu_si128(reinterpret_cast<const UnitBlock*>(units));
+}
+
 /// The same unit eight times.
 inline UnitBlock AllUnits(int unit) { return _mm_set1_epi16(static_cast<short>(unit)); }
 
@@ -57,6 +62,27 @@ inline UnitMask SurrogatesIn(UnitBlock units) {
 
 /// The first unit of a mask that is not empty.
 inline unsigned FirstUnit(UnitMask mask) { return TrailingZeros(mask) / sizeof(wchar_t); }
+
+/// The lower half of a block as bytes; what does not fit into one becomes 0 or 255.
+inline uint64_t AsBytes(UnitBlock units) {
+    return static_cast<uint64_t>(_mm_cvtsi128_si64(_mm_packus_epi16(units, units)));
+}
+
+/// Whether so many bytes from here lie in one page: where the first of them can be read, all can.
+inline bool InOnePage(const void* bytes, size_t count) {
+    constexpr uintptr_t kPage = 4096;
+    return reinterpret_cast<uintptr_t>(bytes) % kPage <= kPage - count;
+}
+
+/// Eight bytes from here.
+inline uint64_t LoadEight(const void* bytes) {
+    uint64_t eight = 0;
+    std::memcpy(&eight, bytes, sizeof eight);
+    return eight;
+}
+
+/// How many bits of a number that is not 0 are 0 in front of the lowest that is not.
+inline unsigned LowZeros(uint64_t number) { return static_cast<unsigned>(__builtin_ctzll(number)); }
 
 /// Copies units; for the short runs of most texts a call of memcpy costs more than the copy.
 inline void CopyUnits(wchar_t* to, const wchar_t* from, size_t count) {

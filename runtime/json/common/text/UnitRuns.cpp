@@ -1,5 +1,6 @@
 #include "UnitRuns.h"
 
+#include "Surrogates.h"
 #include "UnitBlocks.h"
 
 namespace QXJSON {
@@ -34,6 +35,13 @@ const wchar_t* EndOfRun(const wchar_t* text) { return FindUnit(text, RunEnds); }
 
 const wchar_t* EndOfPlainRun(const wchar_t* text) {
     return FindUnit(text, [](UnitBlock units) { return RunEnds(units) | SurrogatesIn(units); });
+}
+
+const wchar_t* EndOfWellFormedRun(const wchar_t* text) {
+    const wchar_t* end = EndOfPlainRun(text);
+    // A high surrogate is no zero, so that the unit behind it is one of the text.
+    while (IsHighSurrogate(end[0]) && IsLowSurrogate(end[1])) end = EndOfPlainRun(end + 2);
+    return end;
 }
 
 const wchar_t* EndOfAsciiRun(const wchar_t* text) {

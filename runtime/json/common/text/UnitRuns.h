@@ -15,7 +15,10 @@ const wchar_t* EndOfRun(const wchar_t* text);
 /// The same, with surrogates among what ends a run.
 const wchar_t* EndOfPlainRun(const wchar_t* text);
 
-/// The same, with everything beyond ASCII among what ends a run.
+/// The same, with only those surrogates among what ends a run that are not one of a pair.
+const wchar_t* EndOfWellFormedRun(const wchar_t* text);
+
+/// The end of a plain run, with everything beyond ASCII among what ends a run.
 const wchar_t* EndOfAsciiRun(const wchar_t* text);
 
 /// Whether a unit goes on such a run.
