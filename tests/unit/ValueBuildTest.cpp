@@ -121,7 +121,9 @@ private:
 };
 
 TEST(ValueBuild, ReferencesOfElements) {
-    const JsonValue parsed(7);
+    JsonValue parsed(7);
+    DocumentPool pool;
+    DocumentPool::Annex annex(pool);
     Appending appending;
     for (int round = 0; round < 20; ++round) {
         SCOPED_TRACE(round);
@@ -135,8 +137,47 @@ TEST(ValueBuild, ReferencesOfElements) {
         appending.ExpectOdd(NumberItem<double>(0.5));
         appending.ExpectAddress(NullItem());
         appending.ExpectAddress(TextItem(L"text"));
-        appending.ExpectAddress(DocumentItem(parsed));
+        appending.ExpectAddress(DocumentItem(parsed, annex));
     }
+}
+
+/// A large parsed document stays where it is, in the pool; of a small one nothing is kept but a
+/// copy.
+TEST(ValueBuild, ParsedDocuments) {
+    for (const rapidjson::SizeType size : {3u, 10'000u}) {
+        DocumentPool pool;
+        const void* elements = nullptr;
+        JsonValue made;
+        {
+            DocumentPool::Annex annex(pool);
+            JsonDocument parsed(&annex.Allocator());
+            parsed.SetArray();
+            parsed.Reserve(size, parsed.GetAllocator());
+            for (rapidjson::SizeType i = 0; i < size; ++i)
+                parsed.PushBack(i, parsed.GetAllocator());
+            elements = parsed.Begin();
+            EXPECT_TRUE(pool.Contains(elements));
+            EXPECT_EQ(0u, pool.Size());
+            made = DocumentItem(parsed, annex).Make(pool.Allocator());
+        }
+        ASSERT_EQ(size, made.Size());
+        EXPECT_EQ(size - 1, made[size - 1].GetUint());
+        EXPECT_TRUE(pool.Contains(made.Begin()));
+        EXPECT_EQ(size > 3, made.Begin() == elements);
+        EXPECT_EQ(size * sizeof(JsonValue), pool.Size());
+    }
+}
+
+/// Of an annex that is not kept nothing stays.
+TEST(ValueBuild, AnnexesThatAreGivenBack) {
+    DocumentPool pool;
+    void* inside = nullptr;
+    {
+        DocumentPool::Annex annex(pool);
+        inside = annex.Allocator().Malloc(100'000);
+        EXPECT_TRUE(pool.Contains(inside));
+    }
+    EXPECT_FALSE(pool.Contains(inside));
 }
 
 /// A float keeps the value that it has as a double.

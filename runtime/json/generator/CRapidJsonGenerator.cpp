@@ -75,12 +75,13 @@ int CRapidJsonGenerator::Parse(Source source, const wchar_t* nameOrText, JsonDoc
 
 int CRapidJsonGenerator::Load(Source source, const wchar_t* nameOrText, uint32_t* handle) {
     if (!handle) return kPlainFailure;
-    JsonDocument parsed;
+    DocumentPool::Annex annex(builder.Pool());
+    JsonDocument parsed(&annex.Allocator());
     const int result = Parse(source, nameOrText, parsed);
     if (result != kSuccess) return result;
     // The output is the caller's memory, looked at while the parsed document is alive.
     RethrowFaults([&] { EnsureWritable(handle); });
-    *handle = builder.StartAnew(DocumentItem(parsed).Make(builder.Allocator()));
+    *handle = builder.StartAnew(DocumentItem(parsed, annex).Make(builder.Allocator()));
     return kSuccess;
 }
 
@@ -92,11 +93,12 @@ int CRapidJsonGenerator::Graft(const Parent& parent, const Spot& spot, Source so
     // Text for a parent by handle is parsed before the parent's kind counts; everything else after.
     const bool textByHandle = source == Source::Text && parent.naming == Parent::Naming::kHandle;
     if (!fits && !textByHandle) return kPlainFailure;
-    JsonDocument parsed;
+    DocumentPool::Annex annex(builder.Pool());
+    JsonDocument parsed(&annex.Allocator());
     int result = Parse(source, nameOrText, parsed);
     if (result != kSuccess) return result;
     if (!fits) return kPlainFailure;
-    const DocumentItem item(parsed);
+    const DocumentItem item(parsed, annex);
     // The key and the output are the caller's memory, used while the parsed document is alive.
     RethrowFaults([&] {
         result = spot.parentType == rapidjson::kObjectType

@@ -65,12 +65,12 @@ public:
     int GetHandleByPath(const wchar_t* path, uint32_t* handle);
 
     /// The pool of the document's values.
-    JsonAllocator& Allocator() { return pool.Allocator(); }
+    DocumentPool& Pool() { return pool; }
+    JsonAllocator& Allocator() { return allocator; }
 
     // What is held and has been done, for those who count it.
     const PathTable& Paths() const { return paths; }
     const MemberLookup& Lookup() const { return lookup; }
-    const DocumentPool& Pool() const { return pool; }
 
 private:
     /// Where the value of a path was found, and when.

@@ -133,11 +133,12 @@ int CRapidJsonPackage::SetValue(const wchar_t* key, const wchar_t* value, bool v
     if (!valueIsJson) return Set(key, TextItem(value));
     if (!key) return kNoMember;
     if (!value) return kNoText;
-    JsonDocument parsed;
+    DocumentPool::Annex annex(pool);
+    JsonDocument parsed(&annex.Allocator());
     LoadText(parsed, value, kRules);
     int result = kPlainFailure;
     // The key is the caller's memory, read while the parsed document is alive.
-    if (IsContainer(parsed)) RethrowFaults([&] { result = Set(key, DocumentItem(parsed)); });
+    if (IsContainer(parsed)) RethrowFaults([&] { result = Set(key, DocumentItem(parsed, annex)); });
     return result;
 }
 

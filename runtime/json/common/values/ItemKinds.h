@@ -81,12 +81,14 @@ struct TextItem : ItemKind {
     const wchar_t* text;
 };
 
-/// A copy of a parsed document.
+/// A document that was parsed in an annex of the pool: a large one stays there, of a small one a
+/// copy is made. To be made once.
 struct DocumentItem : ItemKind {
-    explicit DocumentItem(const JsonValue& parsed) : source(parsed) {}
+    DocumentItem(JsonValue& parsed, DocumentPool::Annex& memory) : source(parsed), annex(memory) {}
     static constexpr bool kNeedsTarget = true;
     JsonValue Make(JsonAllocator& allocator) const;
-    const JsonValue& source;
+    JsonValue& source;
+    DocumentPool::Annex& annex;
 };
 
 }  // namespace QXJSON

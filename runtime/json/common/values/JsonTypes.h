@@ -5,6 +5,9 @@
 #include <rapidjson/stringbuffer.h>
 #include <stdint.h>
 
+#include <memory>
+#include <vector>
+
 #include "PoolBlocks.h"
 
 namespace QXJSON {
@@ -23,6 +26,8 @@ using JsonTextBuffer = rapidjson::GenericStringBuffer<JsonEncoding, HeapAllocato
 /// heap.
 class DocumentPool {
 public:
+    class Annex;
+
     DocumentPool() : allocator(first, kFirstSize, kBlockSize, &blocks) {}
     DocumentPool(const DocumentPool&) = delete;
     DocumentPool& operator=(const DocumentPool&) = delete;
@@ -33,7 +38,7 @@ public:
         return at - reinterpret_cast<uintptr_t>(first) < kFirstSize || blocks.Contain(address);
     }
     /// How much of its memory is in use.
-    size_t Size() const { return allocator.Size(); }
+    size_t Size() const;
 
 private:
     static constexpr size_t kFirstSize = 4 * 1024;
@@ -42,6 +47,27 @@ private:
     alignas(JsonValue) char first[kFirstSize];
     PoolBlocks blocks;
     JsonAllocator allocator;
+    std::vector<std::unique_ptr<JsonAllocator>> annexes;  // that were kept
+};
+
+/// Memory for values that may come to stay in a document: it lies in the document's pool, and is
+/// given back unless it is kept.
+class DocumentPool::Annex {
+public:
+    explicit Annex(DocumentPool& whole)
+        : pool(whole), allocator(std::make_unique<JsonAllocator>(kBlockSize, &whole.blocks)) {}
+
+    JsonAllocator& Allocator() { return *allocator; }
+    /// Whether so much is in use that keeping it costs less than copying what lies in it: the rest
+    /// of its last block is lost.
+    bool IsWorthKeeping() const { return allocator->Size() > kBlockSize / 2; }
+    /// What lies in it stays as long as the pool. There is no allocator any more. Throws
+    /// std::bad_alloc, and nothing is changed.
+    void Keep();
+
+private:
+    DocumentPool& pool;
+    std::unique_ptr<JsonAllocator> allocator;
 };
 
 /// Whether a value is one of the two kinds that a document may have as its root.

@@ -47,6 +47,10 @@ JsonValue DeepCopy(const JsonValue& source, JsonAllocator& allocator) {
     return result;
 }
 
-JsonValue DocumentItem::Make(JsonAllocator& allocator) const { return DeepCopy(source, allocator); }
+JsonValue DocumentItem::Make(JsonAllocator& allocator) const {
+    if (!annex.IsWorthKeeping()) return DeepCopy(source, allocator);
+    annex.Keep();
+    return std::move(source);
+}
 
 }  // namespace QXJSON
