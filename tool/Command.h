@@ -25,11 +25,16 @@ constexpr int kMisuse = 2;  ///< the call is wrong, or the library is missing
 // Each adds itself to the program.
 
 Command Convert(CLI::App& program);
+Command Delete(CLI::App& program);
+Command Diff(CLI::App& program);
 Command Format(CLI::App& program);
 Command Get(CLI::App& program);
 Command Inspect(CLI::App& program);
+Command Keys(CLI::App& program);
+Command Length(CLI::App& program);
 Command Merge(CLI::App& program);
 Command Set(CLI::App& program);
+Command Type(CLI::App& program);
 Command Validate(CLI::App& program);
 
 // ---- What commands have in common --------------------------------------------------------------

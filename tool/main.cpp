@@ -59,8 +59,10 @@ int RunProgram(std::vector<std::string> arguments) {
     program.set_version_flag("--version", Version);
     program.require_subcommand(1);
     program.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    const Command commands[] = {Inspect(program), Get(program), Validate(program), Format(program),
-                                Convert(program), Set(program), Merge(program)};
+    const Command commands[] = {Inspect(program), Get(program),     Keys(program),
+                                Length(program),  Type(program),    Validate(program),
+                                Format(program),  Convert(program), Set(program),
+                                Delete(program),  Merge(program),   Diff(program)};
     // After the commands, which would otherwise inherit it.
     program.footer(
         "Exit codes: 0 success, 1 the data is bad, does not exist or differs, 2 the call is "

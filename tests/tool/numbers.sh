@@ -33,5 +33,7 @@ for document in "${documents[@]}"; do
     jsontool convert "$document" -o utf16.json --to utf-16be
     jsontool convert utf16.json -o out.json --to ascii; same
     jsontool set "$document" /new true -o out.json; same
+    jsontool set "$document" /gone 1 -o more.json
+    jsontool delete more.json /gone -o out.json; same
     jsontool merge "$document" nothing.json -o out.json; same
 done

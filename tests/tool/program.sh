@@ -3,15 +3,15 @@
 jsontool --version
 [[ $code$out =~ ^0jsontool\ [0-9.]+,\ Json_Dll\ [0-9.]+.?$ ]] || wrong "expected two versions"
 jsontool --help
-for command in inspect get validate format convert set merge; do
+for command in inspect get keys length type validate format convert set delete merge diff; do
     contains "  $command "
 done
-for command in inspect get validate format convert set merge; do
+for command in inspect get keys length type validate format convert set delete merge diff; do
     jsontool "$command" --help
     contains "Usage: jsontool $command"
     [ "$code" = 0 ] || wrong "expected to end well"
     case $command in
-        inspect | get | set) contains 'Item paths:'; contains '--pointer' ;;
+        inspect | get | keys | length | type | set | delete) contains 'Item paths:'; contains '--pointer' ;;
         *) [[ $out != *'Item paths:'* ]] || wrong "expected nothing about item paths" ;;
     esac
 done
