@@ -1,7 +1,9 @@
 # What an installed library consists of, for a host's build and for the package (Package.cmake).
 #
+#   README.md where to begin
 #   bin/      the DLL, its symbols, jsontool
-#   lib/      the import library, CMake's package files
+#   lib/      the import libraries, CMake's package files
+#   examples/ whole programs
 #   include/  the headers, in a folder of their own
 #   doc/      what to read
 #   tests/    the contract tests, with a DLL to test
@@ -18,14 +20,21 @@ install(TARGETS Json_Dll json_headers EXPORT Json_Dll
   ARCHIVE DESTINATION lib COMPONENT development
   FILE_SET HEADERS DESTINATION include/Json_Dll COMPONENT development)
 install(TARGETS jsontool RUNTIME DESTINATION bin COMPONENT runtime)
-# For Visual Studio, which makes an import library of its own from it.
 install(FILES runtime/json/Json_Dll.def DESTINATION lib COMPONENT development)
+# For Microsoft's linker.
+if(TARGET json_microsoft_library)
+  add_dependencies(installed json_microsoft_library)
+  install(FILES ${JSON_MICROSOFT_LIBRARY} DESTINATION lib COMPONENT development)
+endif()
 # For hosts in other languages.
 if(TARGET json_abi)
   add_dependencies(installed json_abi)
   install(FILES ${CMAKE_BINARY_DIR}/hosting/abi/Json_Dll.abi.json ${CMAKE_BINARY_DIR}/hosting/abi/Json_Dll_c.h
     DESTINATION include/Json_Dll COMPONENT development)
+  # The example in Go has it compiled in.
+  install(FILES ${CMAKE_BINARY_DIR}/hosting/abi/Json_Dll.abi.json DESTINATION examples/go COMPONENT development)
 endif()
+install(DIRECTORY examples/ DESTINATION examples COMPONENT development)
 if(JSON_SPLIT_SYMBOLS)
   install(FILES $<TARGET_FILE:Json_Dll>.debug DESTINATION bin COMPONENT symbols)
 endif()
@@ -42,7 +51,8 @@ install(EXPORT Json_Dll NAMESPACE Json_Dll:: FILE Json_DllTargets.cmake
   DESTINATION ${package_files} COMPONENT development)
 
 # ---- What to read --------------------------------------------------------------------------------
-install(FILES README.md CHANGELOG.md THIRD-PARTY.md docs/package.md DESTINATION doc COMPONENT documentation)
+install(FILES docs/installed/README.md DESTINATION . COMPONENT documentation)
+install(FILES CHANGELOG.md THIRD-PARTY.md docs/package.md DESTINATION doc COMPONENT documentation)
 # The reference, where script/docs has made it.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/docs/html/ DESTINATION doc/reference
   COMPONENT documentation OPTIONAL)

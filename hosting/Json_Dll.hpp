@@ -1091,9 +1091,11 @@ public:
     Result<Package> NewPackage() const { return New<Package>(createPackage); }
 
 private:
+    /// @cond
     struct Unloader {
         void operator()(HMODULE loaded) const noexcept { FreeLibrary(loaded); }
     };
+    /// @endcond
 
     template <class Function>
     Function* Find(const char* name) const {

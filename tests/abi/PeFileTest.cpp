@@ -75,10 +75,16 @@ TEST_F(DllFile, SaysItsVersion) {
                                     std::to_string(LOWORD(numbers.dwFileVersionMS)) + "." +
                                     std::to_string(HIWORD(numbers.dwFileVersionLS)));
 
-    void* text = nullptr;
-    ASSERT_TRUE(VerQueryValueW(info.data(), L"\\StringFileInfo\\040904B0\\OriginalFilename", &text,
-                               &length));
-    EXPECT_STREQ(L"Json_Dll.dll", static_cast<const wchar_t*>(text));
+    const auto said = [&](const std::wstring& what) -> std::wstring {
+        const std::wstring place = L"\\StringFileInfo\\040904B0\\" + what;
+        void* text = nullptr;
+        if (!VerQueryValueW(info.data(), place.c_str(), &text, &length)) return L"";
+        return static_cast<const wchar_t*>(text);
+    };
+    EXPECT_EQ(L"Json_Dll.dll", said(L"OriginalFilename"));
+    EXPECT_EQ(said(L"FileVersion"), said(L"ProductVersion"));
+    for (const wchar_t* what : {L"CompanyName", L"FileDescription", L"LegalCopyright"})
+        EXPECT_NE(L"", said(what)) << std::filesystem::path(what).string();
 }
 
 /// The module's handle has a name in the symbols, which are in a file of their own except in builds

@@ -1,0 +1,18 @@
+# Json_Dll.lib, the import library for Microsoft's linker and those that are like it, made from the list of
+# exports. (Visual Studio makes one by itself when it builds the DLL.)
+if(NOT MINGW)
+  return()
+endif()
+find_program(JSON_DLLTOOL llvm-dlltool)
+if(NOT JSON_DLLTOOL)
+  if(JSON_REPRODUCIBLE)
+    message(FATAL_ERROR "What is handed out has to contain Json_Dll.lib: install llvm.")
+  endif()
+  message(STATUS "Without llvm-dlltool there is no Json_Dll.lib")
+  return()
+endif()
+set(JSON_MICROSOFT_LIBRARY ${CMAKE_BINARY_DIR}/Json_Dll.lib)
+set(exports ${PROJECT_SOURCE_DIR}/runtime/json/Json_Dll.def)
+add_custom_command(OUTPUT ${JSON_MICROSOFT_LIBRARY} DEPENDS ${exports}
+  COMMAND ${JSON_DLLTOOL} -m i386:x86-64 -d ${exports} -D Json_Dll.dll -l ${JSON_MICROSOFT_LIBRARY} VERBATIM)
+add_custom_target(json_microsoft_library ALL DEPENDS ${JSON_MICROSOFT_LIBRARY})
