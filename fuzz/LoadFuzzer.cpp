@@ -1,5 +1,6 @@
 // Any bytes, through every load: what comes of them must be what RapidJSON's own reader makes of
-// them behind its own detection of encodings. The library reads what is plain and well-formed itself.
+// them behind its own detection of encodings. The library reads what is plain and well-formed
+// itself.
 
 #include <gtest/gtest.h>
 

@@ -71,8 +71,9 @@ int RunKeys(const Options& options) {
     ByteSink sink;
     Outside value([&](std::string_view key) {
         if (!options.json && FindLoneSurrogate(key) != key.npos)
-            throw Failure{L"a key holds half of a surrogate pair, which UTF-8 cannot represent; "
-                          L"--json writes it as an escape"};
+            throw Failure{
+                L"a key holds half of a surrogate pair, which UTF-8 cannot represent; "
+                L"--json writes it as an escape"};
         sink.Put(options.json ? JsonOf(key) : std::string(key));
         sink.Put('\n');
     });

@@ -89,8 +89,7 @@ private:
     /// Counts the levels, because each is a call on the stack.
     struct Deeper {
         explicit Deeper(Comparison& whose) : comparison(whose) {
-            if (++comparison.depth > kDeepest)
-                throw Failure{L"nested too deeply to be compared"};
+            if (++comparison.depth > kDeepest) throw Failure{L"nested too deeply to be compared"};
         }
         ~Deeper() { --comparison.depth; }
         Deeper(const Deeper&) = delete;

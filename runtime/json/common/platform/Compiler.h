@@ -1,5 +1,7 @@
 #pragma once
 
+#include <stdint.h>
+
 // What compilers spell differently. Nothing else in the shared sources belongs to one of them.
 
 #if defined(_MSC_VER) && !defined(__clang__)
@@ -37,13 +39,13 @@
 namespace QXJSON {
 
 /// How many zero bits follow the lowest one of a number that is not 0.
-inline unsigned TrailingZeros(unsigned number) {
+inline unsigned TrailingZeros(uint64_t number) {
 #if defined(_MSC_VER) && !defined(__clang__)
     unsigned long index = 0;
-    _BitScanForward(&index, number);
+    _BitScanForward64(&index, number);
     return index;
 #else
-    return static_cast<unsigned>(__builtin_ctz(number));
+    return static_cast<unsigned>(__builtin_ctzll(number));
 #endif
 }
 

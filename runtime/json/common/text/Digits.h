@@ -23,7 +23,7 @@ inline Digits DigitsOf(uint64_t bytes) {
     uint64_t digits = bytes ^ '0' * kEach;
     // The lowest byte that is more than 9 gets or has its top bit; those above it do not count.
     const uint64_t others = ((digits + (0x7F - 9) * kEach) | digits) & kTopBits;
-    const unsigned count = others != 0 ? LowZeros(others) / 8 : kMostDigits;
+    const unsigned count = others != 0 ? TrailingZeros(others) / 8 : kMostDigits;
     if (count == 0) return {0, 0};
     // As if zeros stood in front; then neighbours are joined, and pairs, and fours.
     digits <<= 8 * (kMostDigits - count);

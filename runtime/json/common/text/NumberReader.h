@@ -6,6 +6,7 @@
 #include <cstddef>
 
 #include "Digits.h"
+#include "common/platform/Compiler.h"
 
 // Numbers as RapidJSON's reader makes them of the same digits by default, bit for bit: its types of
 // integers, the order of its operations on doubles, and the digits that it leaves out.
@@ -46,8 +47,7 @@ constexpr size_t kNumberReach = 32;
 /// Adds the digits from here to those of a number, and counts them. Returns where they end, or
 /// where they are too many.
 template <class Unit>
-[[gnu::always_inline]] inline const Unit* AddDigits(const Unit* at, uint64_t& number,
-                                                    unsigned& count) {
+JSON_ALWAYS_INLINE inline const Unit* AddDigits(const Unit* at, uint64_t& number, unsigned& count) {
     static constexpr uint32_t kPowers[] = {1,       10,        100,        1'000,      10'000,
                                            100'000, 1'000'000, 10'000'000, 100'000'000};
     Digits next = {};
@@ -64,7 +64,7 @@ template <class Unit>
 /// exponent, and with so few digits that they can be counted together. Returns where it ends; null
 /// where it is another.
 template <class Unit>
-[[gnu::always_inline]] inline const Unit* ReadPlainNumber(const Unit* at, Number& number) {
+JSON_ALWAYS_INLINE inline const Unit* ReadPlainNumber(const Unit* at, Number& number) {
     constexpr uint64_t kMostTogether = (uint64_t{10} << 53) - 1;
     const bool minus = *at == '-';
     if (minus) ++at;

@@ -32,7 +32,7 @@ inline UnitBlock LoadBlock(const void* units) {
 }
 
 /// A block that lies in one page with the beginning of the text, and may reach beyond its end.
-[[gnu::no_sanitize_address]] inline UnitBlock LoadInPage(const wchar_t* units) {
+JSON_NO_ADDRESS_SANITIZER inline UnitBlock LoadInPage(const wchar_t* units) {
     return _mm_loadu_si128(reinterpret_cast<const UnitBlock*>(units));
 }
 
@@ -80,9 +80,6 @@ inline uint64_t LoadEight(const void* bytes) {
     std::memcpy(&eight, bytes, sizeof eight);
     return eight;
 }
-
-/// How many bits of a number that is not 0 are 0 in front of the lowest that is not.
-inline unsigned LowZeros(uint64_t number) { return static_cast<unsigned>(__builtin_ctzll(number)); }
 
 /// Copies units; for the short runs of most texts a call of memcpy costs more than the copy.
 inline void CopyUnits(wchar_t* to, const wchar_t* from, size_t count) {

@@ -74,7 +74,7 @@ const char* Utf8Source::PassBlanks(const char* at) {
         unsigned others = 0;
         // The zero behind the block is no blank.
         while ((others = 0xFFFF & ~Blanks(Load(at))) == 0) at += kStep;
-        at += LowZeros(others);
+        at += TrailingZeros(others);
     } while (at == stream.End() && stream.More(at));
     return at;
 }
@@ -96,8 +96,8 @@ const char* Utf8Source::CopyAscii(const char* at, wchar_t*& out) {
         const __m128i bytes = Load(at);
         Widen(bytes, out);
         if (const unsigned ends = RunEnds(bytes)) {
-            out += LowZeros(ends);
-            return at + LowZeros(ends);
+            out += TrailingZeros(ends);
+            return at + TrailingZeros(ends);
         }
     }
 }
