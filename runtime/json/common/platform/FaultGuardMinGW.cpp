@@ -10,12 +10,11 @@ extern char FaultLanding[];
 /// The language handler of CallWithFaultHandler's frame.
 EXCEPTION_DISPOSITION FaultHandler(EXCEPTION_RECORD* record, void* frame, CONTEXT*,
                                    DISPATCHER_CONTEXT* dispatcher) {
-    // The codes with which GCC's runtime throws and unwinds: not a fault, somebody else's business.
-    constexpr DWORD kGccExceptionMask = 0xFF'FFFF;
-    constexpr DWORD kGccException = 0x47'4343;  // "GCC"
+    // Thrown, passing frames, or forced through them by GCC's runtime: no fault, somebody else's.
+    const DWORD code = record->ExceptionCode;
+    const bool gcc = code == 0x20474343 || code == 0x21474343 || code == 0x22474343;
     const bool unwinding = (record->ExceptionFlags & EXCEPTION_UNWIND) != 0;
-    if (unwinding || (record->ExceptionCode & kGccExceptionMask) == kGccException)
-        return ExceptionContinueSearch;
+    if (unwinding || gcc) return ExceptionContinueSearch;
 
     RtlUnwindEx(frame, FaultLanding, record, nullptr, dispatcher->ContextRecord,
                 dispatcher->HistoryTable);
