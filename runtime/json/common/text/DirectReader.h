@@ -82,7 +82,7 @@ private:
         return nullptr;
     }
     const Unit* PassBlanks(const Unit* at) { return *at > ' ' ? at : source.PassBlanks(at); }
-    bool InObject() const { return state.depth > 0 && state.open[state.depth - 1].isObject; }
+    static Unit EndOf(bool isObject) { return isObject ? Unit{'}'} : Unit{']'}; }
 
     const Unit* ReadLeaf(const Unit* at);
     const Unit* Open(const Unit* at, bool isObject);
@@ -139,7 +139,7 @@ auto DirectReader<Source, Handler>::Open(const Unit* at, bool isObject) -> const
         handler.StartArray();
     state.open[state.depth] = {isObject, 0};
     at = PassBlanks(at + 1);
-    if (*at == (isObject ? '}' : ']')) {
+    if (*at == EndOf(isObject)) {
         Close(isObject, 0);
         return at + 1;
     }
@@ -167,7 +167,7 @@ auto DirectReader<Source, Handler>::PassEnds(const Unit* at) -> const Unit* {
             at = PassBlanks(at + 1);
             return container.isObject ? ReadKey(at) : at;
         }
-        if (*at != (container.isObject ? '}' : ']')) return Stop(at, Awaited::kFollower);
+        if (*at != EndOf(container.isObject)) return Stop(at, Awaited::kFollower);
         Close(container.isObject, container.count);
     }
     return at;

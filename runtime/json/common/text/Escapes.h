@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <type_traits>
+
 #include "Surrogates.h"
 
 // Escapes in the strings of JSON.
@@ -14,7 +17,7 @@ template <class Unit>
 unsigned ReadHex(const Unit* at) {
     unsigned number = 0;
     for (int i = 0; i < 4; ++i) {
-        const auto unit = static_cast<unsigned>(at[i]);
+        const unsigned unit = static_cast<std::make_unsigned_t<Unit>>(at[i]);
         const unsigned digit = unit - '0';
         const unsigned letter = (unit | 0x20) - 'a';
         if (digit <= 9)
@@ -55,7 +58,7 @@ template <class Unit>
 const Unit* ReadEscape(const Unit* at, wchar_t (&units)[2], size_t& count) {
     count = 1;
     ++at;
-    units[0] = ShortEscape(static_cast<unsigned>(*at));
+    units[0] = ShortEscape(static_cast<std::make_unsigned_t<Unit>>(*at));
     if (units[0] != 0) return at + 1;
     if (*at != 'u') return nullptr;
     const unsigned first = ReadHex(at + 1);

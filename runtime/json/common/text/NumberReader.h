@@ -4,6 +4,7 @@
 #include <stdint.h>
 
 #include <cstddef>
+#include <type_traits>
 
 #include "Digits.h"
 #include "common/platform/Compiler.h"
@@ -122,7 +123,7 @@ public:
 
 private:
     /// The digit here; more than 9 where there is none.
-    unsigned Digit() const { return static_cast<unsigned>(*at) - '0'; }
+    unsigned Digit() const { return unsigned{static_cast<std::make_unsigned_t<Unit>>(*at)} - '0'; }
     bool AtExponent() const { return (*at | 0x20) == 'e'; }
     bool TakeIf(char c) {
         const bool is = *at == static_cast<Unit>(c);

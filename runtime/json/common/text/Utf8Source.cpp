@@ -79,20 +79,20 @@ const char* Utf8Source::PassBlanks(const char* at) {
     return at;
 }
 
-/// Makes room for a step of copying.
-wchar_t* Utf8Source::MakeRoom(wchar_t* out) {
-    const auto used = static_cast<size_t>(out - scratch.Bottom<wchar_t>());
+/// Makes room for a step of copying behind so many units; returns where that is.
+wchar_t* Utf8Source::MakeRoom(size_t used) {
     scratch.Clear();
     scratch.PushUnsafe<wchar_t>(used);
     scratch.Reserve<wchar_t>(2 * kStep);
-    limit = scratch.Bottom<wchar_t>() + scratch.GetCapacity() / sizeof(wchar_t) - kStep;
-    return scratch.Bottom<wchar_t>() + used;
+    wchar_t* const begin = scratch.Bottom<wchar_t>();
+    limit = begin + scratch.GetCapacity() / sizeof(wchar_t) - kStep;
+    return begin + used;
 }
 
 /// Copies ASCII up to what does not stand for itself.
 const char* Utf8Source::CopyAscii(const char* at, wchar_t*& out) {
     for (;; at += kStep, out += kStep) {
-        if (out > limit) out = MakeRoom(out);
+        if (out > limit) out = MakeRoom(LengthTo(out));
         const __m128i bytes = Load(at);
         Widen(bytes, out);
         if (const unsigned ends = RunEnds(bytes)) {
@@ -104,7 +104,7 @@ const char* Utf8Source::CopyAscii(const char* at, wchar_t*& out) {
 
 /// Copies one escape, or characters beyond ASCII; null where neither stands here as a whole.
 const char* Utf8Source::CopyOthers(const char* at, wchar_t*& out) {
-    if (out > limit) out = MakeRoom(out);
+    if (out > limit) out = MakeRoom(LengthTo(out));
     if (*at == '\\') {
         wchar_t units[2];
         size_t count = 0;
@@ -126,7 +126,7 @@ bool Utf8Source::IsUnfinished(const char* at) const {
     const std::string_view rest(at, static_cast<size_t>(stream.End() - at));
     if (rest.empty()) return true;
     const bool isLong = *at == '\\' || *at < 0;
-    return isLong && rest.size() < kLongestEscape && rest.find('\0') == rest.npos;
+    return isLong && rest.size() < kLongestEscape && rest.find('\0') == std::string_view::npos;
 }
 
 const char* Utf8Source::ReadText(const char* at) {
@@ -144,7 +144,7 @@ const char* Utf8Source::ReadText(const char* at) {
             break;
         }
     }
-    length = static_cast<size_t>(out - scratch.Bottom<wchar_t>());
+    length = LengthTo(out);
     return at ? at + 1 : nullptr;
 }
 

@@ -15,7 +15,7 @@ public:
 
     /// `memory` takes the strings.
     Utf8Source(Utf8Stream& bytes, ByteBuffer& memory) : stream(bytes), scratch(memory) {
-        MakeRoom(nullptr);
+        MakeRoom(0);
     }
 
     const char* Begin() const { return stream.InHand().data(); }
@@ -30,7 +30,10 @@ public:
     void Stop(const char* at) { stream.GoOn(at); }
 
 private:
-    wchar_t* MakeRoom(wchar_t* out);
+    wchar_t* MakeRoom(size_t used);
+    size_t LengthTo(const wchar_t* out) const {
+        return static_cast<size_t>(out - scratch.Bottom<wchar_t>());
+    }
     const char* CopyAscii(const char* at, wchar_t*& out);
     const char* CopyOthers(const char* at, wchar_t*& out);
     bool IsUnfinished(const char* at) const;
