@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "Command.h"
+#include "Lines.h"
 #include "Output.h"
 
 namespace tool {
@@ -12,11 +13,18 @@ struct Options {
     InputOptions input;
     std::string out = "-";
     TextForm form;
+    bool lines = false;
 };
 
 int Run(const Options& options) {
     Output output(options.out, options.form);
-    output.Write([&](Events& writer) { options.input.Read(writer); });
+    if (options.lines) {
+        Lines lines(options.input.file);
+        while (const auto line = lines.Next())
+            output.Write([&](Events& writer) { line->Read(writer, options.input.ansi); });
+    } else {
+        output.Write([&](Events& writer) { options.input.Read(writer); });
+    }
     output.Finish();
     return kGood;
 }
@@ -30,6 +38,7 @@ Command Format(CLI::App& program) {
     AddInput(*line, options->input);
     AddOutput(*line, options->out);
     AddForm(*line, options->form);
+    line->add_flag("--lines", options->lines, "Every line of FILE is a document (NDJSON)");
     return {line, [options] { return Run(*options); }};
 }
 

@@ -5,6 +5,7 @@
 #include "Command.h"
 #include "Failure.h"
 #include "Input.h"
+#include "Lines.h"
 #include "Output.h"
 #include "PathSplit.h"
 #include "Text.h"
@@ -16,6 +17,7 @@ struct Options {
     InputOptions input;
     PathOptions path;
     bool json = false;
+    bool lines = false;
 };
 
 /// Writes a value for people: a string without quotation marks.
@@ -52,20 +54,33 @@ private:
     bool isInside = false;
 };
 
-int Run(const Options& options) {
-    const ItemPath path = options.path.Parsed();
+/// Prints the value at a path. Returns whether there was one.
+bool PrintValue(const Input& input, const ItemPath& path, const Options& options) {
     ByteSink sink;
     NoEvents rest;
     const std::unique_ptr<Events> writer =
         options.json ? NewWriter(sink, TextForm())
                      : std::make_unique<PlainWriter>(sink, options.path.path);
     PathSplit split(path, *writer, rest);
-    const Input input(options.input.file);
     input.Read(split, options.input.ansi);
-    if (!split.Found())
-        throw Failure{input.Label() + L": there is nothing at " + FromUtf8(path.text)};
+    if (!split.Found()) return false;
     sink.Put('\n');
     sink.PassOn(stdout);
+    return true;
+}
+
+int Run(const Options& options) {
+    const ItemPath path = options.path.Parsed();
+    const std::wstring nothing = L": there is nothing at " + FromUtf8(path.text);
+    if (!options.lines) {
+        const Input input(options.input.file);
+        if (!PrintValue(input, path, options)) throw Failure{input.Label() + nothing};
+        return kGood;
+    }
+    Lines lines(options.input.file);
+    bool found = false;
+    while (const auto line = lines.Next()) found |= PrintValue(*line, path, options);
+    if (!found) throw Failure{L"in no line" + nothing.substr(1)};
     return kGood;
 }
 
@@ -78,6 +93,9 @@ Command Get(CLI::App& program) {
                    "Prints a value: the characters of a string, the JSON of anything else");
     AddInput(*line, options->input, {{"PATH", options->path.path, "The path of the value"}});
     line->add_flag("--json", options->json, "Print strings as JSON too");
+    line->add_flag(
+        "--lines", options->lines,
+        "Every line of FILE is a document (NDJSON); a line without the value is passed over");
     AddPathSyntax(*line, options->path, "The exit code is 1 when there is nothing at the path.");
     return {line, [options] { return Run(*options); }};
 }

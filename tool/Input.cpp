@@ -32,10 +32,10 @@ std::wstring InWords(const Position& position) {
 }  // namespace
 
 Input::Input(const std::string& argument) : name(FromUtf8(argument)) {
-    if (argument == "-") memory = ReadStandardInput();
+    if (argument != "-") return;
+    memory = ReadStandardInput();
+    name = L"(standard input)";
 }
-
-std::wstring Input::Label() const { return memory ? L"(standard input)" : name; }
 
 void Input::Open(const std::function<void(ByteStream&)>& use) const {
     if (memory) {

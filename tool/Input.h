@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ByteStream.h"
@@ -26,8 +27,11 @@ public:
     /// A file by its name.
     explicit Input(const std::wstring& fileName) : name(fileName) {}
 
+    /// A text in memory.
+    Input(std::string text, std::wstring label) : name(std::move(label)), memory(std::move(text)) {}
+
     /// Its name in messages.
-    std::wstring Label() const;
+    const std::wstring& Label() const { return name; }
 
     /// Has the library load it. Returns what is wrong, in one line, or nothing.
     std::optional<std::wstring> LoadInto(const QXJSON::hosting::Parser& parser) const;
@@ -54,7 +58,7 @@ private:
     std::wstring Remark(uint64_t offset) const;
     std::wstring PositionInBytes(uint64_t offset) const;
 
-    std::wstring name;
+    std::wstring name;                  ///< of the file, or of the text in messages
     std::optional<std::string> memory;  ///< what it consists of, if it is not a file
 };
 

@@ -43,6 +43,8 @@ bool Output::IsUtf16() const {
 }
 
 void Output::Write(const std::function<void(Events&)>& produce) {
+    if (file && hasDocument) sink.Put('\n');
+    hasDocument = true;
     const auto writer = NewWriter(sink, form);
     if (form.sortKeys) {
         Tree tree;

@@ -25,7 +25,7 @@ class Output {
 public:
     Output(const std::string& out, const TextForm& textForm);
 
-    /// Writes a document, whose events a function produces.
+    /// Writes a document, whose events a function produces; one that follows another begins a line.
     void Write(const std::function<void(Events&)>& produce);
     /// All is written.
     void Finish();
@@ -36,6 +36,7 @@ private:
     const TextForm form;
     std::optional<ReplacementFile> file;
     ByteSink sink;
+    bool hasDocument = false;
 };
 
 }  // namespace tool

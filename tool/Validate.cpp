@@ -1,12 +1,14 @@
 // jsontool validate: whether files are JSON.
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "Command.h"
 #include "Files.h"
 #include "Findings.h"
 #include "Input.h"
+#include "Lines.h"
 #include "Output.h"
 #include "Progress.h"
 #include "Text.h"
@@ -21,15 +23,17 @@ struct Options {
     std::vector<std::string> names;
     std::string pattern = "*.json";
     bool strict = false;
+    bool lines = false;
 };
 
-std::string Counted(size_t count, const char* one, const char* many) {
-    return std::to_string(count) + " " + (count == 1 ? one : many);
+std::string Counted(size_t count, const std::string& what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
 class Validation {
 public:
-    explicit Validation(bool strictly) : strict(strictly) {}
+    Validation(bool strictly, std::string whatIsCounted)
+        : strict(strictly), what(std::move(whatIsCounted)) {}
 
     void Check(const Input& input) {
         ++files;
@@ -45,8 +49,8 @@ public:
 
     int Conclude() {
         ClearProgress();
-        Print(Counted(files, "file", "files") + ", " + std::to_string(bad) + " bad" +
-              (warnings > 0 ? ", " + Counted(warnings, "warning", "warnings") : "") +
+        Print(Counted(files, what) + ", " + std::to_string(bad) + " bad" +
+              (warnings > 0 ? ", " + Counted(warnings, "warning") : "") +
               (missed > 0 ? ", " + std::to_string(missed) + " not listed\n" : "\n"));
         return bad + missed > 0 ? kBad : kGood;
     }
@@ -74,21 +78,33 @@ private:
     }
 
     const bool strict;
+    const std::string what;
     const Parser parser = NewParser();
     size_t files = 0, bad = 0, warnings = 0;
     size_t missed = 0;  ///< folders
 };
 
+/// A file, or every line of it.
+void CheckFile(Validation& validation, const Options& options, const std::string& name) {
+    if (!options.lines) {
+        validation.Check(Input(name));
+        return;
+    }
+    Lines lines(name);
+    while (const auto line = lines.Next()) validation.Check(*line);
+}
+
 int Run(const Options& options) {
-    Validation validation(options.strict);
+    Validation validation(options.strict, options.lines ? "document" : "file");
     for (const std::string& name : options.names) {
         const std::wstring wide = FromUtf8(name);
         if (IsFolder(wide)) {
             const FoundFiles found = FilesBelow(wide, FromUtf8(options.pattern));
-            for (const std::wstring& file : found.files) validation.Check(Input(file));
+            for (const std::wstring& file : found.files)
+                CheckFile(validation, options, ToUtf8(file));
             for (const std::wstring& folder : found.unlisted) validation.Miss(folder);
         } else {
-            validation.Check(Input(name));
+            CheckFile(validation, options, name);
         }
     }
     return validation.Conclude();
@@ -110,6 +126,7 @@ Command Validate(CLI::App& program) {
         ->type_name("NAME");
     line->add_flag("--strict", options->strict,
                    "Accept what RFC 8259 calls JSON, and nothing else");
+    line->add_flag("--lines", options->lines, "Every line is a document (NDJSON)");
     line->footer(
         "A line for each failure: FILE:OFFSET: MESSAGE (line LINE, column COLUMN)\n"
         "The offset is where reading stopped, in bytes; the line and the column, in characters "

@@ -2,6 +2,9 @@
 
 jsontool --version
 [[ $code$out =~ ^0jsontool\ [0-9.]+,\ Json_Dll\ [0-9.]+.?$ ]] || wrong "expected two versions"
+# The version, as the system shows it.
+tr -d '\0' < "$tool" > flat
+grep -aq 'OriginalFilenamejsontool.exe' flat || wrong 'expected a version resource'
 jsontool --help
 for command in inspect get keys length type validate format convert set delete merge diff; do
     contains "  $command "
