@@ -16,7 +16,7 @@ set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${contract})
 
 # Compiled once for all programs, with the headers that nearly all test sources include.
 add_library(json_test_support OBJECT ${support}
-  host/CatchFaultHost.cpp host/ImportPatchHost.cpp host/ProcessUseHost.cpp
+  host/CatchFaultHost.cpp host/ImportPatchHost.cpp host/JsonDllNameHost.cpp host/ProcessUseHost.cpp
   host/StackThreadHost.cpp)
 target_compile_definitions(json_test_support PRIVATE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0602)
 target_include_directories(json_test_support PRIVATE host ${PROJECT_SOURCE_DIR}/runtime/json model operations support)

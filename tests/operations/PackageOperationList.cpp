@@ -3,6 +3,9 @@
 #include "Describe.h"
 #include "IJsonPackage.h"
 
+// The operation, which has a slot, not the call that <windows.h> makes of its name.
+#undef LoadString
+
 namespace support {
 namespace {
 
