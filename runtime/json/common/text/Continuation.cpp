@@ -5,7 +5,7 @@ namespace {
 
 /// What leads to a place in the innermost container, or at the root.
 struct Step {
-    const char* text;
+    std::string_view text;
     size_t events;
 };
 
@@ -22,7 +22,7 @@ constexpr Step kToNextElement = {"\"\",", 1};
 
 LeadingText::LeadingText(const ReaderState& state) {
     const auto add = [this](const Step& step) {
-        text += step.text;
+        text.insert(text.end(), step.text.begin(), step.text.end());
         events += step.events;
     };
     bool inObject = false;
@@ -57,6 +57,7 @@ LeadingText::LeadingText(const ReaderState& state) {
             add(inObject ? kBehindMember : kBehindText);
             break;
     }
+    text.push_back(0);
 }
 
 bool ContinuedDocument::Passes() {

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "DirectReader.h"
 #include "Utf8Stream.h"
@@ -18,7 +19,7 @@ namespace QXJSON {
 struct LeadingText {
     explicit LeadingText(const ReaderState& state);
 
-    std::string text;
+    std::vector<char> text;   ///< with a zero at its end
     size_t events = 0;        ///< how many it makes
     bool hasStandIn = false;  ///< in the innermost container something stands for what was read
 };
@@ -29,7 +30,7 @@ public:
     using Ch = char;
 
     ContinuedStream(const LeadingText& leading, Utf8Stream& stream)
-        : lead(leading.text.c_str()), rest(stream) {}
+        : lead(leading.text.data()), rest(stream) {}
 
     Ch Peek() const { return *lead != 0 ? *lead : rest.Peek(); }
     Ch Take() { return *lead != 0 ? *lead++ : rest.Take(); }
