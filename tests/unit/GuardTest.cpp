@@ -26,8 +26,8 @@ TEST(Guard, PassesArgumentsOn) {
     };
     const int four = 4;
     EXPECT_EQ(64, Guarded(sum, int8_t{-1}, 12.5, &four, 32.5f, int64_t{15}, true));
-    EXPECT_EQ(kEscapedFailure, Guarded(sum, int8_t{-1}, 12.5, static_cast<const int*>(nullptr),
-                                       32.5f, int64_t{15}, true));
+    const auto* const nowhere = reinterpret_cast<const int*>(uintptr_t{8});
+    EXPECT_EQ(kEscapedFailure, Guarded(sum, int8_t{-1}, 12.5, nowhere, 32.5f, int64_t{15}, true));
 }
 
 TEST(Guard, AnswersEveryCppException) {

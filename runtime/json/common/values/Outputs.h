@@ -12,12 +12,12 @@ void EnsureWritable(T* output) {
     // The first and the last byte: an output may lie across two pages, and at any address.
     auto* const bytes = reinterpret_cast<volatile unsigned char*>(output);
     constexpr size_t kLast = sizeof(T) - 1;
-    const auto writeBack = [](volatile unsigned char& byte) {
-        const unsigned char same = byte;
-        byte = same;
+    const auto writeBack = [](volatile unsigned char* byte) {
+        const unsigned char same = *byte;
+        *byte = same;
     };
-    writeBack(bytes[0]);
-    writeBack(bytes[kLast]);
+    writeBack(bytes);
+    writeBack(bytes + kLast);
 }
 
 }  // namespace QXJSON
