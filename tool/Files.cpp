@@ -6,8 +6,6 @@
 
 #include <fcntl.h>
 #include <io.h>
-#include <share.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -15,6 +13,7 @@
 #include <memory>
 
 #include "Failure.h"
+#include "Progress.h"
 
 namespace tool {
 namespace {
@@ -72,8 +71,10 @@ std::wstring Openable(const std::wstring& name) {
 std::optional<std::string> ReadAll(std::FILE* file) {
     std::string bytes;
     char block[64 * 1024];
-    while (const size_t count = std::fread(block, 1, sizeof block, file))
+    while (const size_t count = std::fread(block, 1, sizeof block, file)) {
         bytes.append(block, count);
+        ProgressBy(count);
+    }
     if (std::ferror(file)) return std::nullopt;
     return bytes;
 }
@@ -118,15 +119,32 @@ bool LacksFolder(const std::wstring& fullName) {
     return !isDevice && !IsFolder(fullName.substr(0, fullName.find_last_of(L'\\') + 1));
 }
 
-/// Creates a file that was not there.
+/// Creates a file that was not there. It can be deleted while it is open.
 std::FILE* CreateNew(const std::wstring& name) {
-    int descriptor = -1;
-    if (_wsopen_s(&descriptor, name.c_str(), _O_CREAT | _O_EXCL | _O_WRONLY | _O_BINARY, _SH_DENYNO,
-                  _S_IREAD | _S_IWRITE) != 0)
+    const HANDLE created = CreateFileW(name.c_str(), GENERIC_WRITE,
+                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                       nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (created == INVALID_HANDLE_VALUE) return nullptr;
+    const int descriptor = _open_osfhandle(reinterpret_cast<intptr_t>(created), _O_BINARY);
+    if (descriptor == -1) {
+        CloseHandle(created);
         return nullptr;
+    }
     std::FILE* const file = _wfdopen(descriptor, L"wb");
     if (!file) _close(descriptor);
     return file;
+}
+
+/// The name of the file that is to be deleted when the user interrupts the program.
+std::wstring& Unfinished() {
+    static std::wstring name;
+    return name;
+}
+
+/// Called on a thread of its own, after which the program ends.
+BOOL WINAPI DeleteUnfinished(DWORD) {
+    DeleteFileW(Unfinished().c_str());
+    return FALSE;
 }
 
 }  // namespace
@@ -138,9 +156,12 @@ ReplacementFile::ReplacementFile(const std::wstring& other) : label(other) {
     name = Openable(full + L".jsontool-" + std::to_wstring(GetCurrentProcessId()));
     file.reset(CreateNew(name));
     if (!file) throw Failure{other + kUnwritable};
+    Unfinished() = name;
+    SetConsoleCtrlHandler(DeleteUnfinished, TRUE);
 }
 
 ReplacementFile::~ReplacementFile() {
+    SetConsoleCtrlHandler(DeleteUnfinished, FALSE);
     file.reset();
     if (!name.empty() && !isInPlace) DeleteFileW(name.c_str());
 }

@@ -18,7 +18,10 @@ using namespace QXJSON::hosting;
 
 namespace {
 
+constexpr wchar_t kStandardInput[] = L"(standard input)";
+
 std::string ReadStandardInput() {
+    ProgressOf(kStandardInput, 0);
     auto bytes = ReadAll(stdin);
     if (!bytes) throw Failure{L"the standard input cannot be read"};
     return std::move(*bytes);
@@ -34,7 +37,7 @@ std::wstring InWords(const Position& position) {
 Input::Input(const std::string& argument) : name(FromUtf8(argument)) {
     if (argument != "-") return;
     memory = ReadStandardInput();
-    name = L"(standard input)";
+    name = kStandardInput;
 }
 
 void Input::Open(const std::function<void(ByteStream&)>& use) const {
