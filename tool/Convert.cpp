@@ -44,16 +44,15 @@ Command Convert(CLI::App& program) {
     CLI::App* const line = AddCommand(program, "convert", "[FILE] -o OUT --to ENCODING",
                                       "Writes a document in another encoding");
     AddInput(*line, options->input);
-    AddOutput(*line, options->out)
-        ->required()
-        ->description("The file to write; - for the standard output");
-    line->add_option("--to", options->encoding,
-                     "utf-8, utf-16le, utf-16be, or ascii, which escapes all other characters")
-        ->required()
-        ->type_name("ENCODING")
-        ->transform(CLI::IsMember(Encodings(), CLI::ignore_case).description(""));
+    AddOutput(*line, options->out, Need::kRequired);
+    std::vector<std::string> names;
+    for (const auto& encoding : Encodings()) names.push_back(encoding.first);
+    AddChoice(*line,
+              {"--to", "ENCODING",
+               "utf-8, utf-16le, utf-16be, or ascii, which escapes all other characters"},
+              options->encoding, names, Need::kRequired);
     AddForm(*line, options->form);
-    line->footer("A file in UTF-16 begins with a byte-order mark without --bom too.");
+    AddFooter(*line, "A file in UTF-16 begins with a byte-order mark without --bom too.");
     return {line, [options] { return Run(*options); }};
 }
 

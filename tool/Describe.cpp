@@ -105,8 +105,9 @@ Command New(CLI::App& program, const char* name, const char* description,
     const auto options = std::make_shared<Options>();
     CLI::App* const line = AddCommand(program, name, "[FILE [PATH]]", description);
     AddInput(*line, options->input);
-    line->add_option("PATH", options->path.path, "The path of the value; without it, the root");
-    if (run == RunKeys) line->add_flag("--json", options->json, "Print the keys as JSON strings");
+    AddOperand(*line, {"PATH", options->path.path, "The path of the value; without it, the root"},
+               Need::kOptional);
+    if (run == RunKeys) AddFlag(*line, "--json", options->json, "Print the keys as JSON strings");
     AddPathSyntax(*line, options->path, "The exit code is 1 when there is nothing at the path.");
     return {line, [options, run] { return run(*options); }};
 }

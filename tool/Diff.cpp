@@ -19,12 +19,13 @@ struct Options {
     std::string first, second;
     PathOptions path;
     bool ansi = false;
+    Colours colours;
 };
 
 class Comparison {
 public:
-    Comparison(const Tree& before, const Tree& after, PathSyntax howPathsAreWritten)
-        : a(before), b(after), syntax(howPathsAreWritten) {}
+    Comparison(const Tree& before, const Tree& after, const Options& how)
+        : a(before), b(after), syntax(how.path.Syntax()), colours(how.colours) {}
 
     void Compare(const std::string& path, size_t old, size_t fresh) {
         const ValueKind kind = a.KindOf(old);
@@ -105,14 +106,16 @@ private:
 
     void Tell(const std::string& path, const std::string& before, const std::string& after) {
         differs = true;
-        Print((path.empty() && syntax == PathSyntax::kItemPath ? "/" : path) + ": " + before +
-              " -> " + after + "\n");
+        Print((path.empty() && syntax == PathSyntax::kItemPath ? "/" : path) + ": " +
+              colours.In(Colour::kBefore, before) + " -> " + colours.In(Colour::kAfter, after) +
+              "\n");
     }
 
     static constexpr size_t kDeepest = 1000;
     const Tree& a;
     const Tree& b;
     const PathSyntax syntax;
+    const Colours colours;
     size_t depth = 0;
 };
 
@@ -120,7 +123,7 @@ int Run(const Options& options) {
     Tree before, after;
     Input(options.first).Read(before, options.ansi);
     Input(options.second).Read(after, options.ansi);
-    Comparison comparison(before, after, options.path.Syntax());
+    Comparison comparison(before, after, options);
     comparison.Compare("", Tree::kRoot, Tree::kRoot);
     return comparison.differs ? kBad : kGood;
 }
@@ -132,12 +135,15 @@ Command Diff(CLI::App& program) {
     CLI::App* const line =
         AddCommand(program, "diff", "FILE FILE",
                    "Prints where two documents differ; the exit code is 1 if they do");
-    line->add_option("FILE", options->first, "A JSON file; - for the standard input")->required();
-    line->add_option("OTHER", options->second, "Another one")->required();
+    AddOperand(*line, {"FILE", options->first, "A JSON file; - for the standard input"},
+               Need::kRequired);
+    AddOperand(*line, {"OTHER", options->second, "Another one"}, Need::kRequired);
     AddAnsi(*line, options->ansi);
-    line->add_flag("--pointer", options->path.isPointer,
-                   "Print JSON Pointers (RFC 6901) rather than item paths");
-    line->footer(
+    AddFlag(*line, "--pointer", options->path.isPointer,
+            "Print JSON Pointers (RFC 6901) rather than item paths");
+    AddColours(*line, options->colours);
+    AddFooter(
+        *line,
         "A line for each difference: PATH: WHAT WAS THERE -> WHAT IS THERE, where \"nothing\" may "
         "stand\nfor either. The order of members is no difference, nor is the spelling of a "
         "number: 1.0 is 1.");

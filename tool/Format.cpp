@@ -38,7 +38,7 @@ Command Format(CLI::App& program) {
     AddInput(*line, options->input);
     AddOutput(*line, options->out);
     AddForm(*line, options->form);
-    line->add_flag("--lines", options->lines, "Every line of FILE is a document (NDJSON)");
+    AddFlag(*line, "--lines", options->lines, "Every line of FILE is a document (NDJSON)");
     return {line, [options] { return Run(*options); }};
 }
 

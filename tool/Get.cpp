@@ -16,6 +16,7 @@ namespace {
 struct Options {
     InputOptions input;
     PathOptions path;
+    TextForm form;
     bool json = false;
     bool lines = false;
 };
@@ -23,8 +24,8 @@ struct Options {
 /// Writes a value for people: a string without quotation marks.
 class PlainWriter : public Events {
 public:
-    PlainWriter(ByteSink& whereTo, const std::string& nameOfValue)
-        : sink(whereTo), name(nameOfValue), json(NewWriter(whereTo, TextForm())) {}
+    PlainWriter(ByteSink& whereTo, const std::string& nameOfValue, const TextForm& form)
+        : sink(whereTo), name(nameOfValue), json(NewWriter(whereTo, form)) {}
 
     void Scalar(ValueKind kind, std::string_view text) override {
         if (isInside || kind != ValueKind::kString)
@@ -59,8 +60,8 @@ bool PrintValue(const Input& input, const ItemPath& path, const Options& options
     ByteSink sink;
     NoEvents rest;
     const std::unique_ptr<Events> writer =
-        options.json ? NewWriter(sink, TextForm())
-                     : std::make_unique<PlainWriter>(sink, options.path.path);
+        options.json ? NewWriter(sink, options.form)
+                     : std::make_unique<PlainWriter>(sink, options.path.path, options.form);
     PathSplit split(path, *writer, rest);
     input.Read(split, options.input.ansi);
     if (!split.Found()) return false;
@@ -92,10 +93,10 @@ Command Get(CLI::App& program) {
         AddCommand(program, "get", "[FILE] PATH",
                    "Prints a value: the characters of a string, the JSON of anything else");
     AddInput(*line, options->input, {{"PATH", options->path.path, "The path of the value"}});
-    line->add_flag("--json", options->json, "Print strings as JSON too");
-    line->add_flag(
-        "--lines", options->lines,
-        "Every line of FILE is a document (NDJSON); a line without the value is passed over");
+    AddFlag(*line, "--json", options->json, "Print strings as JSON too");
+    AddFlag(*line, "--lines", options->lines,
+            "Every line of FILE is a document (NDJSON); a line without the value is passed over");
+    AddColours(*line, options->form.colours);
     AddPathSyntax(*line, options->path, "The exit code is 1 when there is nothing at the path.");
     return {line, [options] { return Run(*options); }};
 }

@@ -20,6 +20,7 @@ struct Options {
     PathOptions path;
     unsigned depth = 100;
     unsigned width = 60;
+    Colours colours;
 };
 
 std::string Counted(size_t count, const char* one, const char* many) {
@@ -39,8 +40,8 @@ public:
     Outline(const Tree& document, const Options& how) : tree(document), options(how) {}
 
     void Show(const std::string& name, size_t value, unsigned level) {
-        Print(std::string(2 * size_t{level}, ' ') + name + "  " + NameOf(tree.KindOf(value)) +
-              Detail(value) + "\n");
+        Print(std::string(2 * size_t{level}, ' ') + options.colours.In(Colour::kKey, name) + "  " +
+              NameOf(tree.KindOf(value)) + Detail(value) + "\n");
         if (level == options.depth) return;
         size_t position = 0;
         for (const Tree::Child& child : tree.ChildrenOf(value)) {
@@ -63,10 +64,14 @@ private:
             case ValueKind::kNull:
                 return "";
             case ValueKind::kString:
-                return "  " + OnOneLine(JsonOf(tree.TextOf(value)));
+                return "  " + Coloured(value, JsonOf(tree.TextOf(value)));
             default:
-                return "  " + OnOneLine(tree.TextOf(value));
+                return "  " + Coloured(value, tree.TextOf(value));
         }
+    }
+
+    std::string Coloured(size_t value, std::string_view json) const {
+        return options.colours.In(ColourOf(tree.KindOf(value)), OnOneLine(json));
     }
 
     /// A text on one line, cut if it is too long.
@@ -105,14 +110,13 @@ Command Inspect(CLI::App& program) {
     CLI::App* const line =
         AddCommand(program, "inspect", "[FILE [PATH]]", "Shows a document as an outline");
     AddInput(*line, options->input);
-    line->add_option("PATH", options->path.path, "The path of the value to start with");
-    line->add_option("--depth", options->depth, "How many levels to show below that value (100)")
-        ->check(CLI::Range(0u, 1000u).description(""))
-        ->type_name("N");
-    line->add_option("--width", options->width,
-                     "How many characters of names and values to show (60)")
-        ->check(CLI::Range(1u, 1000000u).description(""))
-        ->type_name("N");
+    AddOperand(*line, {"PATH", options->path.path, "The path of the value to start with"},
+               Need::kOptional);
+    AddNumber(*line, {"--depth", "N", "How many levels to show below that value (100)"},
+              options->depth, 0, 1000);
+    AddNumber(*line, {"--width", "N", "How many characters of names and values to show (60)"},
+              options->width, 1, 1000000);
+    AddColours(*line, options->colours);
     AddPathSyntax(*line, options->path);
     return {line, [options] { return Run(*options); }};
 }

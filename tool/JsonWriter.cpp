@@ -6,6 +6,7 @@
 #include <rapidjson/writer.h>
 
 #include <algorithm>
+#include <type_traits>
 
 #include "Text.h"
 
@@ -43,15 +44,16 @@ std::string Escaped(std::string_view text) {
 template <class Target, class Format>
 class JsonWriter : public Events {
 public:
-    explicit JsonWriter(ByteSink& sink) : output(sink, false), format(output) {}
+    JsonWriter(ByteSink& sink, const Colours& whichColours)
+        : output(sink, false), format(output), colours(whichColours) {}
 
     void Scalar(ValueKind kind, std::string_view text) override {
         if (kind == ValueKind::kString)
-            String(text);
+            String(text, ColourOf(kind));
         else
-            format.RawValue(text.data(), text.size(), kNumberType);
+            Json(text, kNumberType, ColourOf(kind));
     }
-    void Key(std::string_view name) override { String(name); }
+    void Key(std::string_view name) override { String(name, Colour::kKey); }
     void Start(ValueKind kind) override {
         kind == ValueKind::kObject ? format.StartObject() : format.StartArray();
     }
@@ -62,23 +64,40 @@ public:
     Format& Inner() { return format; }
 
 private:
-    void String(std::string_view text) {
-        if (FindLoneSurrogate(text) == std::string_view::npos) {
+    void String(std::string_view text, Colour colour) {
+        const bool isWhole = FindLoneSurrogate(text) == std::string_view::npos;
+        if (isWhole && !colours)
             format.String(text.data(), static_cast<SizeType>(text.size()));
+        else
+            Json(isWhole ? Quoted(text) : Escaped(text), kStringType, colour);
+    }
+    void Json(std::string_view json, Type type, Colour colour) {
+        if (!colours) {
+            format.RawValue(json.data(), json.size(), type);
             return;
         }
-        const std::string json = Escaped(text);
-        format.RawValue(json.data(), json.size(), kStringType);
+        const std::string coloured = colours.In(colour, json);
+        format.RawValue(coloured.data(), coloured.size(), type);
+    }
+    /// A string as JSON, as the format would write it.
+    static std::string Quoted(std::string_view text) {
+        using Encoding = std::conditional_t<std::is_same_v<Target, ASCII<>>, ASCII<>, UTF8<>>;
+        StringBuffer json;
+        Writer<StringBuffer, UTF8<>, Encoding>(json).String(text.data(),
+                                                            static_cast<SizeType>(text.size()));
+        return {json.GetString(), json.GetSize()};
     }
 
     Output<Target> output;
     Format format;
+    const Colours colours;
 };
 
 template <class Target>
 std::unique_ptr<Events> New(ByteSink& sink, const TextForm& form) {
-    if (form.indent == 0) return std::make_unique<JsonWriter<Target, CompactWriter<Target>>>(sink);
-    auto writer = std::make_unique<JsonWriter<Target, IndentingWriter<Target>>>(sink);
+    if (form.indent == 0)
+        return std::make_unique<JsonWriter<Target, CompactWriter<Target>>>(sink, form.colours);
+    auto writer = std::make_unique<JsonWriter<Target, IndentingWriter<Target>>>(sink, form.colours);
     writer->Inner().SetIndent(form.indentWith, form.indent);
     return writer;
 }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "ByteSink.h"
+#include "Colours.h"
 #include "Events.h"
 
 namespace tool {
@@ -15,6 +16,7 @@ struct TextForm {
     unsigned indent = 0;  ///< how many of them for each level; 0 for compact text
     bool sortKeys = false;
     bool mark = false;  ///< begin with a byte-order mark; files in UTF-16 always do
+    Colours colours;    ///< for the standard output; files have none
 };
 
 /// Writes a document: a number as it was written, half of a surrogate pair, which no encoding can

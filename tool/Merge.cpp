@@ -88,15 +88,14 @@ Command Merge(CLI::App& program) {
     CLI::App* const line = AddCommand(
         program, "merge", "FILE FILE...",
         "Combines objects into one: members of later files replace those of earlier ones");
-    line->add_option("FILE", options->files, "Two or more JSON files whose roots are objects")
-        ->required()
-        ->expected(2, -1);
+    AddOperands(*line, "FILE", options->files, 2, "Two or more JSON files whose roots are objects");
     AddAnsi(*line, options->ansi);
     AddOutput(*line, options->out);
-    line->add_flag("--ignore-case", options->ignoreCase,
-                   "Treat keys that differ only in the case of ASCII letters as the same");
+    AddFlag(*line, "--ignore-case", options->ignoreCase,
+            "Treat keys that differ only in the case of ASCII letters as the same");
     AddForm(*line, options->form);
-    line->footer(
+    AddFooter(
+        *line,
         "Only the members of the roots are merged: an object inside an object is replaced as a "
         "whole.\nA member that is replaced keeps its place and the spelling of its key.");
     return {line, [options] { return Run(*options); }};

@@ -34,7 +34,10 @@ void Flush() {
 }
 
 Output::Output(const std::string& out, const TextForm& textForm) : form(textForm) {
-    if (out != "-") sink.WriteTo(file.emplace(FromUtf8(out)).Stream());
+    if (out != "-") {
+        sink.WriteTo(file.emplace(FromUtf8(out)).Stream());
+        form.colours = Colours();
+    }
     if (form.mark || (file && IsUtf16())) sink.Put(MarkOf(form.encoding));
 }
 

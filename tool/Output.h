@@ -33,7 +33,7 @@ public:
 private:
     bool IsUtf16() const;
 
-    const TextForm form;
+    TextForm form;
     std::optional<ReplacementFile> file;
     ByteSink sink;
     bool hasDocument = false;

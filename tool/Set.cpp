@@ -96,7 +96,7 @@ Command Set(CLI::App& program) {
                "last element appends one"},
               {"VALUE", options->value, "The value as JSON"}});
     AddOutput(*line, options->out);
-    line->add_flag("--string", options->isString, "Treat VALUE as the characters of a string");
+    AddFlag(*line, "--string", options->isString, "Treat VALUE as the characters of a string");
     AddForm(*line, options->form);
     AddPathSyntax(*line, options->path,
                   "Put -- before a VALUE that begins with - and a letter.\n"

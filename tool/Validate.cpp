@@ -118,16 +118,17 @@ Command Validate(CLI::App& program) {
     CLI::App* const line = AddCommand(
         program, "validate", "[FILE_OR_FOLDER...]",
         "Reports which files are not JSON, and where; the exit code is 1 if there are any");
-    line->add_option("FILE_OR_FOLDER", options->names,
-                     "JSON files; folders, which are searched with all folders below them; without "
-                     "any, or for -, the standard input");
-    line->add_option("--pattern", options->pattern,
-                     "Which files in folders to check: a name with * and ? (*.json)")
-        ->type_name("NAME");
-    line->add_flag("--strict", options->strict,
-                   "Accept what RFC 8259 calls JSON, and nothing else");
-    line->add_flag("--lines", options->lines, "Every line is a document (NDJSON)");
-    line->footer(
+    AddOperands(*line, "FILE_OR_FOLDER", options->names, 0,
+                "JSON files; folders, which are searched with all folders below them; without "
+                "any, or for -, the standard input");
+    AddText(*line,
+            {"--pattern", "NAME", "Which files in folders to check: a name with * and ? (*.json)"},
+            options->pattern);
+    AddFlag(*line, "--strict", options->strict,
+            "Accept what RFC 8259 calls JSON, and nothing else");
+    AddFlag(*line, "--lines", options->lines, "Every line is a document (NDJSON)");
+    AddFooter(
+        *line,
         "A line for each failure: FILE:OFFSET: MESSAGE (line LINE, column COLUMN)\n"
         "The offset is where reading stopped, in bytes; the line and the column, in characters "
         "from\n1, are those of the last character that was read. Text that is not UTF-8, UTF-16 or "

@@ -5,13 +5,10 @@
 
 #include <cstdio>
 #include <exception>
-#include <iostream>
 #include <vector>
 
 #include "Command.h"
 #include "Failure.h"
-#include "Library.h"
-#include "Output.h"
 #include "Progress.h"
 #include "Text.h"
 
@@ -24,67 +21,39 @@ namespace {
 
 using namespace tool;
 
-/// Makes a console show UTF-8 while the program runs.
+/// Makes a console show UTF-8 while the program runs, and leaves it as it was.
 class ConsoleInUtf8 {
 public:
-    ConsoleInUtf8() : before(GetConsoleOutputCP()) { SetConsoleOutputCP(CP_UTF8); }
-    ~ConsoleInUtf8() { SetConsoleOutputCP(before); }
+    ConsoleInUtf8()
+        : codePage(GetConsoleOutputCP()), isConsole(GetConsoleMode(Output(), &mode) != 0) {
+        SetConsoleOutputCP(CP_UTF8);
+    }
+    ~ConsoleInUtf8() {
+        SetConsoleOutputCP(codePage);
+        if (isConsole) SetConsoleMode(Output(), mode);
+    }
     ConsoleInUtf8(const ConsoleInUtf8&) = delete;
     ConsoleInUtf8& operator=(const ConsoleInUtf8&) = delete;
 
 private:
-    UINT before;
+    static HANDLE Output() { return GetStdHandle(STD_OUTPUT_HANDLE); }
+
+    UINT codePage;
+    DWORD mode = 0;
+    bool isConsole;
 };
 
 void Complain(const std::string& message) {
     ClearProgress();
+    std::fflush(stdout);
     std::fprintf(stderr, "jsontool: %s\n", message.c_str());
 }
 
-std::string Version() {
-    return "jsontool " JSONTOOL_VERSION ", Json_Dll " + ToUtf8(LibraryVersion());
-}
-
-/// The arguments in the order that CLI11 expects: the last one first.
+/// The arguments without the program's name.
 std::vector<std::string> Arguments(int count, wchar_t** arguments) {
-    std::vector<std::string> reversed;
-    for (int i = count - 1; i > 0; --i) reversed.push_back(ToUtf8(arguments[i]));
-    return reversed;
-}
-
-int RunProgram(std::vector<std::string> arguments) {
-    CLI::App program{"Inspects, checks and changes JSON documents with Json_Dll.dll."};
-    program.name("jsontool");
-    program.allow_windows_style_options(false);  // item paths begin with a slash
-    program.set_version_flag("--version", Version);
-    program.require_subcommand(1);
-    program.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    const Command commands[] = {Inspect(program), Get(program),     Keys(program),
-                                Length(program),  Type(program),    Validate(program),
-                                Format(program),  Convert(program), Set(program),
-                                Delete(program),  Merge(program),   Diff(program)};
-    // After the commands, which would otherwise inherit it.
-    program.footer(
-        "Exit codes: 0 success, 1 the data is bad, does not exist or differs, 2 the call is "
-        "wrong.\n"
-        "jsontool COMMAND --help explains a command.");
-    if (arguments.empty()) throw Misuse{L"a command is required (see --help)"};
-    const std::string& first = arguments.back();
-    const auto isNamedSo = [&](const CLI::App* command) { return command->check_name(first); };
-    if (first[0] != '-' && program.get_subcommands(isNamedSo).empty())
-        throw Misuse{FromUtf8(first) + L": no such command (see --help)"};
-    try {
-        program.parse(arguments);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0) return program.exit(error);  // --help, --version
-        Complain(std::string(error.what()) + " (see --help)");
-        return kMisuse;
-    }
-    int code = kMisuse;
-    for (const Command& command : commands)
-        if (command.line->parsed()) code = command.run();
-    Flush();
-    return code;
+    std::vector<std::string> inUtf8;
+    for (int i = 1; i < count; ++i) inUtf8.push_back(ToUtf8(arguments[i]));
+    return inUtf8;
 }
 
 }  // namespace
@@ -92,6 +61,8 @@ int RunProgram(std::vector<std::string> arguments) {
 int wmain(int count, wchar_t** arguments) {
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
+    // A console gets whole characters, not the bytes of one in pieces.
+    std::setvbuf(stdout, nullptr, _IOFBF, 64 * 1024);
     const ConsoleInUtf8 console;
     try {
         return RunProgram(Arguments(count, arguments));
