@@ -133,7 +133,7 @@ int Run(const Options& options) {
 Command Diff(CLI::App& program) {
     const auto options = std::make_shared<Options>();
     CLI::App* const line =
-        AddCommand(program, "diff", "FILE FILE",
+        AddCommand(program, "diff", "FILE OTHER",
                    "Prints where two documents differ; the exit code is 1 if they do");
     AddOperand(*line, {"FILE", options->first, "A JSON file; - for the standard input"},
                Need::kRequired);
