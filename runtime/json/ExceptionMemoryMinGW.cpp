@@ -1,5 +1,5 @@
-// The memory that GCC's runtime, which is linked in, takes for exceptions: given back at the end of
-// the module's life, for a host may load the library and free it again as often as it likes.
+// The memory that GCC's runtime, which is linked in, takes for exceptions: given back when the
+// library is unloaded, because a host may load and unload it as often as it likes.
 #include <windows.h>
 
 #include <cxxabi.h>
@@ -7,8 +7,8 @@
 
 namespace __gnu_cxx {
 
-/// Frees the reserve that exceptions are taken from where there is no memory, 73 KiB. Declared by
-/// no header.
+/// Frees the reserve of 73 KiB from which exceptions are made when there is no other memory. No
+/// header declares it.
 void __freeres() noexcept;
 
 }  // namespace __gnu_cxx
@@ -21,13 +21,13 @@ struct ThreadExceptions {
     unsigned uncaught;
 };
 
-/// Where each thread has its own, which ends with the thread or with the module.
+/// Each thread has its own record, which is freed with the thread or with the module.
 const DWORD slot = FlsAlloc([](void* exceptions) { std::free(exceptions); });
 
 }  // namespace
 
-// In place of GCC's own, which stand on its threads: those take four handles, an index of thread
-// storage and 10 KiB for each life of a module, and have no way to give them back.
+// In place of GCC's own functions, which use its threads: those take four handles, an index of
+// thread storage and 10 KiB each time that the module is loaded, and cannot give them back.
 extern "C" {
 
 __cxxabiv1::__cxa_eh_globals* __cxa_get_globals_fast() noexcept {
@@ -36,8 +36,8 @@ __cxxabiv1::__cxa_eh_globals* __cxa_get_globals_fast() noexcept {
 
 __cxxabiv1::__cxa_eh_globals* __cxa_get_globals() noexcept {
     if (auto* const known = __cxa_get_globals_fast()) return known;
-    // Without memory for the first exception of a thread there is no way on, here as there:
-    // PrepareExceptions sees to it that it comes early.
+    // A thread without memory for its first exception cannot go on, with GCC's functions as with
+    // this one: PrepareExceptions makes this call early.
     void* const exceptions = std::calloc(1, sizeof(ThreadExceptions));
     if (!exceptions || !FlsSetValue(slot, exceptions)) std::abort();
     return static_cast<__cxxabiv1::__cxa_eh_globals*>(exceptions);
@@ -45,7 +45,7 @@ __cxxabiv1::__cxa_eh_globals* __cxa_get_globals() noexcept {
 
 }  // extern "C"
 
-/// Among the last that runs in the module, when nothing throws any more.
+/// Runs among the last functions of the module, when nothing throws any more.
 [[gnu::destructor]] static void GiveBackExceptionMemory() {
     FlsFree(slot);
     __gnu_cxx::__freeres();

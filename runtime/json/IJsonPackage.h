@@ -45,9 +45,10 @@ namespace QXJSON {
 /// 6. Threads. Use each package from one thread at a time; different packages are independent.
 ///
 /// \par The name LoadString
-/// <windows.h> defines a macro of this name, so that a call in a file that includes it, before or
-/// after this header, is one of LoadStringW() or LoadStringA(). They are here to be that call. A
-/// class of the host's own that overrides the operation has to `#undef LoadString` first.
+/// <windows.h> defines a macro of this name. In a file that includes it, before or after this
+/// header, a call of LoadString() becomes one of LoadStringW() or LoadStringA(), which are here for
+/// that reason. A class of the host's own that overrides the operation has to `#undef LoadString`
+/// first.
 ///
 /// \par Encodings of bytes and files
 /// 0 ASCII, everything else escaped as \\uXXXX, no byte-order mark; 1 UTF-16LE, mark FF FE;

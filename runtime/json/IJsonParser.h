@@ -85,8 +85,9 @@ public:
     virtual int LoadJsonString(const wchar_t* text) = 0;
 
     /// Loads a JSON file, which is read and closed before the call returns. Encodings as for
-    /// LoadJsonBytes(). A named pipe loads as well, but for text in the ANSI code page. An empty
-    /// file reports "The document is empty.", where empty text reports "The string is empty.".
+    /// LoadJsonBytes(). A named pipe loads as well, unless its text is in the ANSI code page. An
+    /// empty file reports "The document is empty.", where empty text reports "The string is
+    /// empty.".
     /// \param[in] fileName zero-terminated name of the file
     /// \return as LoadJsonBytes(); also 0 for a null name and for a file that does not open
     virtual int LoadJsonFile(const wchar_t* fileName) = 0;

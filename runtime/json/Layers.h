@@ -6,8 +6,8 @@
 
 #include "Guard.h"
 
-// The two layers in front of every implementation. What is common to the three families is here:
-// who owns whom, and how an operation is passed on. A family's forwarders (ParserOperations.h and
+// The two layers around every implementation. What is common to the three families is here: who
+// owns whom, and how an operation is passed on. A family's forwarders (ParserOperations.h and
 // its siblings) derive from one of these and pass each operation to Forward or ForwardUnguarded;
 // the classes of the family add only what is special about them.
 

@@ -8,7 +8,7 @@
 namespace QXJSON {
 
 /// Every operation of IJsonPackage but Release and those that go through the delegate, passed on
-/// unchanged to what lies behind `Layer`.
+/// unchanged by `Layer`.
 template <class Layer>
 class PackageOperations : public Layer {
 public:

@@ -4,7 +4,7 @@
 
 namespace QXJSON {
 
-/// Every operation of IJsonParser but Release, passed on unchanged to what lies behind `Layer`.
+/// Every operation of IJsonParser but Release, passed on unchanged by `Layer`.
 template <class Layer>
 class ParserOperations : public Layer {
 public:

@@ -5,8 +5,8 @@
 
 namespace QXJSON {
 
-/// What the last load of a parser or package left behind; 0 after a successful one. The codes up to
-/// 17 are those of RapidJSON's parser, passed on as it reports them; the rest are the library's
+/// What was wrong in the last load of a parser or package; 0 after a successful one. The codes up
+/// to 17 are those of RapidJSON's parser, passed on as it reports them; the rest are the library's
 /// own. Each is shown with its English sentence; there are nine other languages.
 enum MessageCode : int {
     kNoError = 0,                ///< "No error."

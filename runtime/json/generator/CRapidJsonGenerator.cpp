@@ -63,9 +63,8 @@ int CRapidJsonGenerator::GetJsonBytes(const uint8_t** data, uint64_t* length, in
 
 // ---- Parsed JSON -------------------------------------------------------------------------------
 
-/// Parses JSON whose root must be an object or array. The result for
-/// another root is kWrongKind; for input that does not parse it is kPlainFailure if it is text, and
-/// kWrongKind if it is a file.
+/// Parses JSON whose root must be an object or array. Another root is kWrongKind. Text that does
+/// not parse is kPlainFailure; a file that does not parse is kWrongKind.
 int CRapidJsonGenerator::Parse(Source source, const wchar_t* nameOrText, JsonDocument& parsed) {
     const LoadStatus status = source == Source::File ? LoadFile(parsed, nameOrText, kRules)
                                                      : LoadText(parsed, nameOrText, kRules);

@@ -25,7 +25,7 @@ int CRapidJsonPackage::LoadFile(const wchar_t* fileName) {
     return FinishLoad(QXJSON::LoadFile(document, fileName, kRules));
 }
 
-/// Names and texts are handed out for as long as their key stays, while members move when others
+/// A host may read names and texts for as long as their key stays, while members move when others
 /// come and go.
 void CRapidJsonPackage::SettleStrings() {
     for (auto& member : document.GetObject()) {
@@ -34,8 +34,8 @@ void CRapidJsonPackage::SettleStrings() {
     }
 }
 
-/// Records how a load went. After an error the package is what it was before; a root that is no
-/// object leaves an empty one, although an array counts as loaded.
+/// Records how a load went. After an error the document is as it was, which is empty in a new
+/// package. A root that is not an object leaves it empty too, although an array counts as loaded.
 int CRapidJsonPackage::FinishLoad(const LoadStatus& loaded) {
     members.Clear();
     status = loaded.code == kDocumentEmpty ? LoadStatus{kEmptyText} : loaded;
@@ -104,7 +104,7 @@ template <class Item>
 int CRapidJsonPackage::Set(const wchar_t* key, const Item& item) {
     if (!key) return kNoMember;
     if (!item.HasText()) return kNoText;
-    // The caller's memory is read before the pool gives any: what cannot be read costs none.
+    // The caller's memory is read first: if it cannot be read, no memory of the pool is used up.
     JsonMember* const member = Find(key);
     JsonValue value = item.Make(allocator);
     SettleString(value, allocator);

@@ -89,8 +89,8 @@ private:
     JsonDocument document;  // always an object
     MemberLookup members{pool};
     LoadStatus status;
-    MessageBuffer scratchBuffer;     // messages and blobs, as they are handed out
-    MessageBuffer conversionBuffer;  // nothing is handed out of it: what was may be an argument
+    MessageBuffer scratchBuffer;     // messages and blobs that were returned
+    MessageBuffer conversionBuffer;  // returns nothing: a returned text may be an argument
     JsonTextBuffer textBuffer;
     EncodedText encodedText;
 };

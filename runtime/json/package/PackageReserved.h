@@ -9,7 +9,7 @@
 namespace QXJSON {
 
 /// The operations of IJsonPackage that only the facade has: everything that goes through the
-/// delegate. The layers behind it return 0 for them.
+/// delegate. The layers that it calls return 0 for them.
 class PackageReserved : public IJsonPackage {
     // LCOV_EXCL_START: no call of a host comes this far; unit tests call it directly
 public:

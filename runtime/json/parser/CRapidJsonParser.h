@@ -345,7 +345,7 @@ private:
     MemberLookup members{pool};
 };
 
-/// Decodes the text that a string getter hands out; where it hands out none, its result stands.
+/// Decodes the text that a string getter returns; if the getter fails, its result is the result.
 template <class GetText>
 int CRapidJsonParser::ReadBlob(const GetText& getText, const uint8_t** data, uint32_t* size) {
     const wchar_t* text = nullptr;

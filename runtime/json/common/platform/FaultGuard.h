@@ -21,8 +21,8 @@ namespace QXJSON {
 
 #if JSON_HAS_TRY
 
-/// What becomes of a structured exception: of all but the C++ exceptions of this compiler's own
-/// runtime, a fault.
+/// Treats every structured exception as a fault, except the C++ exceptions of this compiler's own
+/// runtime, which go on.
 constexpr int FaultFilter(unsigned long code) {
 #ifdef _MSC_VER
     const bool cpp = code == 0xE06D7363;
@@ -78,22 +78,21 @@ bool RunsWithoutFault(Work&& work) {
     return UnlessFault<&Done<std::remove_reference_t<Work>>>(false, std::addressof(work));
 }
 
-/// A processor fault, as a C++ exception: what RethrowFaults makes of one. Nothing else throws it;
-/// a fault that the contract promises is raised by RaiseAccessViolation, as the real one that it
-/// stands for.
+/// A processor fault that RethrowFaults has turned into a C++ exception. Nothing else throws it: a
+/// fault that the contract promises is a real one, raised by RaiseAccessViolation.
 class ProcessorFault : public std::exception {};
 
-/// Does `work` on memory that the caller handed in, and which may not be readable: a fault becomes
-/// an exception, so that everything alive around `work` is destroyed properly.
+/// Does `work` on memory of the caller's, which may not be readable: a fault becomes an exception,
+/// so that everything alive around `work` is destroyed properly.
 template <class Work>
 void RethrowFaults(Work&& work) {
     if (!RunsWithoutFault(work)) throw ProcessorFault();
 }
 
 /// The processor fault that the contract promises where a place, a key or a text is used without
-/// being tested: an access violation, raised on purpose so that no optimiser can take it away. A
-/// host meets it as one where there is no guard. As with every fault, nothing that owns something
-/// may be alive in the frames up to the guard or to RethrowFaults.
+/// being tested: an access violation, raised on purpose so that no optimiser can take it away. From
+/// an operation without a guard it reaches the host. As with every fault, nothing that owns
+/// something may be alive in the frames up to the guard or to RethrowFaults.
 [[noreturn]] void RaiseAccessViolation();
 
 }  // namespace QXJSON

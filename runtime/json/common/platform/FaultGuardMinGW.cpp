@@ -10,7 +10,8 @@ extern char FaultLanding[];
 /// The language handler of CallWithFaultHandler's frame.
 EXCEPTION_DISPOSITION FaultHandler(EXCEPTION_RECORD* record, void* frame, CONTEXT*,
                                    DISPATCHER_CONTEXT* dispatcher) {
-    // Thrown, passing frames, or forced through them by GCC's runtime: no fault, somebody else's.
+    // An exception that GCC's runtime throws, passes through frames or forces through them: not a
+    // fault.
     const DWORD code = record->ExceptionCode;
     const bool gcc = code == 0x20474343 || code == 0x21474343 || code == 0x22474343;
     const bool unwinding = (record->ExceptionFlags & EXCEPTION_UNWIND) != 0;

@@ -29,10 +29,10 @@ private:
     uintptr_t floor;
 };
 
-/// A SAX handler in front of another that ends the stream of events before the stack ends.
+/// A SAX handler that passes events on to another, and ends their stream before the stack ends.
 ///
 /// RapidJSON's reader recurses once for each level and has no limit; a stack overflow cannot be
-/// survived. The reader stops when a handler answers false, so this one looks at the stack at each
+/// survived. The reader stops when a handler returns false, so this one looks at the stack at each
 /// level.
 template <class Handler>
 class NestingGuard {
@@ -52,7 +52,7 @@ public:
     bool Int64(int64_t i) { return handler.Int64(i); }
     bool Uint64(uint64_t i) { return handler.Uint64(i); }
     bool Double(double d) { return handler.Double(d); }
-    // LCOV_EXCL_START: asked for by the concept; numbers are never handed on as text
+    // LCOV_EXCL_START: asked for by the concept; numbers are never passed on as text
     bool RawNumber(const Ch* s, Size n, bool copy) { return handler.RawNumber(s, n, copy); }
     // LCOV_EXCL_STOP
     bool String(const Ch* s, Size n, bool copy) { return handler.String(s, n, copy); }
@@ -73,8 +73,8 @@ private:
     bool tooDeep = false;
 };
 
-/// Calls `produce` with a guard in front of `handler` and returns what it returns; throws
-/// NestingTooDeep when the guard ended the events.
+/// Calls `produce` with a guard that passes events on to `handler`, and returns what it returns;
+/// throws NestingTooDeep when the guard ended the events.
 template <class Handler, class Produce>
 auto GuardNesting(Handler& handler, Produce&& produce) {
     NestingGuard<Handler> guard(handler);

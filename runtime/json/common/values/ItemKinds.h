@@ -81,8 +81,8 @@ struct TextItem : ItemKind {
     const wchar_t* text;
 };
 
-/// A document that was parsed in an annex of the pool: a large one stays there, of a small one a
-/// copy is made. To be made once.
+/// A document that was parsed in an annex of the pool: a large one stays there, a small one is
+/// copied. Make it into a value only once.
 struct DocumentItem : ItemKind {
     DocumentItem(JsonValue& parsed, DocumentPool::Annex& memory) : source(parsed), annex(memory) {}
     static constexpr bool kNeedsTarget = true;

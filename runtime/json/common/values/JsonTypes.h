@@ -61,8 +61,8 @@ public:
     /// Whether so much is in use that keeping it costs less than copying what lies in it: the rest
     /// of its last block is lost.
     bool IsWorthKeeping() const { return allocator->Size() > kBlockSize / 2; }
-    /// What lies in it stays as long as the pool. There is no allocator any more. Throws
-    /// std::bad_alloc, and nothing is changed.
+    /// What lies in it stays as long as the pool. The annex has no allocator afterwards. If it
+    /// throws std::bad_alloc, nothing has changed.
     void Keep();
 
 private:

@@ -32,12 +32,12 @@ struct MemberRequest {
     const wchar_t* key;
     bool outputs;                ///< whether all output pointers of the operation are there
     int missing;                 ///< the result when no member has the key
-    int wrongKind = kWrongKind;  ///< the result when the parent is no object
+    int wrongKind = kWrongKind;  ///< the result when the parent is not an object
     KeyMatch match = KeyMatch::kIgnoreCase;
 };
 
-// These are inline because a Place is more than a register holds: handed over through memory, it
-// costs as much as a search among few members.
+// These are inline because a Place is more than a register holds: passed through memory, it costs
+// as much as a search among few members.
 
 /// The place of a member of the object at a place.
 inline Place FindMember(MemberLookup& members, const Place& object, const MemberRequest& request) {

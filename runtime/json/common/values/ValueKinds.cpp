@@ -26,7 +26,7 @@ uint32_t ItemType::Read(const JsonValue& value) {
 
 uint32_t ValueType::Read(const JsonValue& value) {
     // The widths are nested: the first that holds is the narrowest. 10, for a double that would fit
-    // a float, is never told.
+    // a float, is never reported.
     if (value.IsInt()) return kValueInt32;
     if (value.IsUint()) return kValueUInt32;
     if (value.IsInt64()) return kValueInt64;
