@@ -18,7 +18,7 @@ struct Written {
 };
 constexpr size_t kZeroTerminated = SIZE_MAX;
 
-/// What Find answers for a key that is absent.
+/// What Find returns for a key that is absent.
 constexpr int64_t kAbsent = -1;
 
 }  // namespace bench

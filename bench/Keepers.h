@@ -25,7 +25,7 @@ private:
     std::unordered_map<std::wstring, int32_t> map;
 };
 
-/// A package that tells all names apart.
+/// A package that does not ignore case.
 class ExactPackage : public DllPackage {
 public:
     static constexpr const char* kName = "Json_Dll package";

@@ -41,7 +41,7 @@ public:
             peer.emplace();
             peer->LoadText(scene.text);
         }
-        // What the last round removed comes back, behind the others.
+        // What the last round removed comes back, after the others.
         for (; removed > 0; --removed) peer->Set(Used(next - removed), 0.5);
     }
     void Work(size_t operations) override {

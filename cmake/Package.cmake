@@ -1,4 +1,4 @@
-# cpack: everything that is installed, as one ZIP. script/package makes the one that is handed out.
+# cpack: everything that is installed, as one ZIP. script/package makes the one to distribute.
 set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_FILE_NAME Json_Dll-${PROJECT_VERSION}-win64)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")

@@ -9,7 +9,7 @@ endif()
 # addr2line find them by themselves.
 function(split_symbols target)
   set(file $<TARGET_FILE_NAME:${target}>)
-  # In the file's folder, for the link is by name. -p keeps the linker's time stamp, or the lack of one.
+  # In the file's folder, because the link is by name. -p keeps the linker's time stamp, or the lack of one.
   add_custom_command(TARGET ${target} POST_BUILD
     WORKING_DIRECTORY $<TARGET_FILE_DIR:${target}>
     COMMAND ${CMAKE_OBJCOPY} -p --only-keep-debug ${file} ${file}.debug

@@ -144,7 +144,7 @@ private:
             ExpectReference(operation, item, answer, target);
     }
 
-    /// Elements that are booleans or numbers have a reference of their own, which is none.
+    /// Elements that are booleans or numbers have an output of their own, which is not a reference.
     void ExpectReference(const Operation& operation, const Item& item, const Answer& answer,
                          const std::wstring& target) {
         ASSERT_EQ(answer.result == 1, !answer.outputs.empty());
@@ -289,7 +289,7 @@ private:
         return building::ReferenceOf(*building::Resolve(building::At(*root), place));
     }
 
-    /// The path of a value, sometimes with something behind it, or nearly a path.
+    /// The path of a value, sometimes with something after it, or nearly a path.
     std::wstring AnyPath() {
         std::wstring path = model::TranslatePointer(model.Root(), AnyPlace(model.Root()));
         if (choices.OneIn(8)) path += L"/" + fuzz::RandomKey(choices);
@@ -309,7 +309,7 @@ private:
     fuzz::SpotChecks& checks;
     support::Generator generator = support::NewGenerator();
     model::GeneratorModel model;
-    std::optional<uint64_t> root;  ///< the root's reference, where it was handed out
+    std::optional<uint64_t> root;  ///< the root's reference, where it was returned
 };
 
 }  // namespace

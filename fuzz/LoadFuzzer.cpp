@@ -1,6 +1,5 @@
-// Any bytes, through every load: what comes of them must be what RapidJSON's own reader makes of
-// them behind its own detection of encodings. The library reads what is plain and well-formed
-// itself.
+// Any bytes, through every load: the result must be that of RapidJSON's own reader with its own
+// detection of encodings. The library reads what is plain and well-formed itself.
 
 #include <gtest/gtest.h>
 
@@ -25,7 +24,7 @@ using support::Encoding;
 /// The reference reads with RapidJSON's recursive reader, which has no limit of its own.
 constexpr int kDeepest = 1000;
 
-/// Whether the bytes may hold a document of more levels. Closing brackets inside of strings hide
+/// Whether the bytes may hold a document of more levels. Closing brackets inside strings hide
 /// some, but that takes several bytes for each.
 bool MayBeTooDeep(const std::string& bytes) {
     int depth = 0;
@@ -36,7 +35,7 @@ bool MayBeTooDeep(const std::string& bytes) {
     });
 }
 
-/// Text of a fuzzer's bytes: ASCII is itself, other bytes make units together with the one behind,
+/// Text of a fuzzer's bytes: ASCII is itself, other bytes make units together with the next one,
 /// which reaches characters of every length in UTF-8 and halves of surrogate pairs.
 std::wstring WideText(const std::string& bytes) {
     std::wstring text;
@@ -50,7 +49,7 @@ std::wstring WideText(const std::string& bytes) {
 }
 
 /// The bytes as an input wants them: as they are, or as text in one of the encodings, with a mark
-/// or without, behind blanks that move it against the blocks in which files are read.
+/// or without, after blanks that move it against the blocks in which files are read.
 std::string BytesOf(fuzz::Choices& choices) {
     const uint32_t form = choices.Below(11);
     const std::string blanks(choices.Below(256) * 17, ' ');
@@ -60,7 +59,7 @@ std::string BytesOf(fuzz::Choices& choices) {
     return support::Encode(text + WideText(choices.Rest()), encoding, form % 2 == 0);
 }
 
-/// Zero-terminated text in memory of its own, with not a byte behind it.
+/// Zero-terminated text in memory of its own, with not a byte after it.
 class ExactText {
 public:
     explicit ExactText(const std::string& bytes)

@@ -42,8 +42,8 @@ public:
     /// The first of each kind, in a text that is otherwise good.
     std::vector<Oddity> Oddities() const;
 
-    /// Reads the document in it. Failure is thrown where there is none that the library would load,
-    /// and for text in the ANSI code page, which is read only if it is asked for.
+    /// Reads the document in it. Throws Failure for a document that the library would not load, and
+    /// for text in the ANSI code page unless `fromAnsi` is set.
     void Read(Events& events, bool fromAnsi) const;
 
 private:

@@ -17,7 +17,7 @@
 
 namespace bench {
 
-/// Bare RapidJSON over UTF-16: the floor, for it is what the library itself is made of. It does
+/// Bare RapidJSON over UTF-16: the floor, because the library itself is made of it. It does
 /// what the library must at least do, without interfaces, checks and guards.
 class RapidJson {
     using Encoding = rapidjson::UTF16<wchar_t>;

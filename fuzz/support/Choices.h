@@ -21,7 +21,7 @@ public:
         return (bound > 256 ? low | Byte() << 8 : low) % bound;
     }
 
-    /// True once in so many times; never behind the end.
+    /// True once in so many times; never at the end of the bytes.
     bool OneIn(uint32_t times) { return Below(times) == times - 1; }
 
     template <class Range>

@@ -6,7 +6,7 @@
 
 namespace fuzz {
 
-/// A key out of a few hundred that are easily taken for one another: they differ in case, in one
+/// A key out of a few hundred that are easily confused: they differ in case, in one
 /// character or in length, contain what item paths and pointers give a meaning to, or equal each
 /// other by rules that are not the library's.
 std::wstring RandomKey(Choices& choices);

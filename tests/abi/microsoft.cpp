@@ -1,6 +1,6 @@
 // A host as Microsoft's compiler lays it out: its own tables of virtual functions, its own way to
 // pass records, linked by its own rules with Json_Dll.lib. check-microsoft compiles it with clang
-// for that ABI; it uses no library but Json_Dll.dll, because there is none for that ABI here.
+// for that ABI; it uses no library but Json_Dll.dll, because no other is here for that ABI.
 
 #include "Json_Dll.h"
 

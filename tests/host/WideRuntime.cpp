@@ -1,5 +1,5 @@
 // The C library's functions for wide text, in units of 16 bits: the library's own have 32. They are
-// hidden, for the C++ runtime library must go on with the others. <cwchar> and what includes it
+// hidden, because the C++ runtime library needs the others. <cwchar> and what includes it
 // would declare them as everybody's.
 
 #include <stdarg.h>

@@ -24,7 +24,7 @@ constexpr DWORD FILE_BEGIN = 0;
 /// Who may use a file; nobody asks here.
 struct SECURITY_ATTRIBUTES;
 
-/// A found file; of all that Windows tells, its name.
+/// A found file: only its name, of all that Windows reports.
 struct WIN32_FIND_DATAW {
     wchar_t cFileName[MAX_PATH];
 };

@@ -22,7 +22,7 @@ public:
     void Reset(rapidjson::Type root);
 
     /// The answer of an operation that adds an item. In the family of references the parent is the
-    /// value at `target`, a JSON Pointer, unless the arguments' reference is 0; what is handed out
+    /// value at `target`, a JSON Pointer, unless the arguments' reference is 0; what is returned
     /// is not foretold.
     Answer Add(const building::Operation& operation, const building::Item& item,
                const building::Arguments& arguments, const std::wstring& target);

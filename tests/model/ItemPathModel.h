@@ -7,8 +7,8 @@
 namespace model {
 
 /// Translates an item path into a JSON Pointer, by way of RapidJSON's own pointers: 1, -10 for a
-/// path that is none or whose pointer is too long, and -5 where a segment with a digit stands below
-/// nothing.
+/// malformed path or one whose pointer is too long, and -5 where a segment with a digit stands
+/// below nothing.
 int TranslatePath(building::Value& root, const std::wstring& path, std::wstring& pointer);
 
 /// The item path of a JSON Pointer.

@@ -16,8 +16,8 @@ using Text = rapidjson::GenericStringBuffer<Utf16>;
 template <class Stream, class Encoding, unsigned kFlags>
 using Compact = rapidjson::Writer<Stream, Utf16, Encoding, rapidjson::CrtAllocator, kFlags>;
 
-/// A file behind a buffer of 260 bytes: the buffer goes to the file when there is no room in it for
-/// one byte more, and when the writer has come to the end.
+/// A file that is written through a buffer of 260 bytes: the buffer goes to the file when there is
+/// no room in it for one byte more, and when the writer has come to the end.
 class Blocks {
 public:
     using Ch = char;

@@ -6,7 +6,7 @@
 namespace support {
 namespace {
 
-/// std::to_wstring takes the way through formats, and most answers are numbers.
+/// std::to_wstring formats, which is slow, and most outputs are numbers.
 template <class Number>
 std::wstring Digits(Number number) {
     const std::string digits = std::to_string(number);

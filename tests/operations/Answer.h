@@ -10,7 +10,7 @@
 
 namespace support {
 
-/// What a call answered: the result (1 or 0 for bool), and the outputs that were written, in their
+/// What a call returned: the result (1 or 0 for bool), and the outputs that were written, in their
 /// order. Numbers are written out with all their digits, bytes as characters of the same code.
 struct Answer {
     Answer(int answered = 0) : result(answered) {}

@@ -62,7 +62,7 @@ enum class Asks {
     kAnyText,      ///< the characters of a string, the JSON of an object or array
     // changes
     kNewRoot,
-    kStore,  ///< adds or sets what Kind tells
+    kStore,  ///< adds or sets what Kind says
     kGraft,
     kRemove,
     // output, and settings

@@ -17,7 +17,7 @@ using Allocator = Document::AllocatorType;
 /// What a plain writer makes of a value.
 std::wstring TextOf(const Value& value);
 
-/// The generator's document as it hands it out; the test fails when it hands out none.
+/// The generator's document as it returns it; the test fails when it returns none.
 std::wstring TextOf(QXJSON::IJsonGenerator& generator);
 
 /// The value at a JSON Pointer below `root`; null where the pointer does not parse or nothing is

@@ -54,7 +54,7 @@ private:
     int spares = 0;
 };
 
-/// A path that names nothing in the scene, and what an operation that is given it answers.
+/// A path that names nothing in the scene, and what an operation that is given it returns.
 struct BadPath {
     const wchar_t* path;
     int result;

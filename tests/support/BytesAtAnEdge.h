@@ -7,7 +7,7 @@
 
 namespace support {
 
-/// Bytes in front of memory that cannot be read.
+/// Bytes that end where memory can no longer be read.
 class BytesAtAnEdge {
 public:
     explicit BytesAtAnEdge(const std::string& bytes)

@@ -48,12 +48,12 @@ public:
     static Arguments Good(const Operation& route);
     static Arguments Good(const Operation& route, const GraftSource& source);
 
-    /// The answer of the first call with such arguments, and the document then, when it took `tree`
+    /// What the first call with such arguments returned, and the document then, when it took `tree`
     /// in.
     static Answer AnswerOf(const Operation& route);
     static std::wstring DocumentWith(const Operation& route, const std::wstring& tree);
 
-    /// Expects of a call that it answers `result`, writes no handle and changes nothing.
+    /// Expects of a call that it returns `result`, writes no handle and changes nothing.
     void ExpectFailure(int result, const Operation& route, const Arguments& arguments);
 
     /// Expects that `next` is the handle that is issued next. It is, to an item made for it.

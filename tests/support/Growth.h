@@ -20,8 +20,8 @@ inline Cost CostOfEach(uint64_t work, size_t bytes, size_t count) {
 }
 
 /// Expects that one of four times as many costs what one of `count` does, and neither more than
-/// `most`. `measure` tells the cost for a count. What doubles its memory as it grows may hold twice
-/// as much for each element at one count as at another, and not more.
+/// `most`. `measure` returns the cost for a count. What doubles its memory as it grows may hold
+/// twice as much for each element at one count as at another, and not more.
 template <class Measure>
 void ExpectFlat(const char* what, size_t count, const Cost& most, Measure&& measure) {
     constexpr double kSameCost = 2.2;

@@ -26,7 +26,7 @@ LoadOutcome Failure(int code, uint64_t offset);
 LoadOutcome Escaped();
 
 /// What a load that returned `result` left in the parser. Fails the test when HasError disagrees
-/// with the message or when one of the queries does not answer.
+/// with the message or when one of the queries fails.
 LoadOutcome OutcomeOf(QXJSON::IJsonParser& parser, int result);
 
 /// The JSON text of the parser's root object or array; empty when there is no document.

@@ -9,7 +9,7 @@
 namespace support {
 
 /// A document with a value of every kind, and a member `spare` that no call of this header asks
-/// for: the handle that it gets tells how many were issued before.
+/// for: the handle that it gets shows how many were issued before.
 extern const wchar_t kEveryKind[];
 inline constexpr const wchar_t* kSparePath = L"/spare";
 
@@ -19,7 +19,7 @@ const wchar_t* GoodKey(const Operation& operation);
 /// What can be wrong with a call, in the order in which it is found out; the first that is wrong
 /// decides the result.
 enum class Mistake {
-    kBadPlace,    ///< nothing is where the operation is told to look
+    kBadPlace,    ///< nothing is where the operation looks
     kNullKey,     ///< no key
     kNullOutput,  ///< no variable for an output
     kNoObject,    ///< a key, but the value is not an object

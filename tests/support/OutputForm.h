@@ -33,7 +33,7 @@ const std::vector<OutputForm>& AllOutputForms();
 const std::vector<OutputForm>& FileForms();
 
 /// What an output came to: the result and the bytes in memory or in the file. Nothing where the
-/// operation handed out a null pointer or left no file.
+/// operation returned a null pointer or left no file.
 struct Written {
     int result;
     std::optional<std::string> bytes;

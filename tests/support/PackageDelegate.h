@@ -22,7 +22,7 @@ struct DelegateCall {
 bool operator==(const DelegateCall& a, const DelegateCall& b);
 std::ostream& operator<<(std::ostream& out, const DelegateCall& call);
 
-/// A delegate that notes its calls and answers as it was told to.
+/// A delegate that notes its calls and returns what the test has set.
 class RecordingDelegate final : public QXJSON::IJsonPackageDelegate {
 public:
     RecordingDelegate() = default;
@@ -44,7 +44,7 @@ public:
     int answer = 1;
     const wchar_t* text = nullptr;
     bool writesText = true;        ///< whether exports touch their output at all
-    std::function<void()> during;  ///< runs inside of every call, if set
+    std::function<void()> during;  ///< runs inside every call, if set
 
     std::vector<DelegateCall> calls;
     std::vector<const wchar_t**> outputs;    ///< where each export was told to put its text
@@ -54,7 +54,7 @@ private:
     int Export(DelegateCall call, const wchar_t** out);
 };
 
-/// The runtime object of the tests; the library must not look behind its address.
+/// The runtime object of the tests; the library must not read what is at its address.
 void* SomeObject();
 
 /// An export as the package offers it twice: to be called itself, and to set a key from. Both pass

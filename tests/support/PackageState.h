@@ -33,8 +33,8 @@ PackageOutcome PackageArrayRoot();
 /// A load that the guard ended: nothing was recorded and there are no keys.
 PackageOutcome PackageEscaped();
 
-/// What a load that returned `result` left behind. Fails the test when HasError disagrees with the
-/// message or when one of the queries does not answer.
+/// What a load that returned `result` left. Fails the test when HasError disagrees with the
+/// message or when one of the queries fails.
 PackageOutcome PackageOutcomeOf(QXJSON::IJsonPackage& package, int result);
 
 /// The loads as the caller sees them. LoadPackageFile makes a file for the call.

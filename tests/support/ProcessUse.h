@@ -5,7 +5,7 @@
 namespace support {
 
 /// The memory that the process has committed for itself, and its open handles, counted one by one:
-/// Wine answers nothing of use to GetProcessMemoryInfo and GetProcessHandleCount.
+/// Wine's GetProcessMemoryInfo and GetProcessHandleCount return nothing of use.
 size_t PrivateBytes();
 int HandleCount();
 

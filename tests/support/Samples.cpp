@@ -111,7 +111,7 @@ Outputs VariantOf(const Sample& sample) {
     return When(number.has_value(), L"number " + Show(number.value_or(0)));
 }
 
-/// Where the value is, as `operation` hands it out, with its type.
+/// Where the value is, as `operation` returns it, with its type.
 Outputs PlaceAndType(const Operation& operation, const Sample& sample, const Site& site) {
     if (operation.naming == NamedBy::kReference)
         return {{Show(site.reference), Show(ValueTypeOf(sample))}};
@@ -178,7 +178,7 @@ Outputs Accepted(const Operation& operation, const Sample& sample, const Site& s
     }
 }
 
-/// What a getter answers that does not take the value.
+/// What a getter returns that does not take the value.
 int RefusalOf(Asks asks) {
     const bool answersZero = asks == Asks::kObject || asks == Asks::kArray ||
                              asks == Asks::kObjectText || asks == Asks::kArrayText;

@@ -29,7 +29,7 @@ struct Sample {
 /// Values of every kind, with numbers on both sides of the limits of every width.
 const std::vector<Sample>& Samples();
 
-/// The answer of an operation that is asked for the sample itself or, with an index, for its child
+/// What an operation returns that is asked for the sample itself or, with an index, for its child
 /// at index 0. `site` is where it is and `child` the child, if it has one.
 Answer ExpectedAnswer(const Operation& operation, const Sample& sample, const Site& site,
                       const Answer& child);

@@ -46,7 +46,7 @@ inline testing::AssertionResult FindsAsScan(QXJSON::MemberLookup& lookup, QXJSON
     return testing::AssertionSuccess();
 }
 
-/// An object that changes, and the search that is told of it.
+/// An object that changes, and the search that is notified of it.
 class SearchedObject {
 public:
     explicit SearchedObject(const QXJSON::HashKeys& keys = QXJSON::HashKeysFrom(1))

@@ -17,8 +17,8 @@ public:
 
     virtual Subject Object() = 0;
 
-    /// Arguments with which the operation answers as IsGood says. Where it stores something under a
-    /// key, one is new and the other has a value, and a handle, already.
+    /// Arguments with which the operation returns what IsGood asks. Where it stores something under
+    /// a key, one is new and the other has a value, and a handle, already.
     virtual Arguments Good(const Operation& operation, bool overwrites) = 0;
 
     /// All that can be seen of the object, but for the handle that is issued next.
@@ -33,7 +33,7 @@ public:
     /// Leaves the object no memory in reserve: what is added next makes it allocate.
     virtual void UseUpReserve() = 0;
 
-    /// Ten operations more, by every kind of name, each with the right answer, and what they add is
+    /// Ten operations more, by every kind of name, each with the right result, and what they add is
     /// there.
     virtual void ExpectUsable() = 0;
 
@@ -72,7 +72,7 @@ void ForEachGoodCall(const SpecimenFamily& family, const Visit& visit) {
     }
 }
 
-/// Whether the answer is that of a good call: 1, but 0 of the two that have nothing else to say.
+/// Whether the result is that of a good call: 1, but 0 for the two operations that then return it.
 bool IsGood(const Operation& operation, const Answer& answer);
 
 /// Expects two texts to be the same, and shows only where they begin to differ.

@@ -33,7 +33,7 @@ struct Loaded {
     LoadStatus status;
 };
 
-/// RapidJSON's reader behind its own detection of encodings, as the loads are to behave.
+/// RapidJSON's reader with its own detection of encodings: what the loads have to do.
 struct Plain {
     explicit Plain(const std::string& bytes) {
         rapidjson::MemoryStream memory(bytes.data(), bytes.size());
@@ -249,7 +249,7 @@ TEST(DirectReader, EveryPieceAtEveryPlace) {
                 Agrees("[\"" + std::string(front, 'x') + "\"," + piece + "," + piece + "]"));
 }
 
-/// Strings of every length behind every number of blanks.
+/// Strings of every length after every number of blanks.
 TEST(DirectReader, EveryRunAtEveryPlace) {
     for (const char* const end : {"\"", "\\n\"", "\\u00e9x\"", "\x01\"", ""})
         for (size_t length = 0; length < 40; ++length)

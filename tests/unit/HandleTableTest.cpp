@@ -13,7 +13,7 @@ namespace {
 
 using namespace QXJSON;
 
-/// A table, and what it has to answer.
+/// A table, and what it has to return.
 class Subject {
 public:
     void Ask(JsonValue& value) {

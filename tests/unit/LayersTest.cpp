@@ -1,4 +1,4 @@
-// The layers in front of an implementation, with implementations that do as they are told.
+// The layers around an implementation, with implementations that do what the test wants.
 
 #include "Layers.h"
 
@@ -190,7 +190,7 @@ TEST_F(Layers, ReleaseWithoutAnImplementation) {
     EXPECT_EQ(0, Implementation::released);
 }
 
-/// The exception of a constructor frees what was taken for all three layers, and goes on.
+/// The exception of a constructor frees what was allocated for all three layers, and goes on.
 TEST_F(Layers, AConstructorThatThrows) {
     Implementation::refuses = true;
     EXPECT_THROW(NewFacade(), std::runtime_error);
@@ -212,8 +212,8 @@ TEST_F(Layers, RenewalEndsTheOldImplementation) {
     facade->Release();
 }
 
-/// Where the new one cannot be made, the old one is gone or not as the failure has it: for lack of
-/// memory it is, for an exception nothing has happened yet.
+/// Where the new one cannot be made for lack of memory, the old one is gone; an exception comes
+/// before anything has happened.
 TEST_F(Layers, RenewalThatFails) {
     Facade* const facade = NewFacade();
     Implementation::refuses = true;

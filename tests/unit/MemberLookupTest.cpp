@@ -16,8 +16,8 @@ using support::LowerAscii;
 using support::ScanMembers;
 using Subject = support::SearchedObject;
 
-/// Keys that are easily taken for one another: units that differ in the bit of the case and are no
-/// letters, letters that are none of ASCII's, zeroes.
+/// Keys that are easily confused: units that differ in the bit for the case but are not letters,
+/// letters outside ASCII, zeroes.
 std::wstring LookAlike(std::mt19937& random, size_t longest) {
     constexpr wchar_t kUnits[] = {L'a', L'A', L'k', L'K', L'z', L'Z',      L'@',      L'`', L'[',
                                   L'{', L'_', 0x7F, 0xE9, 0xC9, L'\x212A', L'\x0141', L'1', 0};

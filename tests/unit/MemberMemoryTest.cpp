@@ -118,7 +118,7 @@ TEST(MemberMemory, AsItWasBeforeMembersCame) {
         }
 }
 
-/// The memory behind the members that are left still has what was there.
+/// The memory after the members that are left still has what was there.
 TEST(MemberMemory, AsItWasBeforeMembersWent) {
     for (const size_t different : {size_t{1000}, size_t{12}})
         for (const bool searchedBefore : {true, false})

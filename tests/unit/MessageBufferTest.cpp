@@ -1,4 +1,4 @@
-// The buffer for texts that are handed out: how it grows, and that it is empty when reserved.
+// The buffer for texts that are returned: how it grows, and that it is empty when reserved.
 
 #include "common/messages/MessageBuffer.h"
 
@@ -63,7 +63,7 @@ TEST(MessageBuffer, GrowsAndNeverShrinks) {
     }
 }
 
-/// Whatever was handed out before is gone, be it larger or smaller than what is asked for.
+/// Whatever was returned before is gone, be it larger or smaller than what is asked for.
 TEST(MessageBuffer, IsZeroAfterReserve) {
     constexpr uint32_t kSizes[] = {0, 1, 511, 512, 513, 4096};
     for (const uint32_t before : kSizes)

@@ -1,4 +1,4 @@
-// What the package's layers behind the facade do on their own, where the facade would hide it.
+// What the package's layers below the facade do on their own, where the facade would hide it.
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -104,7 +104,7 @@ const Reserved kReserved[] = {
      }},
 };
 
-/// A layer behind the facade.
+/// A layer below the facade.
 struct Behind {
     const char* name;
     Package (*make)();

@@ -108,7 +108,7 @@ TEST(PathCosts, RowsOfAllWidths) {
         }
 }
 
-/// Rows behind an array that is large.
+/// Rows after an array that is large.
 TEST(PathCosts, RowsAfterALargeArray) {
     for (const Rows& rows : kRows)
         ExpectFlat(rows.what, 10'000, kMost, [&](size_t count) {

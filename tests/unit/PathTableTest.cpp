@@ -172,7 +172,7 @@ TEST(PathTable, ARestartForgetsEverything) {
     }
 }
 
-/// A table that was never started answers too.
+/// A table that was never started can be asked too.
 TEST(PathTable, BeforeTheFirstRestart) {
     JsonAllocator allocator;
     PathTable table(allocator);

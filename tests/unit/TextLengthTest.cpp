@@ -1,4 +1,4 @@
-// The length of zero-terminated text, at every place in front of the end of a page.
+// The length of zero-terminated text, at every place before the end of a page.
 
 #include "common/text/TextLength.h"
 

@@ -1,4 +1,4 @@
-// Runs of units in UTF-16 text, at every alignment and in front of the end of a page.
+// Runs of units in UTF-16 text, at every alignment and before the end of a page.
 
 #include "common/text/UnitRuns.h"
 

@@ -117,7 +117,7 @@ std::string InString(std::string_view bytes) {
     return text + '"';
 }
 
-/// Decodes as the library's reader does inside of a string.
+/// Decodes as the library's reader does inside a string.
 Decoded Decode(std::string_view bytes, size_t pieceSize) {
     const std::string text = InString(bytes);
     Pieces pieces(text, pieceSize);
@@ -156,7 +156,7 @@ TEST(Utf8Decoding, EveryNumberThatTheFormCanHold) {
     EXPECT_EQ(0x110000 - 0x800, characters);
 }
 
-/// At the end, and in front of and behind what makes up whole steps.
+/// At the end, and before and after what makes up whole steps.
 TEST(Utf8Decoding, EveryTwoBytes) {
     const std::string rest(40, 'x');
     for (unsigned first = 0; first < 0x100; ++first)
@@ -266,7 +266,7 @@ void ExpectBlanksSkipped(size_t blanks, char last, size_t pieceSize) {
     ASSERT_EQ(blanks, stream.Tell()) << "pieces of " << pieceSize << ", before " << int{last};
 }
 
-/// Any number of blanks in front of any byte, in blocks of any size.
+/// Any number of blanks before any byte, in blocks of any size.
 TEST(Utf8Decoding, SkipsBlanks) {
     for (const size_t size : kPieces) {
         for (unsigned last = 0; last < 0x100; ++last) {

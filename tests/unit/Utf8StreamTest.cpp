@@ -123,7 +123,7 @@ const std::string kBroken[] = {
     "\",{\"a\"",    "\",{1",    "\",{\"a\":1]", "\"]]",
 };
 
-/// Where an error is told to be depends on how far the reader's stream is ahead: at every place
+/// Where an error is reported depends on how far the reader's stream is ahead: at every place
 /// around the edge of a block, and of the text.
 TEST(Utf8Stream, TellsErrorsAsTheLiteralWayDoes) {
     for (const std::string& piece : kBroken)

@@ -17,9 +17,9 @@ JsonDocument Parsed(const wchar_t* json) {
     return document;
 }
 
-constexpr int kAbsence = -77;  ///< what a place answers that has no value
+constexpr int kAbsence = -77;  ///< the result of a place that has no value
 
-/// A mistake, and what it answers. In the order in which they are found.
+/// A mistake, and its result. In the order in which they are found.
 struct Mistake {
     const char* name;
     int result;

@@ -1,5 +1,5 @@
 // Adding of values: every combination of mistakes, of which the first decides; and the references
-// that are handed out.
+// that are returned.
 
 #include "common/values/ValueBuild.h"
 
@@ -26,7 +26,7 @@ enum Mistake : unsigned {
     kNotItsKind = 16
 };
 
-/// What the first of a set of mistakes answers.
+/// The result of the first of a set of mistakes.
 int ResultOf(unsigned mistakes) {
     if (mistakes & kNoParent) return -2;
     if (mistakes & kNoKey) return -1;
@@ -77,7 +77,7 @@ TEST(ValueBuild, OrderOfChecksOfElements) {
     }
 }
 
-/// Adds one item of each kind again and again, and tells of each what was handed out.
+/// Adds one item of each kind again and again, and notes what was returned for each.
 class Appending {
 public:
     Appending() { document.SetArray(); }
@@ -90,7 +90,7 @@ public:
         EXPECT_TRUE(AddMemberGivesAddress(item));
     }
 
-    /// The reference is that of the array plus 16 for each element in front of the new one.
+    /// The reference is that of the array plus 16 for each element before the new one.
     template <class Item>
     void ExpectOdd(const Item& item) {
         const uint64_t reference = Add(item);
@@ -216,7 +216,7 @@ TEST(ValueBuild, RepeatedKeysMakeFurtherMembers) {
         EXPECT_EQ(i, (document.MemberBegin() + static_cast<std::ptrdiff_t>(i))->value.GetUint64());
 }
 
-/// The characters of a short string lie inside of the value until they are settled.
+/// The characters of a short string lie inside the value until they are settled.
 TEST(ValueBuild, SettledStringsStayWhereTheyAre) {
     JsonAllocator allocator;
     for (const std::wstring text : {L"", L"a", L"short", L"a text that is not short at all"}) {

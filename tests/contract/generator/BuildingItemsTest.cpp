@@ -1,4 +1,4 @@
-// What every operation adds, in each family: the value, its place, and what is handed out.
+// What every operation adds, in each family: the value, its place, and what is returned.
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// What a generator handed out, given back to it as an argument while it still lives.
+// What a generator returned, given back to it as an argument while it still lives.
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-// The references that are handed out: the new value's address, and of scalar elements their own
-// rule.
+// The references that are returned: the new value's address, or what the rule for scalar elements
+// gives.
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Allocations that fail during loads and grafts: each in turn, alone and with all that follow. The
-// call then answers -5, or as it does with a source that cannot be read; nothing changes, and
+// call then returns -5, or as it does with a source that cannot be read; nothing changes, and
 // nothing is lost.
 
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ using support::StateOf;
 constexpr int kAllThatFollow = std::numeric_limits<int>::max();
 constexpr int kHowMany[] = {1, kAllThatFollow};
 
-/// What a call with failing allocations may answer.
+/// What a call with failing allocations may return.
 bool IsFailure(const Operation& route, bool isAnsi, int result) {
     return result == -5 || (isAnsi && result == BadSourceResult(route));
 }

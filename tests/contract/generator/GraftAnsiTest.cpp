@@ -27,7 +27,7 @@ struct Row {
     Taken::Kind kind;
 };
 
-/// A character of its own behind the invalid byte keeps two-byte code pages from eating a quote.
+/// A character of its own after the invalid byte keeps two-byte code pages from eating a quote.
 const Row kRows[] = {
     {"[\"\xE9.\"]", Taken::kContainer},
     {"{\"\xE9t\xE9.\":\"\xFC \"}", Taken::kContainer},
@@ -41,7 +41,7 @@ const Row kRows[] = {
     // A zero ends the second attempt as it ends the first.
     {std::string("[\"\xE9.\"]\0]", 8), Taken::kContainer},
     {"\"\xE9.\"", Taken::kScalar},
-    // The second attempt takes a mark for text in front of the document.
+    // The second attempt reads a mark as text before the document.
     {kMark + "[\"\xE9.\"]", Taken::kBroken},
     {kMark + "\"\xE9.\"", Taken::kBroken},
     {"[\"\xE9.\"", Taken::kBroken},
@@ -80,7 +80,7 @@ TEST(GraftAnsi, CharactersAreThoseOfTheCodePage) {
     }
 }
 
-/// Text that, read as UTF-8, holds a string that is not valid. Nothing tells the encoding of the
+/// Text that, read as UTF-8, holds a string that is not valid. Nothing shows the encoding of the
 /// first of these, the second has the mark of UTF-8, the third is plain UTF-16.
 TEST(GraftAnsi, TextHasNoSecondAttempt) {
     const std::string sources[] = {"[\"\xE9-\"]", kMark + "[\"\xE9.- \"]",

@@ -1,5 +1,5 @@
 // Sources that are nested deeper than the stack of the caller carries: loading and grafting them
-// answers -5, changes nothing, closes the file and leaves a generator that works.
+// returns -5, changes nothing, closes the file and leaves a generator that works.
 
 #include <gtest/gtest.h>
 

@@ -218,7 +218,7 @@ TEST(Graft, NothingOfTheCallersIsKept) {
     }
 }
 
-/// What a generator handed out is as good a source as any.
+/// What a generator returned is as good a source as any.
 TEST(Graft, AGeneratorTakesItsOwnOutput) {
     const std::wstring json = L"{\"a\":[1,\"\xE9\xD834\xDD1E\",NaN]}";
     for (const int32_t selector : support::kAllSelectors) {

@@ -13,7 +13,7 @@ using namespace building;
 using support::Generator;
 using support::NewGenerator;
 
-/// What the caller provides, with something behind it that is not the generator's.
+/// What the caller provides, with something after it that is not the generator's.
 struct Buffer {
     Buffer() { std::fill(std::begin(text), std::end(text), L'#'); }
 

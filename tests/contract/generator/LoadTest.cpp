@@ -39,7 +39,7 @@ struct Row {
     int fromFile;
 };
 
-/// Text that does not parse answers differently from a file that does not.
+/// Text that does not parse has another result than a file that does not.
 const Row kRows[] = {
     {L"{}", 1, 1},          {L"[]", 1, 1},         {L"[1,2]", 1, 1},    {L"{\"a\":NaN}", 1, 1},
     {L"5", -3, -3},         {L"\"text\"", -3, -3}, {L"true", -3, -3},   {L"null", -3, -3},
@@ -195,7 +195,7 @@ TEST(GeneratorLoad, NothingOfTheSourceIsKept) {
     EXPECT_EQ(L"{\"key\":\"from a file\"}", JsonOf(*generator));
 }
 
-/// The system's own measure of a text's length answers 0 where there is nothing to read; a file
+/// The system's own measure of a text's length returns 0 where there is nothing to read; a file
 /// name there faults. Both leave the generator as it was.
 TEST(GeneratorLoad, SourcesThatAreNoMemory) {
     Arguments arguments;

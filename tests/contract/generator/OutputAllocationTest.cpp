@@ -1,5 +1,5 @@
 // Allocations that fail during outputs: each in turn, alone and with all that follow. The output
-// answers -5 or is whole; the file is closed and what it was, the document stays, and nothing is
+// returns -5 or is whole; the file is closed and as it was, the document stays, and no memory is
 // lost.
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// What an output in memory hands out lives until the next call of the same operation.
+// What an output in memory returns lives until the next call of the same operation.
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ T* BadPointer() {
     return reinterpret_cast<T*>(uintptr_t{8});
 }
 
-/// What GetJsonBytes handed out.
+/// What GetJsonBytes returned.
 struct Bytes {
     const uint8_t* data = nullptr;
     uint64_t length = 0;

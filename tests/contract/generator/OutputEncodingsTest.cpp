@@ -177,7 +177,7 @@ TEST(OutputEncodings, LoneSurrogatesInKeys) {
     ExpectAllForms(document, *generator);
 }
 
-/// An output that ended early leaves nothing behind in the ones after it.
+/// Nothing of an output that ended early shows in the ones after it.
 TEST(OutputEncodings, AWholeDocumentFollowsOneThatEndedEarly) {
     const Generator generator = GeneratorOfText(L"a\xD800");
     for (const OutputForm& form : support::AllOutputForms()) {

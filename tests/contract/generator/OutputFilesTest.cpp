@@ -112,7 +112,7 @@ TEST(OutputFiles, NamesOutsideTheAnsiCodePage) {
     EXPECT_TRUE(DeleteFileW(name.c_str()));
 }
 
-/// How somebody else has the file open, and what a save then answers. The file must open for
+/// How somebody else has the file open, and what a save then returns. The file must open for
 /// reading while nobody writes it, and then for writing.
 struct Use {
     const char* name;

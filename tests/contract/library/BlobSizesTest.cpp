@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <windows.h>
-// wincrypt.h needs the types of windows.h in front of it.
+// wincrypt.h needs the types of windows.h before it.
 #include <wincrypt.h>
 
 #include <cstdint>
@@ -24,7 +24,7 @@ const uint32_t kTooMany[] = {kMost + 1, 0x7FFFFFFF, 0x80000000, 0x80000001, 0xFF
 /// One byte is all that there is.
 const uint8_t kByte = 0;
 
-/// Ways to give a generator a blob, and what each answers where it has no text.
+/// Ways to give a generator a blob, and what each returns where it has no text.
 struct BlobRoute {
     const char* name;
     int answer;

@@ -61,7 +61,7 @@ struct Failure {
 
 Arguments PlaceOf(Scene& scene, bool object) { return scene.Naming(object ? L"object" : L"array"); }
 
-/// What no output is written to, and what is no place, a call answers before it makes anything.
+/// A call without an output, or without a place, fails before it makes anything.
 const Failure kFailures[] = {
     {"without an output",
      [](Scene& scene, const Operation& operation, const std::wstring&) {

@@ -29,7 +29,7 @@ constexpr int kMany = 100'000;
 constexpr int kSome = 1'000;  ///< of what uses up a stack
 constexpr int kFew = 200;     ///< of what takes the time of the file system
 
-/// One use of an object from its making to its end; whether all answers were those expected.
+/// One use of an object from its making to its end; whether all results were those expected.
 using Cycle = bool (*)();
 
 int CountGood(Cycle cycle, int times) {

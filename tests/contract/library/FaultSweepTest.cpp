@@ -1,5 +1,5 @@
-// Every operation with every one of its pointers going wrong in every way: it answers as the
-// contract has it, a call that fails changes nothing, and the object goes on.
+// Every operation with every one of its pointers going wrong in every way: it returns what the
+// contract says, a call that fails changes nothing, and the object goes on.
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ using namespace support::parameters;
 
 // ---- Pointers ----------------------------------------------------------------------------------
 
-/// A parameter that is a pointer, or the pointer inside of a variant.
+/// A parameter that is a pointer, or the pointer inside a variant.
 struct Pointer {
     Parameter parameter;
     size_t output = 0;  ///< which of the outputs it is
@@ -124,7 +124,7 @@ void Point(Arguments& arguments, const Pointer& pointer, uintptr_t address) {
 
 enum class Outcome {
     kGood,     ///< as if nothing were wrong
-    kRefused,  ///< any other answer
+    kRefused,  ///< any other result
     kFault,    ///< -5
     kEscape,   ///< an access violation that reaches the caller
     kNotTried,
@@ -150,9 +150,9 @@ Outcome ExpectedOf(const Operation& operation, const Pointer& pointer, BadPointe
     const bool isOutput = IsOutput(pointer.parameter);
     const bool works = where == BadPointer::kOdd || (where == BadPointer::kReadOnly && !isOutput);
     const bool isAtEnd = where == BadPointer::kLastByte || where == BadPointer::kOffTheEnd;
-    // Any memory that can be read is taken for a value: the contract leaves references unchecked.
+    // Any memory that can be read is used as a value: the contract leaves references unchecked.
     if (works && pointer.parameter == kReference) return Outcome::kNotTried;
-    // These are kept or passed on, not looked behind.
+    // These are kept or passed on, and nothing is read through them.
     if (pointer.parameter == kObject || pointer.parameter == kDelegate) return Outcome::kGood;
     // A package that serves as a delegate refuses imports before it looks at them.
     if (operation.asks == Asks::kImport) return Outcome::kGood;

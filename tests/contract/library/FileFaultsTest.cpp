@@ -378,8 +378,8 @@ std::string BytesOf(const Save& save, int32_t encoding) {
     return file.Bytes();
 }
 
-/// A save over `before` with failing calls. What was written tells, not the result; but a file that
-/// does not open is left alone.
+/// A save over `before` with failing calls. The test looks at what was written, not at the result;
+/// but a file that does not open is left alone.
 void SaveWithFailure(const Save& save, int32_t encoding, Function function, bool happened,
                      const TempFile& file, int result) {
     const std::string whole = BytesOf(save, encoding);

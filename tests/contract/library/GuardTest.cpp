@@ -23,7 +23,7 @@ BOOL WINAPI Decode(const wchar_t*, DWORD, DWORD, BYTE*, DWORD* count, DWORD*, DW
     return TRUE;
 }
 
-/// A parser with a blob, which is decoded by a system that does as it is told.
+/// A parser with a blob, which a function of the test decodes in place of the system's.
 class Guard : public testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(decode.Found()); }
@@ -97,7 +97,7 @@ TEST_F(Guard, AnswersFaultsOfTheProcessor) {
     EXPECT_EQ(1, Read([] {}));
 }
 
-/// The inner guard answers what is below it, and the outer one goes on, or fails by itself.
+/// The inner guard returns for what is below it, and the outer one goes on, or fails by itself.
 TEST_F(Guard, NestedGuards) {
     int inner = 0;
     EXPECT_EQ(1, Read([&] { inner = FaultingCall(); }));
@@ -119,7 +119,7 @@ struct Calling {
     int* answer;
 };
 
-/// What destructors do while an exception passes them is answered, and the exception goes on.
+/// A fault in a destructor that an exception passes is caught, and the exception goes on.
 TEST_F(Guard, AFaultThatIsAnsweredWhileAnExceptionIsOnItsWay) {
     int answer = 0;
     const auto during = [&] {

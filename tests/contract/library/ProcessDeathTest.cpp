@@ -1,6 +1,6 @@
 // Failures that could leave the process itself broken: locks of the runtime library held for ever,
-// a call of std::terminate. Each runs in a process of its own, which tells by its exit code how far
-// it came and ends itself where it would hang.
+// a call of std::terminate. Each runs in a process of its own, whose exit code reports how far it
+// came, and which ends itself where it would hang.
 
 #include <gtest/gtest.h>
 

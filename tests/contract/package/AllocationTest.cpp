@@ -1,4 +1,4 @@
-// Allocations that fail, one by one, in every operation that needs memory: the operation answers
+// Allocations that fail, one by one, in every operation that needs memory: the operation returns
 // -5 (-3 where a conversion lacked its buffer), what was there before is still there, and with
 // memory the same call goes well.
 
@@ -42,7 +42,7 @@ struct Trial {
     const char* name;
     int (*call)(IJsonPackage& package);
     bool loads;         ///< what was there before goes first
-    int converts = -5;  ///< the answer where the conversion of bytes lacks its buffer
+    int converts = -5;  ///< the result where the conversion of bytes lacks its buffer
 };
 
 const Trial kTrials[] = {

@@ -1,5 +1,5 @@
 // Delegates that fail with exceptions: the package lets them through to its caller, as they come,
-// and is none the worse for it.
+// and stays usable.
 
 #include <gtest/gtest.h>
 
@@ -97,7 +97,7 @@ TEST(PackageBridgeFailure, AProcessorFaultReachesTheCaller) {
     ForEachCall([&](const auto& call) { EXPECT_EQ(1, call(*package)); });
 }
 
-/// What an export hands out is read inside of the guard.
+/// What an export returns is read inside the guard.
 TEST(PackageBridgeFailure, ATextThatCannotBeReadIsRefused) {
     const Package package = LoadedPackage(kDocument);
     const std::wstring deep(200000, L'[');

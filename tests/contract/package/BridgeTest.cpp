@@ -1,4 +1,4 @@
-// The bridge to a delegate: what reaches it, what becomes of its answers and texts, and packages
+// The bridge to a delegate: what reaches it, what becomes of its results and texts, and packages
 // that are delegates of packages.
 
 #include <gtest/gtest.h>
@@ -97,7 +97,7 @@ TEST(PackageBridge, AnyAnswerButOneIsPassedBackAndStoresNothing) {
             EXPECT_EQ(1, package->SetDelegate(&delegate));
             EXPECT_EQ(answer, slot.Set(*package, L"Key"));
             EXPECT_EQ(answer, slot.Set(*package, L"new"));
-            // The answer comes first, the key is not looked at.
+            // The result comes first, the key is not looked at.
             EXPECT_EQ(answer, slot.Set(*package, nullptr));
             delegate.text = nullptr;
             EXPECT_EQ(answer, slot.Set(*package, L"Key"));

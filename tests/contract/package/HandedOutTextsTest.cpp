@@ -1,4 +1,4 @@
-// How long the texts and bytes that a package hands out live.
+// How long the texts and bytes that a package returns live.
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ using QXJSON::JsonVariant;
 using support::LoadedPackage;
 using support::Package;
 
-/// Short texts may be kept inside of a value, which moves when keys come and go.
+/// Short texts may be kept inside a value, which moves when keys come and go.
 const std::wstring kValues[] = {L"", L"s", L"short", L"seven c", L"a text that is not so short"};
 
 /// The ways to a string's characters.
@@ -149,7 +149,7 @@ TEST(PackageHandedOutTexts, NamesLiveUntilTheirKeyIsChanged) {
         }
 }
 
-/// Getters that fail do not touch what others handed out.
+/// Getters that fail do not touch what others returned.
 TEST(PackageHandedOutTexts, TheWholeTextLivesUntilTheNextText) {
     const Package package = LoadedPackage(L"{\"s\":\"text\",\"n\":1,\"x\":\"QUJD\"}");
     const std::wstring expected = L"{\"s\":\"text\",\"n\":1,\"x\":\"QUJD\"}";

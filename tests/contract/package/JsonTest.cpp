@@ -39,7 +39,7 @@ const Accepted kAccepted[] = {
     {L"\xFEFF[1]", L"[1]"},
     {L"\xFEFF{\"\x4E2D\":1}", L"{\"\x4E2D\":1}"},
     {L"\xFEFF [\"\x4E2D\"]", L"[\"\x4E2D\"]"},
-    // The same byte by byte in the other order, behind a mark that says so.
+    // The same byte by byte in the other order, after a mark that says so.
     {L"\xFFFE\x5B00\x3100\x5D00", L"[1]"},
     // Two bytes of UTF-8 in each unit: [1,2,3, and a blank in front.
     {L"\x5B20\x2C31\x2C32\x5D33", L"[1,2,3]"},

@@ -73,7 +73,7 @@ TEST(PackageLife, AFileNameThatCannotBeReadFaults) {
     EXPECT_EQ(kDocument, PackageText(*package));
 }
 
-/// The system's own measure of a text's length answers 0 where there is nothing to read.
+/// The system's own measure of a text's length returns 0 where there is nothing to read.
 TEST(PackageLife, WideTextThatCannotBeReadIsEmpty) {
     const Package package = LoadedPackage(kDocument);
     EXPECT_EQ(support::PackageRefused(21, 0),

@@ -26,7 +26,7 @@ void ExpectFile(const PackageOutcome& expected, const std::string& bytes) {
     EXPECT_EQ(expected, LoadPackageFile(*package, bytes)) << testing::PrintToString(bytes);
 }
 
-/// A character of its own behind the invalid byte keeps two-byte code pages from eating a quote.
+/// A character of its own after the invalid byte keeps two-byte code pages from eating a quote.
 TEST(PackageLoadAnsi, FilesThatAreNotUtf8) {
     for (const std::string bytes :
          {"{\"a\":\"\xE9.\"}", "{\"\xE9t\xE9.\":\"\xFC \"}", "{\"a\":[\"\xC3\xA9 \xE9.\",{}]}",
@@ -89,7 +89,7 @@ TEST(PackageLoadAnsi, OnlyAnInvalidStringLeadsToTheSecondAttempt) {
 }
 
 TEST(PackageLoadAnsi, WideTextHasNoSecondAttempt) {
-    // Read as UTF-8, as nothing tells the encoding of this text: {"a":"\xE9-"}
+    // Read as UTF-8, as nothing shows the encoding of this text: {"a":"\xE9-"}
     const std::wstring text = {0x227B, 0x2261, 0x223A, 0x2DE9, 0x7D22};
     const Package package = NewPackage();
     EXPECT_EQ(PackageRefused(12, 7), support::LoadPackageText(*package, text));

@@ -1,4 +1,4 @@
-// What the two loads answer to good and to broken text: result, message, offset, and the package.
+// What the two loads return for good and for broken text: result, message, offset, and the package.
 
 #include <gtest/gtest.h>
 
@@ -67,7 +67,7 @@ TEST(PackageLoad, AnyOtherRootAnswersZeroAndLeavesTheSameMessage) {
 }
 
 /// A text that no load accepts. RapidJSON reads one unit ahead, so that its offset of an error is
-/// just behind the unit it stumbles over, or the end of the text.
+/// just after the unit it stumbles over, or the end of the text.
 struct Refused {
     const wchar_t* text;
     int code;
@@ -195,12 +195,12 @@ TEST(PackageLoad, TextsThatAreNotReadAsTheyLook) {
         PackageOutcome outcome;
     };
     const Row rows[] = {
-        // Nothing of the first four bytes is zero behind the second: read as UTF-8, up to there.
+        // Nothing of the first four bytes is zero after the second: read as UTF-8, up to there.
         {L"[\x4E2D]", PackageRefused(3, 2)},
         {L"{\x3000}", PackageRefused(4, 2)},
         {L"{\x0100}", PackageRefused(4, 2)},
         {L"\"\x4E2D\"", PackageRefused(11, 2)},
-        // A mark tells the encoding, whatever follows.
+        // A mark decides the encoding, whatever follows.
         {L"\xFEFF\"\x4E2D\"", PackageRefused(22, 0)},
         {L"\xFEFF[\x4E2D]", PackageRefused(3, 6)},
         {L"\xFEFF\xFEFF{}", PackageRefused(3, 4)},
@@ -239,7 +239,7 @@ TEST(PackageLoad, TheCallersTextMayGoAfterTheLoad) {
     EXPECT_EQ(copy, support::PackageText(*package));
 }
 
-/// A copy, for the text itself ends when the load begins.
+/// A copy, because the text itself ends when the load begins.
 TEST(PackageLoad, APackageCanLoadACopyOfItsOwnText) {
     const Package package = support::LoadedPackage(L"{\"a\":1}");
     const std::wstring copy = support::PackageText(*package);

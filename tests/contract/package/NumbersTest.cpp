@@ -166,7 +166,7 @@ TEST(PackageNumbers, ANullKeyChangesNothing) {
 
 const double kNotFinite[] = {kNaN, kInfinity, -kInfinity};
 
-/// A package with such a number behind another key, and a key behind that.
+/// A package with such a number after another key, and a key after that.
 Package WithNotFinite(double number) {
     Package package = LoadedPackage(L"{\"a\":\"\xE9\"}");
     EXPECT_EQ(1, package->SetValueNumber(L"b", number));

@@ -1,4 +1,4 @@
-// What a package handed out, given back to it as an argument while it still lives.
+// What a package returned, given back to it as an argument while it still lives.
 
 #include <gtest/gtest.h>
 
@@ -111,7 +111,7 @@ TEST(PackageOwnMemory, MessagesAndBlobsAsTexts) {
     EXPECT_STREQ(L"[1,{}]", ValueOf(*package, L"[1,{}]"));
 }
 
-/// Texts of every length: RapidJSON keeps short ones inside of the value that they replace.
+/// Texts of every length: RapidJSON keeps short ones inside the value that they replace.
 TEST(PackageOwnMemory, ATextBecomesItsOwnKeysValue) {
     for (const size_t length : {0, 1, 5, 7, 8, 50, 5'000}) {
         std::wstring text;

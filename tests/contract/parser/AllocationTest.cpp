@@ -107,8 +107,8 @@ TEST(Allocation, WithoutAnImplementationALoadBuildsOne) {
     EXPECT_EQ(1, CreateWithout(kImplementation).release()->Release());
 }
 
-/// Each allocation of the factory in turn. What lies behind the implementation may cost the object
-/// or a part of it, but a load on an object that was returned builds everything anew.
+/// Each allocation of the factory in turn. A failure may cost the whole object, or its parts below
+/// the facade, but a load on an object that was returned makes all of them again.
 TEST(Allocation, EveryAllocationOfTheFactory) {
     FailingAllocations allocations;
     for (const int count : kHowMany) {
@@ -227,7 +227,7 @@ private:
     int kept = 0;
 };
 
-/// Just behind the byte that is not UTF-8.
+/// Just after the byte that is not UTF-8.
 uint64_t Utf8Offset(const std::string& bytes) { return bytes.find('\xE9') + 1; }
 
 class AllocationInLoads : public testing::TestWithParam<int> {};

@@ -82,7 +82,7 @@ private:
     TempFile file;
 };
 
-/// What a load answered, and what an ordinary load on the same object did afterwards.
+/// What a load returned, and what an ordinary load on the same object did afterwards.
 struct DeepLoad {
     int result = 0;
     int rootAfter = 0;

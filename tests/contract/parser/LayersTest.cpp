@@ -156,7 +156,7 @@ TEST(Layers, ALoadThatFaultsLeavesNoErrorBehind) {
     }
 }
 
-/// The system's own measure of a text's length answers 0 where there is nothing to read.
+/// The system's own measure of a text's length returns 0 where there is nothing to read.
 TEST(Layers, WideTextThatCannotBeReadIsEmpty) {
     const Parser parser = NewParser();
     EXPECT_EQ(support::Failure(21, 0),

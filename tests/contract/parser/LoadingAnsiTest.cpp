@@ -27,7 +27,7 @@ void ExpectBytesAndFile(const LoadOutcome& expected, const std::string& bytes) {
     EXPECT_EQ(expected, support::LoadFile(*parser, bytes));
 }
 
-/// A character of its own behind the invalid byte keeps two-byte code pages from eating a quote.
+/// A character of its own after the invalid byte keeps two-byte code pages from eating a quote.
 TEST(LoadingAnsi, TextThatIsNotUtf8IsReadInTheAnsiCodePage) {
     for (const std::string bytes :
          {"[\"\xE9.\"]", "{\"\xE9t\xE9.\":\"\xFC \"}", "[\"\xC3\xA9 \xE9.\",[1,{}]]",
@@ -50,7 +50,7 @@ TEST(LoadingAnsi, ValidUtf8IsNeverReadAsAnsi) {
     ExpectBytesAndFile(Success(L"[\"\xE9\"]"), kMark + "[\"\xC3\xA9\"]");
 }
 
-/// The second attempt takes the bytes as they are: a mark is then text in front of the document.
+/// The second attempt takes the bytes as they are: a mark is then text before the document.
 TEST(LoadingAnsi, AMarkInFrontMakesTheSecondAttemptFail) {
     ExpectBytesAndFile(Failure(3, 0), kMark + "[\"\xE9.\"]");
 }
@@ -107,7 +107,7 @@ TEST(LoadingAnsi, OnlyAnInvalidStringLeadsToTheSecondAttempt) {
 
 TEST(LoadingAnsi, WideTextHasNoSecondAttempt) {
     const Parser parser = NewParser();
-    // Read as UTF-8, as nothing tells the encoding of this text, its units are: [ " U+00E9 - ...
+    // Read as UTF-8, as nothing shows the encoding of this text, its units are: [ " U+00E9 - ...
     const std::wstring text = {0x225B, 0x2DE9, 0x5D22};
     EXPECT_EQ(Failure(12, 3), support::LoadText(*parser, text));
 }

@@ -26,7 +26,7 @@ constexpr Encoding k32Be = Encoding::kUtf32Be;
 LoadOutcome BlankFile(uint64_t offset) { return Failure(1, offset); }
 LoadOutcome BlankText() { return Failure(21, 0); }
 
-/// Short texts as bytes. Below four bytes nothing tells the encoding, and they are read as UTF-8:
+/// Short texts as bytes. Below four bytes nothing shows the encoding, and they are read as UTF-8:
 /// a mark is then an invalid value, and a zero byte ends the text.
 struct ShortText {
     Encoding encoding;

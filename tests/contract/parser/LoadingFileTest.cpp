@@ -131,7 +131,7 @@ void Allow(int calls) {
 
 constexpr int kAll = 1 << 20;
 const std::string kAnsi = "[\"some text and \xE9.\",1,2,3]";
-constexpr uint64_t kAnsiOffset = 17;  ///< just behind the byte that is not UTF-8
+constexpr uint64_t kAnsiOffset = 17;  ///< just after the byte that is not UTF-8
 
 TEST(LoadingFile, WhereTheSecondOpenFailsTheFirstErrorStays) {
     const ImportPatch open(support::JsonDll(), "_wfopen_s", &OpenSomeTimes);

@@ -1,4 +1,4 @@
-// What the three loads answer to well-formed and to broken text: result, message, offset, document.
+// What the three loads return for well-formed and broken text: result, message, offset, document.
 
 #include <gtest/gtest.h>
 
@@ -53,7 +53,7 @@ TEST(Loading, AcceptsDocumentsInEveryForm) {
 }
 
 /// A text that no load accepts. RapidJSON reads one unit ahead, so that its offset of an error is
-/// just behind the unit it stumbles over, or the end of the text.
+/// just after the unit it stumbles over, or the end of the text.
 struct Refused {
     const wchar_t* text;
     int code;
@@ -136,7 +136,7 @@ uint64_t ExpectedOffset(const LoadForm& form, const Refused& row) {
     return row.offset == 0 ? 0 : form.MarkSize() + row.offset * form.UnitSize();
 }
 
-/// Only U+20AC of the table has more than one unit, and only in UTF-8, where it stands behind the
+/// Only U+20AC of the table has more than one unit, and only in UTF-8, where it stands after the
 /// offset.
 TEST(Loading, RefusesBrokenTextInEveryFormWithCodeAndOffset) {
     const Parser parser = NewParser();
@@ -181,7 +181,7 @@ TEST(Loading, TextEndsAtItsFirstZeroUnit) {
         EXPECT_EQ(Success(L"[1,2]"), support::LoadIn(form, *parser, text)) << form;
     const std::wstring cut(L"[1,\0 2]", 7);
     for (const LoadForm& form : AllForms()) {
-        // A text knows where it ends, bytes go on behind the zero that the reader stumbles over.
+        // Text ends at its zero; bytes go on after the zero, over which the reader stumbles.
         const uint64_t units = form.route == support::Route::kText ? 3 : 4;
         EXPECT_EQ(Failure(3, form.MarkSize() + units * form.UnitSize()),
                   support::LoadIn(form, *parser, cut))
@@ -221,7 +221,7 @@ LoadOutcome LoadLength(QXJSON::IJsonParser& parser, const std::string& bytes, ui
 }
 
 /// A length may go beyond the zero at the end of a text, and beyond the memory that it is in:
-/// nothing behind the zero is read.
+/// nothing after the zero is read.
 TEST(Loading, NothingBehindAZeroIsRead) {
     const std::wstring texts[] = {L"[1]",
                                   L"{\"a\":[\"\xE9\"]}",

@@ -1,5 +1,4 @@
-// The sentences that the loads leave behind: exactly, whenever and however often they are asked
-// for.
+// The sentences for the last load: exactly, whenever and however often they are asked for.
 
 #include <gtest/gtest.h>
 
@@ -14,8 +13,8 @@ namespace {
 using support::NewParser;
 using support::Parser;
 
-/// A load for each message code that a load can leave: 16 and 17 take a reader that is told to stop
-/// and comments, 22 belongs to the package.
+/// A load for each message code that a load can leave: 16 and 17 take a handler that stops the
+/// reader, and comments; 22 belongs to the package.
 struct Leaving {
     int code;
     const wchar_t* text;  ///< given to LoadJsonString where `load` is null

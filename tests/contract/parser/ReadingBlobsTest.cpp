@@ -21,7 +21,7 @@ std::wstring DocumentWith(const std::wstring& text) {
     return L"{\"v\":\"" + text + L"\",\"other\":\"QUJD\"}";
 }
 
-/// Every operation that hands out a blob, asked for the member `v`.
+/// Every operation that returns a blob, asked for the member `v`.
 void ForEachRoute(QXJSON::IJsonParser& parser,
                   const std::function<void(const Operation&, Arguments)>& act) {
     const Site root = SiteOfRoot(parser);
@@ -201,7 +201,7 @@ TEST(ReadingBlobs, TheBufferIsReused) {
     const Blob last = BlobAt(*parser, L"/a");
     EXPECT_EQ(longer.data, last.data);
     EXPECT_EQ("ABC", last.Bytes());
-    // No bytes of the longer blob are left behind it.
+    // No bytes of the longer blob are left after it.
     EXPECT_TRUE(std::all_of(last.data + 3, last.data + 5000, [](uint8_t b) { return b == 0; }));
 }
 

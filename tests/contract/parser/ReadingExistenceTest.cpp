@@ -73,8 +73,8 @@ TEST(ReadingExistence, OfAMemberOfNothing) {
             EXPECT_FALSE(parser->ExistsMemberByPath(path, key)) << (path ? path : L"-");
 }
 
-/// These operations answer yes or no and have no result for a fault: it passes through the library
-/// to a handler of the caller, as an access violation.
+/// These operations return a bool and have no result for a fault: it passes through the library to
+/// a handler of the caller, as an access violation.
 TEST(ReadingExistence, FaultsReachTheCaller) {
     const auto wild = reinterpret_cast<const wchar_t*>(uintptr_t{16});
     const Parser parser = Loaded(kDocument);

@@ -87,7 +87,7 @@ TEST(ReadingKeys, TheFirstMemberWithTheKeyInAnyCase) {
         {L"{\"a\\u0000b\":1}", L"a", -1, false},
         {L"{\"\\u0000\":1}", L"", -1, false},
         {L"{}", L"a", -1, false},
-        // Neighbours of the letters, which differ from others in the bit that tells the case.
+        // Neighbours of the letters, which differ from others in the bit for the case.
         {L"{\"[\":1}", L"{", -1, false},
         {L"{\"{\":1}", L"[", -1, false},
         {L"{\"@\":1}", L"`", -1, false},
@@ -127,7 +127,7 @@ TEST(ReadingKeys, TheFirstMemberWithTheKeyInAnyCase) {
     }
 }
 
-/// Every pair of ASCII characters: only the two cases of one letter are taken for each other.
+/// Every pair of ASCII characters: only the two cases of one letter match each other.
 TEST(ReadingKeys, OnlyTheCasesOfALetterAreAlike) {
     auto isLetter = [](wchar_t c) { return (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z'); };
     for (wchar_t name = 1; name < 0x80; ++name) {

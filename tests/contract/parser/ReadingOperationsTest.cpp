@@ -14,7 +14,7 @@ using namespace support;
 
 std::wstring NumberOf(uint64_t number) { return std::to_wstring(number); }
 
-/// What operations answer to Calls::Good on a fresh parser that holds kEveryKind, whose values have
+/// What operations return for Calls::Good on a new parser that holds kEveryKind, whose values have
 /// the handles 1 (the root) and then 2, 3, ... in the order of its members, as far as known.
 struct Expectation {
     Asks asks;

@@ -20,7 +20,7 @@ struct Placed {
           root(SiteOfRoot(*parser)),
           value(SiteOfMember(*parser, L"v")) {}
 
-    /// What the operation hands out for the first child, learnt from operations of the other kind.
+    /// What the operation returns for the first child, learnt from operations of the other kind.
     Answer FirstChild(const Operation& operation) const {
         uint32_t itemType = 0;
         uint32_t valueType = 0;

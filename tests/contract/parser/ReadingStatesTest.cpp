@@ -135,7 +135,7 @@ TEST(ReadingStates, HandlesEndWithTheDocument) {
     }
 }
 
-/// What every operation answers about every value, root and members, of a document.
+/// What every operation returns about every value, root and members, of a document.
 std::vector<Answer> Dump(QXJSON::IJsonParser& parser) {
     std::vector<Answer> answers;
     const Site root = SiteOfRoot(parser);

@@ -125,8 +125,8 @@ TEST(ReadingText, OfTheRoot) {
     EXPECT_EQ(0, parser->GetArrayJsonByPath(L"/", &text));
 }
 
-/// An element of an array is no object to look for a key in: 0 here, where other operations by key
-/// answer -3.
+/// An element of an array is not an object with a key in it: 0 here, where other operations by key
+/// return -3.
 TEST(ReadingText, FailuresOfTheirOwn) {
     const Parser parser = Loaded(L"{\"o\":{\"a\":[],\"b\":{}},\"l\":[{}],\"n\":1}");
     struct Row {

@@ -13,7 +13,7 @@ namespace {
 using namespace support;
 using QXJSON::JsonVariant;
 
-/// Both variant operations on the value at a site must answer the same.
+/// Both variant operations on the value at a site must return the same.
 void ExpectVariant(QXJSON::IJsonParser& parser, const Site& site, const wchar_t* key,
                    const Answer& expected) {
     Arguments arguments = At(site);
