@@ -64,7 +64,7 @@
 
     // A part of the words around the first match, with all matches marked.
     function excerpt({words, terms}) {
-        const match = new RegExp(`(?<!\\w)(${terms.join("|")})\\w*`, "gi");  // a term has no sign that means more here
+        const match = new RegExp(`\\b(${terms.join("|")})\\w*`, "gi");  // a term has no sign that means more here
         const first = Math.max(0, words.search(match));
         const start = first < kBeforeMatch ? 0 : words.indexOf(" ", first - kBeforeMatch) + 1;
         const isLast = words.length <= start + kExcerpt;
