@@ -14,7 +14,7 @@ int32_t SecondOfList() {
     int32_t second = 0;
     if (parser->LoadJsonString(L"{\"list\":[10,20]}") != QXJSON::kSuccess ||
         parser->GetItemIntByPath(L"/list/2", &second) != QXJSON::kSuccess)
-        second = 0;  // item paths count from 1, so this was to be 20
+        second = 0;  // item paths count from 1, so it should be 20
     parser->Release();
     return second;
 }
