@@ -145,8 +145,8 @@ Command Diff(CLI::App& program) {
     AddFooter(
         *line,
         "A line for each difference: PATH: WHAT WAS THERE -> WHAT IS THERE, where \"nothing\" may "
-        "stand\nfor either. The order of members is no difference, nor is the spelling of a "
-        "number: 1.0 is 1.");
+        "stand\nfor either. Neither the order of members nor the spelling of a number counts: "
+        "1.0 is 1.");
     return {line, [options] { return Run(*options); }};
 }
 

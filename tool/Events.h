@@ -18,9 +18,9 @@ public:
     Events(const Events&) = delete;
     Events& operator=(const Events&) = delete;
 
-    /// A value that is no container: the characters of a string in UTF-8, where half of a surrogate
-    /// pair stands as if it were a character; the JSON of anything else, a number as it was
-    /// written.
+    /// A value that is not a container: the characters of a string in UTF-8, where half of a
+    /// surrogate pair stands as if it were a character; the JSON of anything else, a number as it
+    /// was written.
     virtual void Scalar(ValueKind kind, std::string_view text) = 0;
     virtual void Key(std::string_view name) = 0;
     virtual void Start(ValueKind container) = 0;

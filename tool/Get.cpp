@@ -72,16 +72,16 @@ bool PrintValue(const Input& input, const ItemPath& path, const Options& options
 
 int Run(const Options& options) {
     const ItemPath path = options.path.Parsed();
-    const std::wstring nothing = L": there is nothing at " + FromUtf8(path.text);
+    const std::wstring nothing = L"there is nothing at " + FromUtf8(path.text);
     if (!options.lines) {
         const Input input(options.input.file);
-        if (!PrintValue(input, path, options)) throw Failure{input.Label() + nothing};
+        if (!PrintValue(input, path, options)) throw Failure{input.Label() + L": " + nothing};
         return kGood;
     }
     Lines lines(options.input.file);
     bool found = false;
     while (const auto line = lines.Next()) found |= PrintValue(*line, path, options);
-    if (!found) throw Failure{L"in no line" + nothing.substr(1)};
+    if (!found) throw Failure{nothing + L" in any line"};
     return kGood;
 }
 

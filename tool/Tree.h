@@ -27,7 +27,7 @@ public:
     static constexpr size_t kRoot = 0;
     ValueKind KindOf(size_t value) const { return nodes[value].kind; }
     bool IsContainer(size_t value) const;
-    /// The text of what is no container, as Events have it.
+    /// The text of a value that is not a container, as Events have it.
     std::string_view TextOf(size_t value) const;
     /// How many members or elements a container has.
     size_t CountOf(size_t container) const { return nodes[container].length; }

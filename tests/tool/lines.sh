@@ -3,7 +3,7 @@
 printf '\xEF\xBB\xBF{"a":1}\n\n{"a":2.50,"b":"é"}\r\n  \n{"b":[1]}' > lines.json
 jsontool get lines.json /a --lines; good $'1\n2.50'
 cp lines.json input; jsontool get --lines /b; good $'é\n[1]'
-jsontool get lines.json /c --lines; fails 1 'in no line there is nothing at /c'
+jsontool get lines.json /c --lines; fails 1 'there is nothing at /c in any line'
 jsontool format lines.json --lines; good $'{"a":1}\n{"a":2.50,"b":"é"}\n{"b":[1]}'
 jsontool format lines.json --lines -o out.json; silent
 holds out.json '{"a":1}\n{"a":2.50,"b":"é"}\n{"b":[1]}'
