@@ -6,6 +6,7 @@ namespace bench {
 
 // The groups of jobs, each in a file of its own.
 
+void RunSmallJobs(Bench& bench);
 void RunLoadJobs(Bench& bench);
 void RunReadJobs(Bench& bench);
 void RunFindJobs(Bench& bench);

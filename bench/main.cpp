@@ -39,9 +39,10 @@ std::vector<std::string> Reversed(int count, wchar_t* arguments[]) {
 void Run(bench::Bench& bench) {
     const bench::Options& wanted = bench.Wanted();
     size_t shown = 0;
-    for (auto* run : {bench::RunLoadJobs, bench::RunReadJobs, bench::RunFindJobs,
-                      bench::RunBuildJobs, bench::RunOutputJobs, bench::RunPackageJobs,
-                      bench::RunChurnJobs, bench::RunNameJobs, bench::RunMemoryJobs}) {
+    for (auto* run :
+         {bench::RunSmallJobs, bench::RunLoadJobs, bench::RunReadJobs, bench::RunFindJobs,
+          bench::RunBuildJobs, bench::RunOutputJobs, bench::RunPackageJobs, bench::RunChurnJobs,
+          bench::RunNameJobs, bench::RunMemoryJobs}) {
         run(bench);
         if (wanted.checkOnly) continue;
         for (; shown < bench.Tables().size(); ++shown)

@@ -13,6 +13,10 @@ class DllBuilder {
 public:
     static constexpr const char* kName = "Json_Dll";
 
+    void LoadText(const std::wstring& text) {
+        uint32_t root = 0;
+        Expect(generator->LoadJsonString(text.c_str(), &root), "LoadJsonString");
+    }
     void LoadFile(const std::wstring& file) {
         uint32_t root = 0;
         Expect(generator->LoadJsonFile(file.c_str(), &root), "LoadJsonFile");
