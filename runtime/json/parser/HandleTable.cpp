@@ -7,51 +7,62 @@
 namespace QXJSON {
 
 void HandleTable::Clear() {
-    blocks.clear();
     count = 0;
+    if (paged) ClearPages();
+}
+
+void HandleTable::ClearPages() {
+    paged = false;
+    blocks.clear();
+    room = 0;
     pages.clear();
     slots.Clear();
-    std::fill(std::begin(recent), std::end(recent), 0);
 }
 
-uint32_t HandleTable::HandleOf(JsonValue& value) {
-    const auto address = reinterpret_cast<uintptr_t>(&value);
-    // Values do not overlap, so that no two of them share this number.
-    const uintptr_t number = address / sizeof(JsonValue);
-    const uintptr_t stretch = number / kStretch;
-    const auto place = static_cast<uint32_t>(number % kStretch);
-    PageNumber& page = recent[stretch % kRecent];
-    if (pages.empty() || pages[page].stretch != stretch) page = PageOf(stretch);
-    Handles& handles = *pages[page].handles;
-    if (const uint32_t known = Known(handles, place)) return known;
-    if (count == blocks.size() * kBlock) {
-        std::unique_ptr<PackedAddress[]> block(new PackedAddress[kBlock]);
-        blocks.push_back(std::move(block));
+uint32_t HandleTable::HandleInList(JsonValue& value) {
+    JsonValue* const* const end = few + count;
+    JsonValue* const* const found = std::find(static_cast<JsonValue* const*>(few), end, &value);
+    if (found != end) return static_cast<uint32_t>(found - few) + 1;
+    if (count < kFew) {
+        few[count] = &value;
+        return ++count;
     }
-    Note(handles, place, count + 1);
-    const auto step = static_cast<uint32_t>(address / alignof(JsonValue) % kSteps);
-    blocks[count / kBlock][count % kBlock] = page * kSteps + step;
-    return ++count;
+    StartPages();
+    return HandleOnPage(value);
 }
 
-/// The handle of a place, or 0.
-uint32_t HandleTable::Known(const Handles& handles, uint32_t place) {
-    if (handles.absolute) return handles.absolute[place];
-    const uint32_t distance = handles.distances[place];
-    return distance != 0 ? handles.base + distance : 0;
+/// Issues the handles that are listed once more, on pages.
+void HandleTable::StartPages() {
+    std::fill(std::begin(recent), std::end(recent), RecentPage());
+    paged = true;
+    count = 0;
+    try {
+        for (JsonValue* const value : few) HandleOnPage(*value);
+    } catch (...) {
+        ClearPages();
+        count = kFew;
+        throw;
+    }
 }
 
-void HandleTable::Note(Handles& handles, uint32_t place, uint32_t handle) {
-    const uint32_t distance = handle - handles.base;
-    if (!handles.absolute && distance > UINT16_MAX) {
+void HandleTable::NoteFar(Handles& handles, uint32_t place, uint32_t handle) {
+    if (!handles.absolute) {
         auto absolute = std::make_unique<uint32_t[]>(kStretch);
         for (uint32_t i = 0; i < kStretch; ++i) absolute[i] = Known(handles, i);
         handles.absolute = std::move(absolute);
     }
-    if (handles.absolute)
-        handles.absolute[place] = handle;
-    else
-        handles.distances[place] = static_cast<uint16_t>(distance);
+    handles.absolute[place] = handle;
+}
+
+void HandleTable::TurnTo(uintptr_t stretch, RecentPage& page) {
+    const PageNumber number = PageOf(stretch);
+    page = {stretch, pages[number].handles.get(), number};
+}
+
+void HandleTable::AddBlock() {
+    std::unique_ptr<PackedAddress[]> block(new PackedAddress[kBlock]);
+    blocks.push_back(std::move(block));
+    room += kBlock;
 }
 
 HandleTable::PageNumber HandleTable::PageOf(uintptr_t stretch) {

@@ -17,14 +17,21 @@ struct Place {
     int absence = kNoValue;
 };
 
+/// Whether what `Kind` stands for can be read from the value at a place: kSuccess, or the result of
+/// the first check that fails. `outputs`: whether all output pointers of the operation are there.
+template <class Kind>
+int Check(const Place& place, bool outputs) {
+    if (!place.value) return place.absence;
+    if (!outputs) return kPlainFailure;
+    return Kind::Fits(*place.value) ? kSuccess : kWrongKind;
+}
+
 /// Reads what `Kind` stands for from the value at a place.
 template <class Kind>
 int Get(const Place& place, typename Kind::Out* out) {
-    if (!place.value) return place.absence;
-    if (!out) return kPlainFailure;
-    if (!Kind::Fits(*place.value)) return kWrongKind;
-    *out = Kind::Read(*place.value);
-    return kSuccess;
+    const int result = Check<Kind>(place, out != nullptr);
+    if (result == kSuccess) *out = Kind::Read(*place.value);
+    return result;
 }
 
 /// A member as an operation asks for it.
@@ -60,11 +67,10 @@ int GetMember(MemberLookup& members, const Place& object, const wchar_t* key,
 /// The place of the member or element at `index`, in document order, of a container; `outputs` as
 /// in MemberRequest. The result for an index that is not below the count is kPlainFailure.
 inline Place ChildAt(const Place& container, uint32_t index, bool outputs) {
-    uint32_t count = 0;
-    const int result = Get<ChildCount>(container, outputs ? &count : nullptr);
+    const int result = Check<ChildCount>(container, outputs);
     if (result != kSuccess) return {nullptr, result};
-    if (index >= count) return {nullptr, kPlainFailure};
     JsonValue& parent = *container.value;
+    if (index >= ChildCount::Read(parent)) return {nullptr, kPlainFailure};
     return {parent.IsObject() ? &parent.MemberBegin()[index].value : &parent[index]};
 }
 

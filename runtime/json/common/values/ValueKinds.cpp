@@ -25,14 +25,14 @@ uint32_t ItemType::Read(const JsonValue& value) {
 }
 
 uint32_t ValueType::Read(const JsonValue& value) {
+    if (!value.IsNumber()) return ItemType::Read(value);
     // The widths are nested: the first that holds is the narrowest. 10, for a double that would fit
     // a float, is never reported.
     if (value.IsInt()) return kValueInt32;
     if (value.IsUint()) return kValueUInt32;
     if (value.IsInt64()) return kValueInt64;
     if (value.IsUint64()) return kValueUInt64;
-    if (value.IsDouble()) return kValueDouble;
-    return ItemType::Read(value);
+    return kValueDouble;
 }
 
 uint32_t NumberClass::Read(const JsonValue& value) {
