@@ -19,17 +19,6 @@ TEST(CopyUnits, CopiesAsManyAsItIsTold) {
     }
 }
 
-TEST(NarrowUnits, NarrowsAsManyAsItIsTold) {
-    for (size_t length = 0; length < 40; ++length) {
-        std::wstring from;
-        std::string expected = "-", to(42, '-');
-        for (size_t i = 0; i < length + 2; ++i) from += static_cast<wchar_t>(0x20 + i);
-        expected.append(from.begin(), from.begin() + static_cast<std::ptrdiff_t>(length));
-        NarrowUnits(&to[1], from.data(), length);
-        EXPECT_EQ(expected + std::string(41 - length, '-'), to);
-    }
-}
-
 TEST(SwapBytes, OfUnitsOfEverySize) {
     for (size_t length = 0; length < 20; ++length) {
         std::string bytes(length, 'x');

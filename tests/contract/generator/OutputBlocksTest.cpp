@@ -51,11 +51,13 @@ TEST(OutputBlocks, DocumentsOfEverySizeAroundWholeBlocks) {
     EXPECT_GT(sizes, 300);
 }
 
-/// As above for a character that takes several bytes, so that blocks end within it.
+/// As above for a character that takes several bytes, so that blocks end within it, in texts that
+/// are shorter and longer than what is written at once.
 TEST(OutputBlocks, BlocksThatEndWithinACharacter) {
-    for (size_t front = 0; front < 8; ++front) {
+    for (size_t front = 0; front < 16; ++front) {
         std::wstring json = L"[\"" + std::wstring(front, L'x');
-        for (int i = 0; i < 300; ++i) json += L"\xD834\xDD1E\x4E2D";
+        const int characters = front < 8 ? 300 : 4000;
+        for (int i = 0; i < characters; ++i) json += L"\xD834\xDD1E\x4E2D";
         json += L"\"]";
         const Generator generator = GeneratorOf(json);
         const model::Document document = model::Parse(json);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <rapidjson/internal/stack.h>
+#include <stdint.h>
 
 #include "common/values/HeapAllocator.h"
 
@@ -9,37 +10,24 @@ namespace QXJSON {
 /// Memory that grows at its end.
 using ByteBuffer = rapidjson::internal::Stack<HeapAllocator>;
 
-/// A buffer as the target of RapidJSON's writers, for units of any size: what GenericStringBuffer
-/// is for one.
+/// A buffer as the stream of a TextWriter.
 template <class Unit>
 class ByteBufferStream {
 public:
-    using Ch = Unit;
+    static constexpr size_t kMostReserved = SIZE_MAX;
 
-    explicit ByteBufferStream(ByteBuffer& target) : lender(target) { buffer.Swap(lender); }
-    ByteBufferStream(const ByteBufferStream&) = delete;
-    ByteBufferStream& operator=(const ByteBufferStream&) = delete;
-    ~ByteBufferStream() { buffer.Swap(lender); }
+    explicit ByteBufferStream(ByteBuffer& target) : buffer(target) {}
 
-    void Put(Unit unit) { *buffer.template Push<Unit>() = unit; }
-    void Reserve(size_t count) { buffer.template Reserve<Unit>(count); }
-    Unit* PushUnsafe(size_t count) { return buffer.template PushUnsafe<Unit>(count); }
-    void Flush() {}
+    Unit* Reserve(size_t count) {
+        buffer.template Reserve<Unit>(count);
+        return Top();
+    }
+    void Advance(Unit* end) { buffer.template PushUnsafe<Unit>(static_cast<size_t>(end - Top())); }
 
 private:
-    ByteBuffer& lender;
-    ByteBuffer buffer{nullptr, 0};  // the lender's memory
+    Unit* Top() { return buffer.template PushUnsafe<Unit>(0); }
+
+    ByteBuffer& buffer;
 };
-
-// Found by the writers in place of RapidJSON's own, which reserve nothing.
-
-template <class Unit>
-void PutReserve(ByteBufferStream<Unit>& stream, size_t count) {
-    stream.Reserve(count);
-}
-template <class Unit>
-void PutUnsafe(ByteBufferStream<Unit>& stream, typename ByteBufferStream<Unit>::Ch unit) {
-    *stream.PushUnsafe(1) = unit;
-}
 
 }  // namespace QXJSON

@@ -1,188 +1,193 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
+#include <cstring>
 
 #include "Surrogates.h"
 #include "UnitBlocks.h"
 #include "UnitRuns.h"
-#include "common/values/JsonTypes.h"
 
-// What RapidJSON's writers write to. They ask for one character at a time; here a whole run of
-// characters that stand for themselves is written at once.
+// The encodings of output, and what becomes of the characters of strings in them. Each has
+//   Unit      what its text consists of
+//   Others    which units of a block do not stand for themselves
+//   PutOther  writes what begins with such a unit, one character or more; false for a lone
+//             surrogate where there are no units for one
 
 namespace QXJSON {
-
-/// The source of a writer's strings. A zero follows a string and ends every run.
-using StringSource = rapidjson::GenericStringStream<JsonEncoding>;
 
 /// How many units of an output one unit of a string becomes at most: \uXXXX.
 constexpr size_t kLongestCharacter = 6;
 
-/// How many units an output has room for, at least kLongestCharacter: as many as one likes, where
-/// the writer has reserved room for the whole string. Overloaded where it has not.
-template <class Output>
-size_t RoomIn(Output&) {
-    return SIZE_MAX;
-}
-
-/// Moves the units up to `end` from a string to an output by `copy`, in as many pieces as it takes.
-template <class Output, class Copy>
-void MoveUpTo(const wchar_t* end, StringSource& source, Output& output, const Copy& copy) {
-    while (source.src_ != end) {
-        const size_t count = std::min(static_cast<size_t>(end - source.src_), RoomIn(output));
-        copy(output.PushUnsafe(count), source.src_, count);
-        source.src_ += count;
-    }
-}
-
-/// Whether two units are a pair of surrogates.
+/// Whether two units are a pair of surrogates. A zero follows a string.
 inline bool IsPair(const wchar_t* units) {
     return IsHighSurrogate(units[0]) && IsLowSurrogate(units[1]);
 }
 
-/// A target encoding of the writers with a way of its own to move characters from a string to an
-/// output: `Rules` names RapidJSON's encoding and moves what a string goes on with, as much as it
-/// likes. What RapidJSON escapes in every encoding never begins a move.
-template <class Rules>
-struct Target : Rules::Encoding {
-    /// Has the writer leave everything beyond ASCII to the rules.
-    enum { supportUnicode = 1 };
-};
+/// Writes a unit as \uXXXX.
+template <class Unit>
+void PutHex(Unit*& to, unsigned unit) {
+    *to++ = Unit{'\\'};
+    *to++ = Unit{'u'};
+    for (int shift = 12; shift >= 0; shift -= 4)
+        *to++ = static_cast<Unit>("0123456789ABCDEF"[unit >> shift & 0xF]);
+}
+
+/// Writes a unit that JSON escapes in every encoding.
+template <class Unit>
+void PutEscape(Unit*& to, wchar_t unit) {
+    static constexpr char kLetters[] =
+        "uuuuuuuubtnufruu"
+        "uuuuuuuuuuuuuuuu";
+    const char letter = unit < 0x20 ? kLetters[unit] : static_cast<char>(unit);
+    if (letter == 'u') return PutHex(to, unit);
+    *to++ = Unit{'\\'};
+    *to++ = static_cast<Unit>(letter);
+}
 
 /// UTF-16 as it stands, lone surrogates included.
-struct CopyUtf16 {
-    using Encoding = rapidjson::UTF16<wchar_t>;
+struct CopiedUtf16 {
+    using Unit = wchar_t;
 
-    template <class Output>
-    static bool Move(StringSource& source, Output& output) {
-        MoveUpTo(EndOfRun(source.src_), source, output, CopyUnits);
+    static UnitMask Others(UnitBlock units) { return RunEnds(units); }
+
+    static bool PutOther(const wchar_t*& from, const wchar_t*, Unit*& to) {
+        PutEscape(to, *from++);
         return true;
     }
 };
 
 /// UTF-16 that ends at a lone surrogate, as every encoding does that has no units for one.
-struct CheckUtf16 {
-    using Encoding = rapidjson::UTF16<wchar_t>;
+struct CheckedUtf16 {
+    using Unit = wchar_t;
 
-    template <class Output>
-    static bool Move(StringSource& source, Output& output) {
-        const wchar_t* end = EndOfPlainRun(source.src_);
-        if (end == source.src_) {  // a surrogate
-            if (!IsPair(end)) return false;
-            end += 2;
-        }
-        MoveUpTo(end, source, output, CopyUnits);
+    static UnitMask Others(UnitBlock units) { return RunEnds(units) | SurrogatesIn(units); }
+
+    static bool PutOther(const wchar_t*& from, const wchar_t* end, Unit*& to) {
+        if (!IsSurrogate(*from)) return CopiedUtf16::PutOther(from, end, to);
+        if (!IsPair(from)) return false;
+        *to++ = *from++;
+        *to++ = *from++;
         return true;
     }
 };
 
-/// What the two encodings of bytes have in common: ASCII in runs, the rest by `Rules::MoveOne`.
+/// What the two encodings of bytes have in common: ASCII, and the rest by `Rules::PutWide`.
 template <class Rules>
-struct NarrowAscii {
-    template <class Output>
-    static bool Move(StringSource& source, Output& output) {
-        constexpr wchar_t kBeyond = 0x80;
-        if (*source.src_ < kBeyond) {
-            if (MoveFew(source, output))
-                MoveUpTo(EndOfAsciiRun(source.src_), source, output, NarrowUnits);
+struct AsciiAnd {
+    using Unit = char;
+
+    static UnitMask Others(UnitBlock units) {
+        return RunEnds(units) | MaskOf(InRange(units, kBeyond, 0xFFFF));
+    }
+
+    static bool PutOther(const wchar_t*& from, const wchar_t* end, Unit*& to) {
+        if (*from < kBeyond) {
+            PutEscape(to, *from++);
             return true;
         }
-        bool moved = true;
-        while (moved && *source.src_ >= kBeyond) moved = Rules::MoveOne(source, output);
-        return moved;
+        do {
+            const bool isPair = IsPair(from);
+            if (!isPair && IsSurrogate(*from)) return false;
+            Rules::PutWide(from, isPair, to);
+            from += isPair ? 2 : 1;
+        } while (from != end && *from >= kBeyond);
+        return true;
     }
 
 private:
-    /// Moves the first few units of a run, which are often all; whether there may be more.
-    template <class Output>
-    static bool MoveFew(StringSource& source, Output& output) {
-        constexpr size_t kFew = 4;
-        static_assert(kFew <= kLongestCharacter);
-        RoomIn(output);  // makes it
-        const wchar_t* const from = source.src_;
-        char* const to = output.PushUnsafe(0);
-        size_t count = 0;
-        do to[count] = static_cast<char>(from[count]);
-        while (++count < kFew && IsPlainAscii(from[count]));
-        output.PushUnsafe(count);
-        source.src_ += count;
-        return count == kFew;
-    }
+    static constexpr wchar_t kBeyond = 0x80;
 };
 
 /// ASCII, with everything beyond it as \uXXXX.
-struct EscapeToAscii : NarrowAscii<EscapeToAscii> {
-    using Encoding = rapidjson::ASCII<>;
-
-    template <class Output>
-    static bool MoveOne(StringSource& source, Output& output) {
-        if (IsPair(source.src_)) {
-            Escape(source, output);
-        } else if (IsHighSurrogate(*source.src_) || IsLowSurrogate(*source.src_)) {
-            return false;
-        }
-        Escape(source, output);
-        return true;
-    }
-
-private:
-    template <class Output>
-    static void Escape(StringSource& source, Output& output) {
-        constexpr char kDigits[] = "0123456789ABCDEF";
-        RoomIn(output);
-        const unsigned unit = *source.src_++;
-        char* const to = output.PushUnsafe(6);
-        to[0] = '\\';
-        to[1] = 'u';
-        for (int i = 0; i < 4; ++i) to[2 + i] = kDigits[unit >> (12 - 4 * i) & 0xF];
+struct EscapedAscii : AsciiAnd<EscapedAscii> {
+    static void PutWide(const wchar_t* from, bool isPair, Unit*& to) {
+        PutHex(to, from[0]);
+        if (isPair) PutHex(to, from[1]);
     }
 };
 
 /// UTF-8.
-struct EncodeUtf8 : NarrowAscii<EncodeUtf8> {
-    using Encoding = rapidjson::UTF8<>;
-
-    template <class Output>
-    static bool MoveOne(StringSource& source, Output& output) {
-        unsigned codepoint = 0;
-        if (!JsonEncoding::Decode(source, &codepoint)) return false;
-        RoomIn(output);
-        UnitWriter to = {output.PushUnsafe(codepoint < 0x800 ? 2 : codepoint < 0x10000 ? 3 : 4)};
-        Encoding::Encode(to, codepoint);
-        return true;
+struct EncodedUtf8 : AsciiAnd<EncodedUtf8> {
+    static void PutWide(const wchar_t* from, bool isPair, Unit*& to) {
+        const unsigned unit = from[0];
+        if (isPair) {
+            const unsigned character = 0x10000 + ((unit & 0x3FF) << 10 | (from[1] & 0x3FF));
+            PutBits(to, 0xF0, character, 18);
+        } else if (unit >= 0x800) {
+            PutBits(to, 0xE0, unit, 12);
+        } else {
+            PutBits(to, 0xC0, unit, 6);
+        }
     }
 
 private:
-    /// An output where there is room for one character.
-    struct UnitWriter {
-        using Ch = char;
-        void Put(char unit) { *at++ = unit; }
-        char* at;
-    };
+    /// Writes the bits of a character, six to a byte; those above `shift` go with the mark.
+    static void PutBits(Unit*& to, unsigned mark, unsigned character, int shift) {
+        *to++ = static_cast<char>(mark | character >> shift);
+        while ((shift -= 6) >= 0) *to++ = static_cast<char>(0x80 | (character >> shift & 0x3F));
+    }
 };
 
-using CopiedUtf16 = Target<CopyUtf16>;
-using CheckedUtf16 = Target<CheckUtf16>;
-using EscapedAscii = Target<EscapeToAscii>;
-using EncodedUtf8 = Target<EncodeUtf8>;
+inline void StoreUnits(wchar_t* to, UnitBlock units) {
+    _mm_storeu_si128(reinterpret_cast<UnitBlock*>(to), units);
+}
+inline void StoreUnits(char* to, UnitBlock units) {
+    _mm_storel_epi64(reinterpret_cast<UnitBlock*>(to), _mm_packus_epi16(units, units));
+}
+
+/// Copies the first few units of a string, up to the first that does not stand for itself; returns
+/// how many. There is room for `count`, which is less than a block.
+template <class Encoding>
+size_t PutFew(typename Encoding::Unit* to, const wchar_t* from, size_t count) {
+    using Unit = typename Encoding::Unit;
+    constexpr size_t kHalf = kBlockUnits / 2;
+    if (count < kHalf) {
+        uint64_t few = 0x0020'0020'0020'0020;
+        for (size_t at = count; at-- > 0;) {
+            few = few << 16 | from[at];
+            to[at] = static_cast<Unit>(from[at]);
+        }
+        const UnitMask others = Encoding::Others(_mm_set_epi64x(0x20, static_cast<int64_t>(few)));
+        return others == 0 ? count : std::min<size_t>(count, FirstUnit(others));
+    }
+    // Two halves, which may have units in common.
+    const size_t last = count - kHalf;
+    const UnitBlock units = _mm_set_epi64x(static_cast<int64_t>(LoadEight(from + last)),
+                                           static_cast<int64_t>(LoadEight(from)));
+    Unit both[kBlockUnits];
+    StoreUnits(both, units);
+    std::memcpy(to, both, kHalf * sizeof(Unit));
+    std::memcpy(to + last, both + kHalf, kHalf * sizeof(Unit));
+    const UnitMask others = Encoding::Others(units);
+    if (others == 0) return count;
+    const size_t first = FirstUnit(others);
+    return first < kHalf ? first : first - kHalf + last;
+}
+
+/// The same of a string of any length. Blocks at the end may cover units a second time.
+template <class Encoding>
+size_t PutPlain(typename Encoding::Unit* to, const wchar_t* from, size_t count) {
+    if (count < kBlockUnits) return PutFew<Encoding>(to, from, count);
+    const size_t last = count - kBlockUnits;
+    for (size_t at = 0;; at = std::min(at + kBlockUnits, last)) {
+        const UnitBlock units = LoadBlock(from + at);
+        StoreUnits(to + at, units);
+        if (const UnitMask others = Encoding::Others(units)) return at + FirstUnit(others);
+        if (at == last) return count;
+    }
+}
+
+/// Writes a string; false where it ended early. There is room for all of it.
+template <class Encoding>
+bool PutText(const wchar_t* from, const wchar_t* end, typename Encoding::Unit*& to) {
+    while (from != end) {
+        const size_t plain = PutPlain<Encoding>(to, from, static_cast<size_t>(end - from));
+        from += plain;
+        to += plain;
+        if (from != end && !Encoding::PutOther(from, end, to)) return false;
+    }
+    return true;
+}
 
 }  // namespace QXJSON
-
-namespace rapidjson {
-
-template <class Rules>
-struct Transcoder<UTF16<wchar_t>, QXJSON::Target<Rules>> {
-    template <class Output>
-    static bool TranscodeUnsafe(QXJSON::StringSource& source, Output& output) {
-        return Rules::Move(source, output);
-    }
-
-    // LCOV_EXCL_START: needed to compile; no writer of this library validates
-    template <class Output>
-    static bool Validate(QXJSON::StringSource& source, Output& output) {
-        return TranscodeUnsafe(source, output);
-    }
-    // LCOV_EXCL_STOP
-};
-
-}  // namespace rapidjson

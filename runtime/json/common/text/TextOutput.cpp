@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "BlockStream.h"
 #include "TextWriter.h"
 #include "common/platform/File.h"
 #include "common/values/DocumentWalk.h"
@@ -16,17 +17,18 @@ template <class Encoding, class Stream, class Use>
 bool WithWriter(Stream& stream, Layout layout, const Use& use) {
     switch (layout) {
         case Layout::kCompact:
-            return use(CompactWriter<Stream, Encoding>(stream));
+            return use(TextWriter<Stream, Encoding, Layout::kCompact>(stream));
         case Layout::kCompactFinite:
-            return use(CompactFiniteWriter<Stream, Encoding>(stream));
+            return use(TextWriter<Stream, Encoding, Layout::kCompactFinite>(stream));
         default:
-            return use(IndentingWriter<Stream, Encoding>(stream));
+            return use(TextWriter<Stream, Encoding, Layout::kIndented>(stream));
     }
 }
 
-/// Writes a value to a stream; whether all of it.
-template <class Encoding, class Stream>
-bool WriteTo(Stream& stream, const JsonValue& value, Layout layout) {
+/// Writes a value into a buffer; whether all of it.
+template <class Encoding>
+bool WriteTo(ByteBuffer& buffer, const JsonValue& value, Layout layout) {
+    ByteBufferStream<typename Encoding::Unit> stream(buffer);
     return WithWriter<Encoding>(stream, layout, [&](auto&& writer) { return Walk(value, writer); });
 }
 
@@ -49,12 +51,9 @@ struct Encoder {
 
 template <class Encoding>
 void WriteBytes(const Encoder& form, ByteBuffer& buffer, const JsonValue& value, Layout layout) {
-    using Unit = typename Encoding::Ch;
+    using Unit = typename Encoding::Unit;
     buffer.Clear();
-    {
-        ByteBufferStream<Unit> stream(buffer);
-        WriteTo<Encoding>(stream, value, layout);
-    }
+    WriteTo<Encoding>(buffer, value, layout);
     if (form.order == ByteOrder::kReversed)
         SwapBytes(buffer.template Bottom<Unit>(), buffer.GetSize() / sizeof(Unit));
 }
@@ -62,15 +61,19 @@ void WriteBytes(const Encoder& form, ByteBuffer& buffer, const JsonValue& value,
 /// Takes all memory before the file is opened, for what fails then has destroyed what was there.
 template <class Encoding>
 bool WriteFile(const Encoder& form, const wchar_t* name, const JsonValue& root, Layout layout) {
-    constexpr unsigned kByteOrderMark = 0xFEFF;
-    BlockStream<typename Encoding::Ch> stream(form.order == ByteOrder::kReversed);
+    constexpr wchar_t kByteOrderMark[] = {0xFEFF, 0};
+    BlockStream<typename Encoding::Unit> stream(form.order == ByteOrder::kReversed);
     return WithWriter<Encoding>(stream, layout, [&](auto&& writer) {
         WalkTrail trail;
-        writer.ReserveLevels(DepthOf(root, trail));
+        DepthOf(root, trail);  // the trail has the memory for the walk then
         const File file = OpenFile(name, L"wb");
         if (!file) return false;
         stream.Begin(file.get());
-        if (form.mark == Mark::kInFiles) Encoding::Encode(stream, kByteOrderMark);
+        if (form.mark == Mark::kInFiles) {
+            auto* to = stream.Reserve(kLongestCharacter);
+            PutText<Encoding>(kByteOrderMark, kByteOrderMark + 1, to);
+            stream.Advance(to);
+        }
         stream.End(Walk(root, writer, trail));
         return true;
     });
@@ -100,7 +103,7 @@ const Encoder* FindEncoder(int32_t encoding) {
 
 bool WriteText(const JsonValue& value, Layout layout, JsonTextBuffer& buffer) {
     buffer.Clear();
-    const bool whole = WriteTo<CopiedUtf16>(buffer, value, layout);
+    const bool whole = WriteTo<CopiedUtf16>(buffer.stack_, value, layout);
     buffer.GetString();  // puts the zero after the text
     return whole;
 }

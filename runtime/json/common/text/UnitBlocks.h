@@ -98,21 +98,6 @@ inline void CopyUnits(wchar_t* to, const wchar_t* from, size_t count) {
     }
 }
 
-/// Copies units of ASCII as bytes, blocks at a time as CopyUnits does.
-inline void NarrowUnits(char* to, const wchar_t* from, size_t count) {
-    const auto narrow = [=](size_t at) {
-        const UnitBlock units = LoadBlock(from + at);
-        _mm_storel_epi64(reinterpret_cast<UnitBlock*>(to + at), _mm_packus_epi16(units, units));
-    };
-    if (count >= kBlockUnits) {
-        const size_t last = count - kBlockUnits;
-        for (size_t at = 0; at < last; at += kBlockUnits) narrow(at);
-        narrow(last);
-    } else {
-        for (size_t at = 0; at < count; ++at) to[at] = static_cast<char>(from[at]);
-    }
-}
-
 /// Reverses the bytes of units of any size.
 template <class Unit>
 void SwapBytes(Unit* units, size_t count) {

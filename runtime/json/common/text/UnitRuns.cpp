@@ -1,18 +1,9 @@
 #include "UnitRuns.h"
 
 #include "Surrogates.h"
-#include "UnitBlocks.h"
 
 namespace QXJSON {
 namespace {
-
-/// Units that end a run.
-UnitMask RunEnds(UnitBlock units) {
-    const UnitBlock control = InRange(units, 0, 0x1F);
-    const UnitBlock quote = EqualTo(units, '"');
-    const UnitBlock backslash = EqualTo(units, '\\');
-    return MaskOf(Either(control, Either(quote, backslash)));
-}
 
 /// Units other than the four kinds of white space.
 UnitMask NotBlanks(UnitBlock units) {
@@ -31,8 +22,6 @@ const wchar_t* SkipBlanks(const wchar_t* text) {
     return FindUnit(text, NotBlanks);
 }
 
-const wchar_t* EndOfRun(const wchar_t* text) { return FindUnit(text, RunEnds); }
-
 const wchar_t* EndOfPlainRun(const wchar_t* text) {
     return FindUnit(text, [](UnitBlock units) { return RunEnds(units) | SurrogatesIn(units); });
 }
@@ -42,12 +31,6 @@ const wchar_t* EndOfWellFormedRun(const wchar_t* text) {
     // A high surrogate is no zero, so that the unit behind it is one of the text.
     while (IsHighSurrogate(end[0]) && IsLowSurrogate(end[1])) end = EndOfPlainRun(end + 2);
     return end;
-}
-
-const wchar_t* EndOfAsciiRun(const wchar_t* text) {
-    return FindUnit(text, [](UnitBlock units) {
-        return RunEnds(units) | MaskOf(InRange(units, 0x80, 0xFFFF));
-    });
 }
 
 }  // namespace QXJSON
