@@ -65,8 +65,8 @@ TEST(WriteDouble, PowersAndTheirNeighbours) {
     using Limits = std::numeric_limits<double>;
     for (const double base : {2.0, 5.0, 10.0})
         for (double number = Limits::denorm_min(); std::isfinite(number); number *= base)
-            for (const double close : {std::nextafter(number, 0), number,
-                                      std::nextafter(number, Limits::infinity())}) {
+            for (const double close :
+                 {std::nextafter(number, 0), number, std::nextafter(number, Limits::infinity())}) {
                 if (!std::isfinite(close)) continue;
                 ExpectDouble(close);
                 ExpectDouble(-close);

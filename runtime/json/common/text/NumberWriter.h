@@ -170,8 +170,8 @@ Unit* WriteExponent(Unit* to, int exponent) {
 /// Writes a double that is finite and returns its end.
 template <class Unit>
 Unit* WriteDouble(Unit* to, double number) {
-    constexpr int kMostWhole = 21;   // digits before the point, without an exponent
-    constexpr int kMostZeros = 5;    // zeros behind it
+    constexpr int kMostWhole = 21;  // digits before the point, without an exponent
+    constexpr int kMostZeros = 5;   // zeros behind it
     uint64_t bits = 0;
     std::memcpy(&bits, &number, sizeof bits);
     if (bits >> 63 != 0) *to++ = Unit{'-'};
