@@ -44,25 +44,47 @@ private:
     Written written = {};
 };
 
-/// The library saves; all others write into memory and from there, at once, into a file.
-template <class Writer>
-class SaveContender final : public OutputContender<Writer> {
+/// The library saves; all others write into memory and from there, at once, into a file. In lines,
+/// with indentation, or not.
+template <class Writer, bool isIndented>
+class Saving : public OutputContender<Writer> {
 public:
     using OutputContender<Writer>::OutputContender;
-    ~SaveContender() override { _wremove(file.c_str()); }
+    ~Saving() override { _wremove(file.c_str()); }
 
     void Work(size_t) override {
         if constexpr (std::is_same_v<Writer, DllBuilder>) {
-            this->peer->Save(file, this->form);
+            if (isIndented)
+                this->peer->SaveIndented(file, this->form);
+            else
+                this->peer->Save(file, this->form);
         } else {
-            const Written written = this->peer->Write(this->form);
+            const Written written = Text();
             WriteWhole(file, written.data, written.bytes);
         }
     }
     uint64_t Result() override { return SumOf(ReadWhole(file)); }
 
 private:
+    Written Text() {
+        if constexpr (isIndented)
+            return this->peer->WriteIndented();
+        else
+            return this->peer->Write(this->form);
+    }
+
     const std::wstring file = TemporaryFile(L"json_bench_saved");
+};
+
+template <class Writer>
+class SaveContender final : public Saving<Writer, false> {
+public:
+    using Saving<Writer, false>::Saving;
+};
+template <class Writer>
+class SaveIndentedContender final : public Saving<Writer, true> {
+public:
+    using Saving<Writer, true>::Saving;
 };
 
 struct Variant {
@@ -87,7 +109,8 @@ void RunRows(Bench& bench, Table& table, const Variant (&variants)[count]) {
             AddIfWrites<Type, RapidJson>(job, document, variant.form);
             AddIfWrites<Type, DllBuilder>(job, document, variant.form);
             AddIfWrites<Type, Nlohmann>(job, document, variant.form);
-            AddIfWrites<Type, BoostJson>(job, document, variant.form);
+            if constexpr (!std::is_same_v<Type<RapidJson>, SaveIndentedContender<RapidJson>>)
+                AddIfWrites<Type, BoostJson>(job, document, variant.form);
             bench.Run(table, std::move(job));
         }
     }
@@ -111,6 +134,15 @@ void RunOutputJobs(Bench& bench) {
     if (Table* table = bench.Begin(
             {"output/file", "a document written into a file, ms", "document", 1e3, false, {}, {}}))
         RunRows<SaveContender>(bench, *table, kFiles);
+    constexpr Variant kIndented[] = {{Form::kUtf8, "UTF-8"}};
+    if (Table* table = bench.Begin({"output/indented",
+                                    "a document written into a file with indentation, ms",
+                                    "document",
+                                    1e3,
+                                    false,
+                                    {},
+                                    {}}))
+        RunRows<SaveIndentedContender>(bench, *table, kIndented);
 }
 
 }  // namespace bench

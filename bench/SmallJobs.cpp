@@ -68,7 +68,7 @@ struct PackageLife : Life<&hosting::Library::NewPackage> {
 
 // ---- Loads -------------------------------------------------------------------------------------
 
-/// Texts are loaded into the same object one after the other.
+/// Texts are loaded one after the other.
 template <class Peer>
 struct SmallLoad {
     static constexpr const char* kName = Peer::kName;
@@ -79,11 +79,15 @@ struct SmallLoad {
     Peer peer;
 };
 
-struct LoadingParser : ByHandle {
+struct LoadingParser : ByReference {
     static constexpr const char* kName = "Json_Dll parser";
 };
-struct LoadingGenerator : DllBuilder {
+/// A load adds to a generator's memory: each begins with a new one, as a host does.
+struct LoadingGenerator {
     static constexpr const char* kName = "Json_Dll generator";
+    void LoadText(const std::wstring& text) { builder.emplace().LoadText(text); }
+    uint64_t Walk() { return builder->Walk(); }
+    std::optional<DllBuilder> builder;
 };
 
 // ---- Messages ----------------------------------------------------------------------------------

@@ -38,6 +38,10 @@ public:
         Expect(generator->SaveToFile(file.c_str(), EncodingNumber(form)), "SaveToFile");
     }
 
+    void SaveIndented(const std::wstring& file, Form form) {
+        Expect(generator->SaveToFileEx(file.c_str(), EncodingNumber(form), 0), "SaveToFileEx");
+    }
+
     /// What the document that was built comes to.
     uint64_t Walk() {
         const Written text = Write(Form::kText);

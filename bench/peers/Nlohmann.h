@@ -70,6 +70,12 @@ public:
         return {wide.data(), wide.size() * sizeof(wchar_t)};
     }
 
+    /// As UTF-8, four spaces for each level.
+    Written WriteIndented() {
+        written = document.dump(4);
+        return {written.data(), written.size()};
+    }
+
 private:
     template <class Item>
     Place AddMember(Place parent, const std::wstring& key, Item&& item) {

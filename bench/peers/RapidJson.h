@@ -4,6 +4,7 @@
 #include <rapidjson/encodedstream.h>
 #include <rapidjson/memorybuffer.h>
 #include <rapidjson/memorystream.h>
+#include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
@@ -110,6 +111,14 @@ public:
             default:
                 return WriteTo<Encoding>(utf16);
         }
+    }
+
+    /// As UTF-8, four spaces for each level.
+    Written WriteIndented() {
+        utf8.Clear();
+        rapidjson::PrettyWriter<decltype(utf8), Encoding, rapidjson::UTF8<>> writer(utf8);
+        document->Accept(writer);
+        return {utf8.GetString(), utf8.GetSize()};
     }
 
 private:
