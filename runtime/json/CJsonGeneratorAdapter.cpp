@@ -7,22 +7,22 @@ namespace QXJSON {
 using Base = GeneratorOperations<AdapterLayer<IJsonGenerator, CRapidJsonGenerator>>;
 
 int CJsonGeneratorAdapter::ResetRootObjectValue(uint64_t* value) {
-    Replace(NewImplementation());
+    Renew();
     return Base::ResetRootObjectValue(value);
 }
 
 int CJsonGeneratorAdapter::CreateRootObject(uint32_t* handle) {
-    Replace(NewImplementation());
+    Renew();
     return Base::CreateRootObject(handle);
 }
 
 int CJsonGeneratorAdapter::ResetRootArrayValue(uint64_t* value) {
-    Replace(NewImplementation());
+    Renew();
     return Base::ResetRootArrayValue(value);
 }
 
 int CJsonGeneratorAdapter::CreateRootArray(uint32_t* handle) {
-    Replace(NewImplementation());
+    Renew();
     return Base::CreateRootArray(handle);
 }
 

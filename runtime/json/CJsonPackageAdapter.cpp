@@ -23,6 +23,7 @@ int CJsonPackageAdapter::LoadFile(const wchar_t* fileName) {
 }
 
 void CJsonPackageAdapter::Renew() {
+    if (implementation && implementation->IsNew()) return;
     CRapidJsonPackage* const renewed = NewImplementation();
     if (implementation && renewed) {
         uint32_t flag = 0;

@@ -5,17 +5,17 @@ namespace QXJSON {
 using Base = ParserOperations<AdapterLayer<IJsonParser, CRapidJsonParser>>;
 
 int CJsonParserAdapter::LoadJsonBytes(const char* text, uint32_t length) {
-    Replace(NewImplementation());
+    Renew();
     return Base::LoadJsonBytes(text, length);
 }
 
 int CJsonParserAdapter::LoadJsonString(const wchar_t* text) {
-    Replace(NewImplementation());
+    Renew();
     return Base::LoadJsonString(text);
 }
 
 int CJsonParserAdapter::LoadJsonFile(const wchar_t* fileName) {
-    Replace(NewImplementation());
+    Renew();
     return Base::LoadJsonFile(fileName);
 }
 

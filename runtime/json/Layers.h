@@ -82,6 +82,11 @@ protected:
         return implementationKind == 0 ? new (std::nothrow) Implementation : nullptr;
     }
 
+    /// Has a new implementation in place of one that was used.
+    void Renew() {
+        if (!implementation || !implementation->IsNew()) Replace(NewImplementation());
+    }
+
     /// Puts a new implementation, or null, in the place of the old one.
     void Replace(Implementation* renewed) {
         ReleasePart(implementation);

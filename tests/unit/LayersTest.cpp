@@ -63,7 +63,10 @@ public:
         if (refuses) throw std::runtime_error("no implementation");
     }
 
+    bool IsNew() const { return !asked; }
+
     int Ask(int question) override {
+        asked = true;
         if (question == kThrows) throw question;
         if (question == kFaults) RaiseAccessViolation();
         return 100 * number + question;
@@ -83,12 +86,13 @@ public:
 
 private:
     int number;
+    bool asked = false;
 };
 
 class Adapter final : public ThingOperations<AdapterLayer<IThing, Implementation>>,
                       public Heap<Adapter> {
 public:
-    void Renew() { Replace(NewImplementation()); }
+    void Renew() { AdapterLayer::Renew(); }
     void BecomeKind(uint32_t kind) { implementationKind = kind; }
     const Implementation* Current() const { return implementation; }
 
@@ -212,10 +216,26 @@ TEST_F(Layers, RenewalEndsTheOldImplementation) {
     facade->Release();
 }
 
+/// One that nobody has used is as good as a new one.
+TEST_F(Layers, RenewalKeepsWhatIsNew) {
+    Facade* const facade = NewFacade();
+    Implementation::missing = true;
+    for (int i = 0; i < 3; ++i) facade->Behind()->Renew();
+    EXPECT_EQ(1, Implementation::made);
+    EXPECT_EQ(105, facade->Ask(5));
+    Implementation::missing = false;
+    facade->Behind()->Renew();
+    facade->Behind()->Renew();
+    EXPECT_EQ(2, Implementation::made);
+    EXPECT_EQ(1, Implementation::released);
+    facade->Release();
+}
+
 /// Where the new one cannot be made for lack of memory, the old one is gone; an exception comes
 /// before anything has happened.
 TEST_F(Layers, RenewalThatFails) {
     Facade* const facade = NewFacade();
+    EXPECT_EQ(105, facade->Ask(5));
     Implementation::refuses = true;
     EXPECT_THROW(facade->Behind()->Renew(), std::runtime_error);
     EXPECT_EQ(105, facade->Ask(5));
@@ -231,6 +251,7 @@ TEST_F(Layers, RenewalThatFails) {
 /// There is but one kind of implementation; an adapter of any other makes none.
 TEST_F(Layers, AnotherKindHasNoImplementation) {
     Facade* const facade = NewFacade();
+    EXPECT_EQ(105, facade->Ask(5));
     for (const uint32_t kind : {1u, 2u, 0xFFFFFFFFu}) {
         facade->Behind()->BecomeKind(kind);
         facade->Behind()->Renew();

@@ -141,30 +141,37 @@ TEST(ValueBuild, ReferencesOfElements) {
     }
 }
 
-/// A large parsed document stays where it is, in the pool; of a small one nothing is kept but a
-/// copy.
+/// A parsed document of so many elements, made into an item of a pool in which something lies or
+/// nothing; whether it stayed where it was.
+bool StaysWhereItIs(rapidjson::SizeType size, bool isEmpty) {
+    DocumentPool pool;
+    if (!isEmpty) pool.Allocator().Malloc(8);
+    const size_t before = pool.Size();
+    const void* elements = nullptr;
+    JsonValue made;
+    {
+        DocumentPool::Annex annex(pool);
+        JsonDocument parsed(&annex.Allocator());
+        parsed.SetArray();
+        parsed.Reserve(size, parsed.GetAllocator());
+        for (rapidjson::SizeType i = 0; i < size; ++i) parsed.PushBack(i, parsed.GetAllocator());
+        elements = parsed.Begin();
+        made = DocumentItem(parsed, annex).Make(pool.Allocator());
+    }
+    EXPECT_EQ(size, made.Size());
+    EXPECT_EQ(size - 1, made[size - 1].GetUint());
+    EXPECT_TRUE(pool.Contains(made.Begin()));
+    EXPECT_EQ(before + size * sizeof(JsonValue), pool.Size());
+    return made.Begin() == elements;
+}
+
+/// A parsed document stays where it is if that is the whole pool, or if it is large; of a small one
+/// nothing is kept but a copy.
 TEST(ValueBuild, ParsedDocuments) {
-    for (const rapidjson::SizeType size : {3u, 10'000u}) {
-        DocumentPool pool;
-        const void* elements = nullptr;
-        JsonValue made;
-        {
-            DocumentPool::Annex annex(pool);
-            JsonDocument parsed(&annex.Allocator());
-            parsed.SetArray();
-            parsed.Reserve(size, parsed.GetAllocator());
-            for (rapidjson::SizeType i = 0; i < size; ++i)
-                parsed.PushBack(i, parsed.GetAllocator());
-            elements = parsed.Begin();
-            EXPECT_TRUE(pool.Contains(elements));
-            EXPECT_EQ(0u, pool.Size());
-            made = DocumentItem(parsed, annex).Make(pool.Allocator());
-        }
-        ASSERT_EQ(size, made.Size());
-        EXPECT_EQ(size - 1, made[size - 1].GetUint());
-        EXPECT_TRUE(pool.Contains(made.Begin()));
-        EXPECT_EQ(size > 3, made.Begin() == elements);
-        EXPECT_EQ(size * sizeof(JsonValue), pool.Size());
+    for (const rapidjson::SizeType size : {3u, 100u, 200u, 250u, 500u, 10'000u}) {
+        SCOPED_TRACE(size);
+        EXPECT_TRUE(StaysWhereItIs(size, true));
+        EXPECT_EQ(size == 200 || size == 250 || size > 1000, StaysWhereItIs(size, false));
     }
 }
 

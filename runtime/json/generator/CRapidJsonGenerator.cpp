@@ -7,9 +7,9 @@ namespace QXJSON {
 
 constexpr TextRules kRules = {/*acceptNan=*/true, /*acceptNanInAnsi=*/true,
                               /*fileBufferSize=*/2048};
-constexpr size_t kTextCapacity = 256;
+constexpr size_t kTextCapacity = 1024;
 
-CRapidJsonGenerator::CRapidJsonGenerator() : textBuffer(nullptr, kTextCapacity) {}
+CRapidJsonGenerator::CRapidJsonGenerator() : textBuffer(&theHeap, kTextCapacity) {}
 
 // ---- Roots -------------------------------------------------------------------------------------
 
@@ -75,7 +75,7 @@ int CRapidJsonGenerator::Parse(Source source, const wchar_t* nameOrText, JsonDoc
 int CRapidJsonGenerator::Load(Source source, const wchar_t* nameOrText, uint32_t* handle) {
     if (!handle) return kPlainFailure;
     DocumentPool::Annex annex(builder.Pool());
-    JsonDocument parsed(&annex.Allocator());
+    ReadDocument parsed(annex.Allocator());
     const int result = Parse(source, nameOrText, parsed);
     if (result != kSuccess) return result;
     // The output is the caller's memory, looked at while the parsed document is alive.
@@ -93,7 +93,7 @@ int CRapidJsonGenerator::Graft(const Parent& parent, const Spot& spot, Source so
     const bool textByHandle = source == Source::Text && parent.naming == Parent::Naming::kHandle;
     if (!fits && !textByHandle) return kPlainFailure;
     DocumentPool::Annex annex(builder.Pool());
-    JsonDocument parsed(&annex.Allocator());
+    ReadDocument parsed(annex.Allocator());
     int result = Parse(source, nameOrText, parsed);
     if (result != kSuccess) return result;
     if (!fits) return kPlainFailure;

@@ -14,6 +14,9 @@ public:
     /// Takes no memory that could be missing: a generator can always be made.
     CRapidJsonGenerator();
 
+    /// Whether nothing can be told from a generator that was just made.
+    bool IsNew() const { return builder.IsNew(); }
+
     int ResetRootObjectValue(uint64_t* value) override {
         return ResetRoot(rapidjson::kObjectType, value);
     }

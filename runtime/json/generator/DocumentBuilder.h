@@ -28,6 +28,8 @@ public:
     };
 
     const JsonValue& Root() const { return root; }
+    /// Whether there is no document and there are no paths, and never were.
+    bool IsNew() const { return root.IsNull() && paths.Count() == 0 && pool.IsEmpty(); }
 
     /// Replaces the document; the handles stay, and lead to what is at their paths now.
     JsonValue& ReplaceRoot(JsonValue&& value);

@@ -50,6 +50,7 @@ uint32_t PathTable::Restart() {
     PrepareIssue();  // from here on there is room
     At(kRoot) = {};
     count = 1;
+    issued = 0;
     handleToNode.clear();
     many.clear();
     return Issue(kRoot);
@@ -100,19 +101,23 @@ std::wstring PathTable::TextOf(Node node) const {
 // ---- Handles -----------------------------------------------------------------------------------
 
 std::optional<PathTable::Node> PathTable::NodeOf(int32_t handle) const {
-    if (handle < 1 || static_cast<size_t>(handle) > handleToNode.size()) return std::nullopt;
-    return handleToNode[static_cast<size_t>(handle) - 1];
+    const uint32_t index = static_cast<uint32_t>(handle) - 1;
+    if (handle < 1 || index >= issued) return std::nullopt;
+    return index < kFew ? fewHandles[index] : handleToNode[index - kFew];
 }
 
 void PathTable::PrepareIssue() {
     EnsureRoot();
-    if (handleToNode.size() == handleToNode.capacity())
-        handleToNode.reserve(std::max<size_t>(16, handleToNode.size() * 2));
+    if (issued >= kFew && handleToNode.size() == handleToNode.capacity())
+        handleToNode.reserve(std::max<size_t>(3 * kFew, handleToNode.size() * 2));
 }
 
 uint32_t PathTable::Issue(Node node) {
-    handleToNode.push_back(node);
-    return At(node).handle = static_cast<uint32_t>(handleToNode.size());
+    if (issued < kFew)
+        fewHandles[issued] = node;
+    else
+        handleToNode.push_back(node);
+    return At(node).handle = ++issued;
 }
 
 // ---- The tree ----------------------------------------------------------------------------------
@@ -203,11 +208,12 @@ void PathTable::MoveChain(Node parent) {
 /// Makes the first block larger, or adds one.
 void PathTable::MakeRoom() {
     const bool isFirst = room < kBlockSize;
-    const uint32_t size = isFirst ? std::max(4 * room, kSmallest) : kBlockSize;
+    const uint32_t size = isFirst ? 4 * room : kBlockSize;
     std::unique_ptr<NodeData[]> block(new NodeData[size]);
-    if (isFirst && room != 0) {
-        std::copy_n(blocks.front().get(), room, block.get());
-        blocks.front() = std::move(block);
+    if (isFirst) {
+        std::copy_n(firstBlock, room, block.get());
+        grown = std::move(block);
+        firstBlock = grown.get();
     } else {
         blocks.push_back(std::move(block));
     }
@@ -224,7 +230,9 @@ PathTable::Node PathTable::Add(Node parent, const Segment& segment, uint32_t has
 
 /// A zero-terminated copy of a text in the pool, which may be one that was made before.
 const wchar_t* PathTable::Keep(std::wstring_view text, uint32_t hash) {
-    std::wstring_view& known = recent[hash % kRecent];
+    if (recent.empty() && count > kFew) recent.resize(kRecent);
+    std::wstring_view none;
+    std::wstring_view& known = recent.empty() ? none : recent[hash % kRecent];
     if (known.data() && known == text) return known.data();
     const size_t size = text.size() * sizeof(wchar_t);
     auto* const copy = static_cast<wchar_t*>(allocator.Malloc(size + sizeof(wchar_t)));
@@ -244,7 +252,7 @@ uint64_t PathTable::Work() const {
 
 size_t PathTable::Bytes() const {
     size_t bytes = room * sizeof(NodeData) + handleToNode.capacity() * sizeof(Node) +
-                   many.capacity() * sizeof(ManyChildren);
+                   recent.capacity() * sizeof recent[0] + many.capacity() * sizeof(ManyChildren);
     for (const ManyChildren& children : many)
         bytes += children.elements.capacity() * sizeof(Node) + children.others.Bytes();
     return bytes;

@@ -118,8 +118,11 @@ private:
     // Nodes are kept in blocks. The first block grows with the nodes until it has the size of the
     // others: a reference to a node holds until the next one is added.
     static constexpr uint32_t kBlockBits = 10, kBlockSize = 1u << kBlockBits;
-    static constexpr uint32_t kSmallest = 16;
-    NodeData& At(Node node) const { return blocks[node >> kBlockBits][node & (kBlockSize - 1)]; }
+    static constexpr uint32_t kFew = 16;
+    NodeData& At(Node node) const {
+        return node < kBlockSize ? firstBlock[node]
+                                 : blocks[(node >> kBlockBits) - 1][node & (kBlockSize - 1)];
+    }
 
     void EnsureRoot();
     uint32_t HashOf(const Segment& segment) const;
@@ -135,15 +138,22 @@ private:
     const wchar_t* Keep(std::wstring_view text, uint32_t hash);
 
     JsonAllocator& allocator;  // owns the texts of the segments
-    std::vector<std::unique_ptr<NodeData[]>> blocks;
-    uint32_t count = 0;              // of nodes; the root is the first
-    uint32_t room = 0;               // for nodes, in the blocks
-    std::vector<Node> handleToNode;  // by handle - 1
+    // The first few nodes and handles of a document take no memory of their own.
+    NodeData fewNodes[kFew];
+    NodeData* firstBlock = fewNodes;
+    std::unique_ptr<NodeData[]> grown;                // the first block, when it has grown
+    std::vector<std::unique_ptr<NodeData[]>> blocks;  // the others
+    uint32_t count = 0;                               // of nodes; the root is the first
+    uint32_t room = kFew;                             // for nodes, in the blocks
+    Node fewHandles[kFew];                            // the nodes of the first handles
+    uint32_t issued = 0;                              // handles
+    std::vector<Node> handleToNode;                   // by handle - 1 - kFew
     std::vector<ManyChildren> many;
     HashKeys keys;
-    // The texts that were kept last, by their hash: the same few keys come again and again.
+    // The texts that were kept last, by their hash: the same few keys come again and again, once
+    // there are more than a few.
     static constexpr size_t kRecent = 256;
-    std::wstring_view recent[kRecent];
+    std::vector<std::wstring_view> recent;
 };
 
 }  // namespace QXJSON

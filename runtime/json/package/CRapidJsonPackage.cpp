@@ -9,19 +9,21 @@ namespace QXJSON {
 
 constexpr TextRules kRules = {/*acceptNan=*/false, /*acceptNanInAnsi=*/false,
                               /*fileBufferSize=*/1024};
-constexpr size_t kTextCapacity = 256;
+constexpr size_t kTextCapacity = 1024;
 
-CRapidJsonPackage::CRapidJsonPackage() : document(&allocator), textBuffer(nullptr, kTextCapacity) {
+CRapidJsonPackage::CRapidJsonPackage() : document(allocator), textBuffer(&theHeap, kTextCapacity) {
     document.SetObject();
 }
 
 // ---- Loading -----------------------------------------------------------------------------------
 
 int CRapidJsonPackage::LoadString(const wchar_t* text) {
+    wasLoaded = true;
     return FinishLoad(LoadText(document, text, kRules));
 }
 
 int CRapidJsonPackage::LoadFile(const wchar_t* fileName) {
+    wasLoaded = true;
     return FinishLoad(QXJSON::LoadFile(document, fileName, kRules));
 }
 
@@ -134,7 +136,7 @@ int CRapidJsonPackage::SetValue(const wchar_t* key, const wchar_t* value, bool v
     if (!key) return kNoMember;
     if (!value) return kNoText;
     DocumentPool::Annex annex(pool);
-    JsonDocument parsed(&annex.Allocator());
+    ReadDocument parsed(annex.Allocator());
     LoadText(parsed, value, kRules);
     int result = kPlainFailure;
     // The key is the caller's memory, read while the parsed document is alive.

@@ -15,6 +15,9 @@ public:
     /// Takes no memory that could be missing: a package can always be made.
     CRapidJsonPackage();
 
+    /// Whether nothing but the flag can be told from a package that was just made.
+    bool IsNew() const { return !wasLoaded && pool.IsEmpty(); }
+
     int Release() override {
         delete this;
         return kSuccess;
@@ -84,9 +87,10 @@ private:
     int FinishLoad(const LoadStatus& loaded);
 
     uint32_t ignoreCase = 1;
+    bool wasLoaded = false;  // or was to be
     DocumentPool pool;
     JsonAllocator& allocator = pool.Allocator();
-    JsonDocument document;  // always an object
+    ReadDocument document;  // always an object
     MemberLookup members{pool};
     LoadStatus status;
     MessageBuffer scratchBuffer;     // messages and blobs that were returned

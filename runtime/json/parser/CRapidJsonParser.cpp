@@ -8,15 +8,16 @@ namespace QXJSON {
 
 constexpr TextRules kRules = {/*acceptNan=*/true, /*acceptNanInAnsi=*/false,
                               /*fileBufferSize=*/1024};
-constexpr size_t kTextCapacity = 256;
+constexpr size_t kTextCapacity = 1024;
 
 CRapidJsonParser::CRapidJsonParser()
-    : document(&pool.Allocator()), textBuffer(nullptr, kTextCapacity) {}
+    : document(pool.Allocator()), textBuffer(&theHeap, kTextCapacity) {}
 
 // ---- Loading -----------------------------------------------------------------------------------
 
 /// Ends the document before: what was remembered of it is gone.
 void CRapidJsonParser::Forget() {
+    wasLoaded = true;
     handles.Clear();
     members.Clear();
 }

@@ -15,6 +15,9 @@ public:
     /// Takes no memory that could be missing: a parser can always be made.
     CRapidJsonParser();
 
+    /// Whether nothing can be told from a parser that was just made.
+    bool IsNew() const { return !wasLoaded; }
+
     int LoadJsonBytes(const char* text, uint32_t length) override;
     int LoadJsonString(const wchar_t* text) override;
     int LoadJsonFile(const wchar_t* fileName) override;
@@ -336,8 +339,9 @@ private:
     int FinishLoad(const LoadStatus& loaded);
     int FinishTextLoad(const LoadStatus& loaded);
 
+    bool wasLoaded = false;  // or was to be
     DocumentPool pool;
-    JsonDocument document;
+    ReadDocument document;
     LoadStatus status;
     JsonTextBuffer textBuffer;
     MessageBuffer messageBuffer;

@@ -108,7 +108,7 @@ bool WriteText(const JsonValue& value, Layout layout, JsonTextBuffer& buffer) {
     return whole;
 }
 
-EncodedText::EncodedText() : buffer(nullptr, kCapacity) {}
+EncodedText::EncodedText() : buffer(&theHeap, kCapacity) {}
 
 std::string_view EncodedText::Write(const JsonValue& value, Layout layout, int32_t encoding) {
     const Encoder* const encoder = FindEncoder(encoding);

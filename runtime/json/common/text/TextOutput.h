@@ -41,7 +41,7 @@ public:
     std::string_view Write(const JsonValue& value, Layout layout, int32_t encoding);
 
 private:
-    static constexpr size_t kCapacity = 256;
+    static constexpr size_t kCapacity = 1024;
 
     ByteBuffer buffer;
 };

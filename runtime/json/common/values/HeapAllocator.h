@@ -28,4 +28,7 @@ private:
     static void* Checked(void* block) { return block ? block : throw std::bad_alloc(); }
 };
 
+/// For those of RapidJSON's classes that else would allocate one each.
+inline HeapAllocator theHeap;
+
 }  // namespace QXJSON

@@ -16,7 +16,7 @@ public:
     void* Malloc(size_t size) {
         void* const block = HeapAllocator::Malloc(size);
         try {
-            sizes.emplace(reinterpret_cast<uintptr_t>(block), size);
+            Add(block, size);
         } catch (...) {
             HeapAllocator::Free(block);
             throw;
@@ -27,6 +27,11 @@ public:
     void Free(void* block) {
         sizes.erase(reinterpret_cast<uintptr_t>(block));
         HeapAllocator::Free(block);
+    }
+
+    /// Lists a block that is the document's too, and somebody else's to free.
+    void Add(const void* block, size_t size) {
+        sizes.emplace(reinterpret_cast<uintptr_t>(block), size);
     }
 
     /// Whether an address lies in one of the blocks.

@@ -39,7 +39,7 @@ void SettleString(JsonValue& value, JsonAllocator& allocator) {
 }
 
 JsonValue DeepCopy(const JsonValue& source, JsonAllocator& allocator) {
-    JsonDocument copy(&allocator);
+    ReadDocument copy(allocator);
     auto fill = [&](JsonDocument& handler) { return Walk(source, handler); };
     copy.Populate(fill);
     JsonValue result;
