@@ -51,7 +51,6 @@ uint32_t PathTable::Restart() {
     At(kRoot) = {};
     count = 1;
     issued = 0;
-    handleToNode.clear();
     many.clear();
     return Issue(kRoot);
 }
@@ -103,20 +102,16 @@ std::wstring PathTable::TextOf(Node node) const {
 std::optional<PathTable::Node> PathTable::NodeOf(int32_t handle) const {
     const uint32_t index = static_cast<uint32_t>(handle) - 1;
     if (handle < 1 || index >= issued) return std::nullopt;
-    return index < kFew ? fewHandles[index] : handleToNode[index - kFew];
+    return handleToNode[index];
 }
 
 void PathTable::PrepareIssue() {
     EnsureRoot();
-    if (issued >= kFew && handleToNode.size() == handleToNode.capacity())
-        handleToNode.reserve(std::max<size_t>(3 * kFew, handleToNode.size() * 2));
+    if (issued == handleRoom) MakeHandleRoom();
 }
 
 uint32_t PathTable::Issue(Node node) {
-    if (issued < kFew)
-        fewHandles[issued] = node;
-    else
-        handleToNode.push_back(node);
+    handleToNode[issued] = node;
     return At(node).handle = ++issued;
 }
 
@@ -211,13 +206,28 @@ void PathTable::MakeRoom() {
     const uint32_t size = isFirst ? 4 * room : kBlockSize;
     std::unique_ptr<NodeData[]> block(new NodeData[size]);
     if (isFirst) {
+        blocks.resize(1);
         std::copy_n(firstBlock, room, block.get());
-        grown = std::move(block);
-        firstBlock = grown.get();
-    } else {
-        blocks.push_back(std::move(block));
+        firstBlock = block.get();
+        blocks.front() = std::move(block);
+        room = size;
+        return;
     }
-    room = isFirst ? size : room + kBlockSize;
+    blocks.emplace_back();  // from here on there is room for the owner
+    if (manyBlocks.empty()) manyBlocks.push_back(firstBlock);
+    manyBlocks.push_back(block.get());
+    table = manyBlocks.data();
+    blocks.back() = std::move(block);
+    room += kBlockSize;
+}
+
+void PathTable::MakeHandleRoom() {
+    const uint32_t size = 2 * handleRoom;
+    std::unique_ptr<Node[]> larger(new Node[size]);
+    std::copy_n(handleToNode, issued, larger.get());
+    manyHandles = std::move(larger);
+    handleToNode = manyHandles.get();
+    handleRoom = size;
 }
 
 /// A new node, with a copy of its segment's text.
@@ -251,7 +261,7 @@ uint64_t PathTable::Work() const {
 }
 
 size_t PathTable::Bytes() const {
-    size_t bytes = room * sizeof(NodeData) + handleToNode.capacity() * sizeof(Node) +
+    size_t bytes = room * sizeof(NodeData) + handleRoom * sizeof(Node) +
                    recent.capacity() * sizeof recent[0] + many.capacity() * sizeof(ManyChildren);
     for (const ManyChildren& children : many)
         bytes += children.elements.capacity() * sizeof(Node) + children.others.Bytes();

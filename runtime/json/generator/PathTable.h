@@ -119,10 +119,7 @@ private:
     // others: a reference to a node holds until the next one is added.
     static constexpr uint32_t kBlockBits = 10, kBlockSize = 1u << kBlockBits;
     static constexpr uint32_t kFew = 16;
-    NodeData& At(Node node) const {
-        return node < kBlockSize ? firstBlock[node]
-                                 : blocks[(node >> kBlockBits) - 1][node & (kBlockSize - 1)];
-    }
+    NodeData& At(Node node) const { return table[node >> kBlockBits][node & (kBlockSize - 1)]; }
 
     void EnsureRoot();
     uint32_t HashOf(const Segment& segment) const;
@@ -131,6 +128,7 @@ private:
     Node AddChild(Node parent, const Segment& segment, uint32_t hash);
     Node Add(Node parent, const Segment& segment, uint32_t hash);
     void MakeRoom();
+    void MakeHandleRoom();
     static bool IsNextElement(const ManyChildren& children, const Segment& segment);
     static void MakeRoomAmong(ManyChildren& children, const Segment& segment);
     void LinkAmong(ManyChildren& children, Node child, uint32_t hash);
@@ -141,13 +139,16 @@ private:
     // The first few nodes and handles of a document take no memory of their own.
     NodeData fewNodes[kFew];
     NodeData* firstBlock = fewNodes;
-    std::unique_ptr<NodeData[]> grown;                // the first block, when it has grown
-    std::vector<std::unique_ptr<NodeData[]>> blocks;  // the others
+    NodeData* const* table = &firstBlock;             // of all blocks
+    std::vector<std::unique_ptr<NodeData[]>> blocks;  // those that are memory of their own
+    std::vector<NodeData*> manyBlocks;                // the table, when there are several
     uint32_t count = 0;                               // of nodes; the root is the first
     uint32_t room = kFew;                             // for nodes, in the blocks
-    Node fewHandles[kFew];                            // the nodes of the first handles
-    uint32_t issued = 0;                              // handles
-    std::vector<Node> handleToNode;                   // by handle - 1 - kFew
+    Node fewHandles[kFew];
+    Node* handleToNode = fewHandles;  // by handle - 1
+    std::unique_ptr<Node[]> manyHandles;
+    uint32_t issued = 0;         // handles
+    uint32_t handleRoom = kFew;  // for handles
     std::vector<ManyChildren> many;
     HashKeys keys;
     // The texts that were kept last, by their hash: the same few keys come again and again, once

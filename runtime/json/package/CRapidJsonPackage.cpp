@@ -11,20 +11,16 @@ constexpr TextRules kRules = {/*acceptNan=*/false, /*acceptNanInAnsi=*/false,
                               /*fileBufferSize=*/1024};
 constexpr size_t kTextCapacity = 1024;
 
-CRapidJsonPackage::CRapidJsonPackage() : document(allocator), textBuffer(&theHeap, kTextCapacity) {
-    document.SetObject();
-}
+CRapidJsonPackage::CRapidJsonPackage() : textBuffer(&theHeap, kTextCapacity) {}
 
 // ---- Loading -----------------------------------------------------------------------------------
 
 int CRapidJsonPackage::LoadString(const wchar_t* text) {
-    wasLoaded = true;
-    return FinishLoad(LoadText(document, text, kRules));
+    return Load([&](JsonDocument& parsed) { return LoadText(parsed, text, kRules); });
 }
 
 int CRapidJsonPackage::LoadFile(const wchar_t* fileName) {
-    wasLoaded = true;
-    return FinishLoad(QXJSON::LoadFile(document, fileName, kRules));
+    return Load([&](JsonDocument& parsed) { return QXJSON::LoadFile(parsed, fileName, kRules); });
 }
 
 /// A host may read names and texts for as long as their key stays, while members move when others
@@ -36,9 +32,14 @@ void CRapidJsonPackage::SettleStrings() {
     }
 }
 
-/// Records how a load went. After an error the document is as it was, which is empty in a new
-/// package. A root that is not an object leaves it empty too, although an array counts as loaded.
-int CRapidJsonPackage::FinishLoad(const LoadStatus& loaded) {
+/// Loads what `read` reads, and records how that went. After an error the package is what it was
+/// before; a root that is not an object leaves it empty, although an array counts as loaded.
+template <class Read>
+int CRapidJsonPackage::Load(const Read& read) {
+    wasLoaded = true;
+    ReadDocument parsed(allocator);
+    const LoadStatus loaded = read(parsed);
+    if (loaded.code == kNoError) document.Swap(parsed);
     members.Clear();
     status = loaded.code == kDocumentEmpty ? LoadStatus{kEmptyText} : loaded;
     const bool container = status.code == kNoError && IsContainer(document);

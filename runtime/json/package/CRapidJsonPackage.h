@@ -84,13 +84,14 @@ private:
     template <class Item>
     int Set(const wchar_t* key, const Item& item);
     void SettleStrings();
-    int FinishLoad(const LoadStatus& loaded);
+    template <class Read>
+    int Load(const Read& read);
 
     uint32_t ignoreCase = 1;
     bool wasLoaded = false;  // or was to be
     DocumentPool pool;
     JsonAllocator& allocator = pool.Allocator();
-    ReadDocument document;  // always an object
+    JsonValue document{rapidjson::kObjectType};  // always an object
     MemberLookup members{pool};
     LoadStatus status;
     MessageBuffer scratchBuffer;     // messages and blobs that were returned

@@ -10,31 +10,35 @@ constexpr TextRules kRules = {/*acceptNan=*/true, /*acceptNanInAnsi=*/false,
                               /*fileBufferSize=*/1024};
 constexpr size_t kTextCapacity = 1024;
 
-CRapidJsonParser::CRapidJsonParser()
-    : document(pool.Allocator()), textBuffer(&theHeap, kTextCapacity) {}
+CRapidJsonParser::CRapidJsonParser() : textBuffer(&theHeap, kTextCapacity) {}
 
 // ---- Loading -----------------------------------------------------------------------------------
 
-/// Ends the document before: what was remembered of it is gone.
-void CRapidJsonParser::Forget() {
+/// Ends the document before, of which nothing is remembered, and has `load` read the next.
+template <class Load>
+LoadStatus CRapidJsonParser::Read(const Load& load) {
     wasLoaded = true;
     handles.Clear();
     members.Clear();
+    ReadDocument parsed(pool.Allocator());
+    const LoadStatus loaded = load(parsed);
+    if (loaded.code == kNoError) document.Swap(parsed);
+    return loaded;
 }
 
 int CRapidJsonParser::LoadJsonBytes(const char* text, uint32_t length) {
-    Forget();
-    return FinishTextLoad(LoadBytes(document, text, length, kRules));
+    return FinishTextLoad(
+        Read([&](JsonDocument& parsed) { return LoadBytes(parsed, text, length, kRules); }));
 }
 
 int CRapidJsonParser::LoadJsonString(const wchar_t* text) {
-    Forget();
-    return FinishTextLoad(LoadText(document, text, kRules));
+    return FinishTextLoad(
+        Read([&](JsonDocument& parsed) { return LoadText(parsed, text, kRules); }));
 }
 
 int CRapidJsonParser::LoadJsonFile(const wchar_t* fileName) {
-    Forget();
-    return FinishLoad(LoadFile(document, fileName, kRules));
+    return FinishLoad(
+        Read([&](JsonDocument& parsed) { return LoadFile(parsed, fileName, kRules); }));
 }
 
 /// Records how a load went, and refuses a root that is neither object nor array.

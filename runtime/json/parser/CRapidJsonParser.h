@@ -335,13 +335,14 @@ private:
     int ReadBlob(const GetText& getText, const uint8_t** data, uint32_t* size);
     int ReadVariant(const Place& place, const wchar_t* key, JsonVariant* variant);
 
-    void Forget();
+    template <class Load>
+    LoadStatus Read(const Load& load);
     int FinishLoad(const LoadStatus& loaded);
     int FinishTextLoad(const LoadStatus& loaded);
 
     bool wasLoaded = false;  // or was to be
     DocumentPool pool;
-    ReadDocument document;
+    JsonValue document;
     LoadStatus status;
     JsonTextBuffer textBuffer;
     MessageBuffer messageBuffer;

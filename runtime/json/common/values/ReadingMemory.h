@@ -9,8 +9,8 @@
 
 namespace QXJSON {
 
-/// RapidJSON's allocator concept for the stack that a document has while it is read: small documents
-/// take nothing from the heap for it. The first block lies in the allocator itself.
+/// RapidJSON's allocator concept for the stack that a document has while it is read: small
+/// documents take nothing from the heap for it. The first block lies in the allocator itself.
 class ReadingMemory {
 public:
     static constexpr bool kNeedFree = true;
@@ -30,8 +30,8 @@ public:
         }
         Header* const old = block ? HeaderOf(block) : nullptr;
         const bool isOnHeap = old && old->state == State::kOnHeap;
-        auto* const header =
-            static_cast<Header*>(HeapAllocator().Realloc(isOnHeap ? old : nullptr, 0, sizeof(Header) + newSize));
+        auto* const header = static_cast<Header*>(
+            HeapAllocator().Realloc(isOnHeap ? old : nullptr, 0, sizeof(Header) + newSize));
         header->state = State::kOnHeap;
         if (block && !isOnHeap) {
             std::memcpy(header + 1, block, size < newSize ? size : newSize);
