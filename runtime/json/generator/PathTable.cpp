@@ -213,11 +213,11 @@ void PathTable::MakeRoom() {
         room = size;
         return;
     }
-    blocks.emplace_back();  // from here on there is room for the owner
-    if (manyBlocks.empty()) manyBlocks.push_back(firstBlock);
-    manyBlocks.push_back(block.get());
+    manyBlocks.resize(blocks.size() + 1);
+    manyBlocks.front() = firstBlock;
     table = manyBlocks.data();
-    blocks.back() = std::move(block);
+    blocks.push_back(std::move(block));
+    manyBlocks.back() = blocks.back().get();
     room += kBlockSize;
 }
 
@@ -262,7 +262,8 @@ uint64_t PathTable::Work() const {
 
 size_t PathTable::Bytes() const {
     size_t bytes = room * sizeof(NodeData) + handleRoom * sizeof(Node) +
-                   recent.capacity() * sizeof recent[0] + many.capacity() * sizeof(ManyChildren);
+                   recent.capacity() * sizeof(std::wstring_view) +
+                   many.capacity() * sizeof(ManyChildren);
     for (const ManyChildren& children : many)
         bytes += children.elements.capacity() * sizeof(Node) + children.others.Bytes();
     return bytes;

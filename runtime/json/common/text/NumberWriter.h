@@ -167,23 +167,13 @@ Unit* WriteExponent(Unit* to, int exponent) {
     return WriteInteger(to, exponent);
 }
 
-/// Writes a double that is finite and returns its end.
+/// Puts the point, and zeros, among digits that begin one unit behind `to`: mostly the first few
+/// make way for it. Returns the end of the number.
 template <class Unit>
-Unit* WriteDouble(Unit* to, double number) {
+Unit* Arrange(Unit* to, int length, int point) {
     constexpr int kMostWhole = 21;  // digits before the point, without an exponent
     constexpr int kMostZeros = 5;   // zeros behind it
-    uint64_t bits = 0;
-    std::memcpy(&bits, &number, sizeof bits);
-    if (bits >> 63 != 0) *to++ = Unit{'-'};
-    if (bits << 1 == 0) {
-        for (const char c : {'0', '.', '0'}) *to++ = static_cast<Unit>(c);
-        return to;
-    }
-    // One behind: mostly the first few make way for the point.
     Unit* const digits = to + 1;
-    const ShortestDigits<Unit> shortest(digits, number < 0 ? -number : number);
-    const int length = shortest.Length();
-    const int point = shortest.Point();
     Unit* const end = digits + length;
     if (0 < point && point < length) {
         for (int i = 0; i < point; ++i) to[i] = digits[i];
@@ -208,6 +198,20 @@ Unit* WriteDouble(Unit* to, double number) {
     if (length == 1) return WriteExponent(digits, point - 1);
     digits[0] = Unit{'.'};
     return WriteExponent(end, point - 1);
+}
+
+/// Writes a double that is finite and returns its end.
+template <class Unit>
+Unit* WriteDouble(Unit* to, double number) {
+    uint64_t bits = 0;
+    std::memcpy(&bits, &number, sizeof bits);
+    if (bits >> 63 != 0) *to++ = Unit{'-'};
+    if (bits << 1 == 0) {
+        for (const char c : {'0', '.', '0'}) *to++ = static_cast<Unit>(c);
+        return to;
+    }
+    const ShortestDigits<Unit> shortest(to + 1, number < 0 ? -number : number);
+    return Arrange(to, shortest.Length(), shortest.Point());
 }
 
 }  // namespace QXJSON
