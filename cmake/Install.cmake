@@ -1,7 +1,7 @@
 # What an installed library consists of, for a host's build and for the package (Package.cmake).
 #
 #   README.md where to begin
-#   bin/      the DLL, its symbols, jsontool
+#   bin/      the DLL, its symbols, jsontool, the recorder and jsonreplay
 #   lib/      the import libraries, CMake's package files
 #   examples/ whole programs
 #   include/  the headers, in a folder of their own
@@ -70,6 +70,13 @@ endfunction()
 foreach(package rapidjson-dev mingw-w64-x86-64-dev libcli11-dev)
   install_notice(${package} documentation doc/notices)
 endforeach()
+
+# What records and repeats a host's calls.
+if(TARGET jsonreplay)
+  add_dependencies(installed Json_Dll_Record jsonreplay)
+  install(TARGETS Json_Dll_Record jsonreplay RUNTIME DESTINATION bin COMPONENT runtime)
+  install_notice(libz-mingw-w64-dev documentation doc/notices)
+endif()
 
 # ---- The contract tests --------------------------------------------------------------------------
 if(BUILD_TESTING)

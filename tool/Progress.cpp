@@ -75,6 +75,12 @@ void ProgressOfFiles(size_t files, size_t bad) {
         Line().Show(std::to_string(files) + " files, " + std::to_string(bad) + " bad");
 }
 
+void ProgressOfCalls(uint64_t calls, size_t differences) {
+    if (Line().IsDue())
+        Line().Show(std::to_string(calls) + " calls, " + std::to_string(differences) +
+                    " differences");
+}
+
 void ClearProgress() { Line().Clear(); }
 
 }  // namespace tool

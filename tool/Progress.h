@@ -15,6 +15,8 @@ void ProgressOf(const std::wstring& label, uint64_t size);
 void ProgressBy(size_t bytes);
 /// How many files were checked.
 void ProgressOfFiles(size_t files, size_t bad);
+/// How many calls were repeated.
+void ProgressOfCalls(uint64_t calls, size_t differences);
 /// Removes the line, so that something else can be printed.
 void ClearProgress();
 

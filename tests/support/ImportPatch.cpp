@@ -1,9 +1,19 @@
 #include "ImportPatch.h"
 
+#include <cstdlib>
 #include <cstring>
+
+#include "JsonDll.h"
 
 namespace support {
 namespace {
+
+/// The module that does the work of another one: where the DLL under test only passes calls on, as
+/// a recorder does, the environment variable JSON_TEST_WORKER names the DLL that it passes them to.
+HMODULE WorkerOf(HMODULE module) {
+    const wchar_t* const named = _wgetenv(L"JSON_TEST_WORKER");
+    return named && module == JsonDll() ? LoadLibraryW(named) : module;
+}
 
 template <class Part>
 Part* At(HMODULE module, size_t offset) {
@@ -32,7 +42,8 @@ bool IsNamed(HMODULE module, const IMAGE_THUNK_DATA& thunk, const char* name) {
 
 }  // namespace
 
-void ImportPatch::Apply(HMODULE module, const char* name, void* replacement) {
+void ImportPatch::Apply(HMODULE patched, const char* name, void* replacement) {
+    HMODULE const module = WorkerOf(patched);
     for (const auto* library = ImportsOf(module); library->Name != 0; ++library) {
         const auto* names = At<IMAGE_THUNK_DATA>(module, library->OriginalFirstThunk);
         void** slot = At<void*>(module, library->FirstThunk);

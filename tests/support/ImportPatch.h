@@ -32,7 +32,7 @@ private:
         void* original;
     };
 
-    void Apply(HMODULE module, const char* name, void* replacement);
+    void Apply(HMODULE patched, const char* name, void* replacement);
 
     std::vector<Entry> entries;
 };

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+
+#include "log/Format.h"
+
+namespace record {
+
+/// A file by its name.
+struct FoundFile {
+    Tag tag;  ///< kBytes for one that can be read, or kNoFile, kFolder, kNotAFile
+    uint64_t size;
+};
+
+/// Looks at a file without changing anything: pipes and devices, which notice who opens them, are
+/// left alone.
+FoundFile FindFile(const wchar_t* name);
+/// Reads the first bytes of a file; returns how many there were.
+uint32_t ReadFileBytes(const wchar_t* name, uint8_t* to, uint32_t size);
+
+}  // namespace record

@@ -1,0 +1,166 @@
+#pragma once
+
+#include <algorithm>
+
+#include "JsonVariant.h"
+#include "Memory.h"
+#include "Sink.h"
+#include "common/text/TextLength.h"
+
+namespace record {
+
+constexpr uint32_t kMostUnits = 0xFFFFFFF0;
+
+// What a host's pointer leads to. Look() reads memory and may fault; LookCarefully() takes its
+// place where that happened, and finds out what can be read.
+
+/// A text that ends at a zero.
+class TextView {
+public:
+    explicit TextView(const wchar_t* text = nullptr) : text(text) {}
+
+    void Look() {
+        if (text) Keep(Tag::kText, QXJSON::CountUnits(text));
+    }
+    void LookCarefully() {
+        if (!text) return;
+        size_t seen = 0;
+        for (size_t ahead = 4096;; ahead *= 2) {
+            const size_t readable = ReadableBytes(text, ahead) / sizeof(wchar_t);
+            const auto* const bytes = reinterpret_cast<const char*>(text);
+            while (seen < readable && Load<wchar_t>(bytes + 2 * seen) != 0) ++seen;
+            if (seen < readable) return Keep(Tag::kText, seen);
+            if (readable < ahead / sizeof(wchar_t)) break;
+        }
+        Keep(seen > 0 ? Tag::kTextPart : Tag::kBad, seen);
+    }
+    bool IsWhole() const { return tag == Tag::kText; }
+    const wchar_t* Text() const { return text; }
+    size_t Bound() const { return kDataSize + units * sizeof(wchar_t); }
+    void Write(Sink& sink) const {
+        if (tag == Tag::kNull || tag == Tag::kBad) return sink.Put(tag);
+        sink.PutData(tag, text, units, sizeof(wchar_t));
+    }
+
+protected:
+    void Keep(Tag found, size_t count) {
+        tag = found;
+        units = static_cast<uint32_t>(std::min<size_t>(count, kMostUnits));
+    }
+
+private:
+    const wchar_t* text;
+    Tag tag = Tag::kNull;
+    uint32_t units = 0;
+};
+
+/// Bytes of a known count.
+class BytesView {
+public:
+    explicit BytesView(const void* data = nullptr, uint64_t wanted = 0)
+        : data(static_cast<const char*>(data)), wanted(std::min<uint64_t>(wanted, kMostUnits)) {}
+
+    void Look() {
+        if (!data) return;
+        // Each page once.
+        volatile const char* const bytes = data;
+        for (uint64_t at = 0; at < wanted; at += 4096) (void)bytes[at];
+        if (wanted > 0) (void)bytes[wanted - 1];
+        Keep(wanted);
+    }
+    void LookCarefully() {
+        if (data) Keep(ReadableBytes(data, wanted));
+    }
+    size_t Bound() const { return kDataSize + size; }
+    void Write(Sink& sink) const {
+        if (tag == Tag::kNull || tag == Tag::kBad) return sink.Put(tag);
+        sink.PutData(tag, data, size, 1);
+    }
+
+protected:
+    void Keep(uint64_t readable) {
+        size = static_cast<uint32_t>(readable);
+        tag = readable == wanted ? Tag::kBytes : readable > 0 ? Tag::kBytesPart : Tag::kBad;
+    }
+
+    const char* data;
+    uint64_t wanted;
+
+private:
+    Tag tag = Tag::kNull;
+    uint32_t size = 0;
+};
+
+/// Characters of a known count that end at a zero before that: nothing behind it may be readable,
+/// and it is nobody's business. A zero in any encoding is among eight zero bytes.
+class CharactersView : public BytesView {
+public:
+    using BytesView::BytesView;
+
+    void Look() {
+        if (data) Keep(Ends(wanted));
+    }
+    void LookCarefully() {
+        if (data) Keep(Ends(ReadableBytes(data, wanted)));
+    }
+
+private:
+    uint64_t Ends(uint64_t readable) const {
+        constexpr int kZeros = 8;
+        int zeros = 0;
+        for (uint64_t at = 0; at < readable; ++at) {
+            zeros = data[at] == 0 ? zeros + 1 : 0;
+            if (zeros == kZeros) return at + 1;
+        }
+        return readable;
+    }
+};
+
+/// The tag of a variant, and its text or number: two values.
+class VariantView {
+public:
+    explicit VariantView(const QXJSON::JsonVariant* variant = nullptr) : variant(variant) {}
+    explicit VariantView(QXJSON::JsonVariant copy)
+        : variant(nullptr), value(copy), tag(Tag::kGiven) {}
+
+    void Look() {
+        if (variant) Keep(Load<QXJSON::JsonVariant>(variant));
+        Seat().Look();
+    }
+    void LookCarefully() {
+        constexpr size_t size = sizeof(QXJSON::JsonVariant);
+        if (variant) {
+            tag = Tag::kBad;
+            if (ReadableBytes(variant, size) == size) Keep(Load<QXJSON::JsonVariant>(variant));
+        }
+        Seat().LookCarefully();
+    }
+    size_t Bound() const { return kNumberSize + text.Bound(); }
+    void Write(Sink& sink) const {
+        if (tag != Tag::kGiven) {
+            sink.Put(tag);
+            return sink.Put(tag);
+        }
+        sink.Put(Tag::kNumber, value.tag);
+        if (value.tag == QXJSON::kVariantText) return text.Write(sink);
+        sink.Put(Tag::kNumber, BitsOf(value.number));
+    }
+
+private:
+    void Keep(QXJSON::JsonVariant read) {
+        value = read;
+        tag = Tag::kGiven;
+    }
+    TextView& Seat() {
+        const bool hasText = tag == Tag::kGiven && value.tag == QXJSON::kVariantText;
+        text = TextView(hasText ? value.text : nullptr);
+        return text;
+    }
+
+    const QXJSON::JsonVariant* variant;
+    QXJSON::JsonVariant value = {};
+    Tag tag = Tag::kNull;
+    TextView text;
+};
+
+}  // namespace record

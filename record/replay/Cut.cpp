@@ -1,0 +1,48 @@
+#include <algorithm>
+#include <cstdio>
+
+#include "Commands.h"
+#include "Failure.h"
+#include "Reduce.h"
+
+namespace replay {
+namespace {
+
+/// How often the calls may be repeated to find the smallest log.
+constexpr unsigned kTrials = 5000;
+
+void Add(const Calls& calls, uint32_t index, std::vector<const RecordHeader*>& records) {
+    const Call& call = calls.all[index];
+    records.push_back(call.begin);
+    for (uint32_t inside = call.firstInside; inside != kNone; inside = calls.all[inside].next)
+        Add(calls, inside, records);
+    if (call.end) records.push_back(call.end);
+}
+
+}  // namespace
+
+int Cut(const CutOptions& options) {
+    const Library library(options.library.empty() ? LibraryBeside() : options.library);
+    const Log log(options.log);
+    const Calls calls(log);
+    Player player(log, calls, library);
+    for (const uint32_t call : calls.outer) {
+        player.Play(call);
+        if (!player.differences.empty()) break;
+    }
+    if (player.differences.empty()) throw tool::Failure{options.log + L": there is no difference"};
+    const auto needed = Reduction(log, calls, library, player.differences.front()).Find(kTrials);
+    std::vector<const RecordHeader*> records;
+    for (const uint32_t call : needed) Add(calls, call, records);
+    WriteLog(options.output, log.Header(), log.NanosecondsPerTick(), records);
+    std::printf("%zu of %zu calls\n", needed.size(), calls.outer.size());
+    return kGood;
+}
+
+int Pack(const std::wstring& name, const std::wstring& output) {
+    const Log log(name);
+    WriteLog(output, log.Header(), log.NanosecondsPerTick(), log.Records());
+    return kGood;
+}
+
+}  // namespace replay

@@ -1,0 +1,126 @@
+#include "Reduce.h"
+
+#include <algorithm>
+#include <set>
+
+#include "OperationTable.h"
+
+namespace replay {
+namespace {
+
+void AddReferences(const RecordHeader* record, std::set<uint32_t>& objects) {
+    Values values(record);
+    for (Value value = values.Next(); value.tag != Tag::kEnd; value = values.Next())
+        if (value.tag == Tag::kReference) objects.insert(value.object);
+}
+
+/// The objects that a call and those inside it have to do with.
+void AddObjects(const Calls& calls, uint32_t index, std::set<uint32_t>& objects) {
+    const Call& call = calls.all[index];
+    objects.insert(call.Object());
+    AddReferences(call.begin, objects);
+    for (uint32_t inside = call.firstInside; inside != kNone; inside = calls.all[inside].next)
+        AddObjects(calls, inside, objects);
+}
+
+bool HaveCommon(const std::set<uint32_t>& a, const std::set<uint32_t>& b) {
+    return std::any_of(a.begin(), a.end(), [&](uint32_t object) { return b.count(object) > 0; });
+}
+
+bool Renews(const Call& call) {
+    const Operation* const operation = OperationOf(*call.begin);
+    return operation && operation->renews;
+}
+
+}  // namespace
+
+Reduction::Reduction(const Log& log, const Calls& calls, const Library& library,
+                     Difference difference)
+    : log(log), calls(calls), library(library), difference(std::move(difference)) {
+    // The outer calls begin in the order of their numbers, and what is inside comes after.
+    const auto after =
+        std::upper_bound(calls.outer.begin(), calls.outer.end(), this->difference.call);
+    last = *(after - 1);
+    // Those inside a call of another thread may have smaller numbers than their outer one.
+    const auto isInside = [&](uint32_t outer) {
+        for (uint32_t inside = calls.all[outer].firstInside; inside != kNone;
+             inside = calls.all[inside].next)
+            if (inside == this->difference.call) return true;
+        return outer == this->difference.call;
+    };
+    for (auto outer = after; outer != calls.outer.begin(); --outer) {
+        if (!isInside(*(outer - 1))) continue;
+        last = *(outer - 1);
+        break;
+    }
+}
+
+bool Reduction::Shows(const std::vector<uint32_t>& wanted) {
+    if (left == 0) return false;
+    --left;
+    Player player(log, calls, library);
+    for (const uint32_t call : wanted) player.Play(call);
+    return std::any_of(player.differences.begin(), player.differences.end(),
+                       [&](const Difference& found) { return found.call == difference.call; });
+}
+
+/// The calls up to the last whose objects have to do with those of the last; only those since the
+/// last new document of each object, if that is asked for.
+std::vector<uint32_t> Reduction::Related(bool sinceRenewal) const {
+    std::set<uint32_t> objects;
+    AddObjects(calls, last, objects);
+    const auto end = std::upper_bound(calls.outer.begin(), calls.outer.end(), last);
+    // What an object had from another one may be any number of calls ago.
+    for (size_t before = 0; before != objects.size();) {
+        before = objects.size();
+        for (auto outer = calls.outer.begin(); outer != end; ++outer) {
+            std::set<uint32_t> its;
+            AddObjects(calls, *outer, its);
+            if (HaveCommon(its, objects)) objects.insert(its.begin(), its.end());
+        }
+    }
+    std::vector<uint32_t> related;
+    std::set<uint32_t> renewed;
+    for (auto outer = end; outer != calls.outer.begin();) {
+        const Call& call = calls.all[*--outer];
+        if (objects.count(call.Object()) == 0) continue;
+        const bool isOld = renewed.count(call.Object()) > 0 && !call.IsFactory();
+        if (sinceRenewal && isOld) continue;
+        related.push_back(*outer);
+        if (Renews(call)) renewed.insert(call.Object());
+    }
+    std::reverse(related.begin(), related.end());
+    return related;
+}
+
+/// Leaves out what is not needed: halves, then quarters, down to single calls. The last one stays.
+void Reduction::Shorten(std::vector<uint32_t>& wanted) {
+    for (size_t piece = wanted.size() / 2; piece > 0 && left > 0;) {
+        bool shorter = false;
+        for (size_t at = wanted.size() - 1; at > 0 && left > 0;) {
+            const size_t count = std::min(piece, at);
+            at -= count;
+            std::vector<uint32_t> without = wanted;
+            const auto begin = without.begin() + static_cast<ptrdiff_t>(at);
+            without.erase(begin, begin + static_cast<ptrdiff_t>(count));
+            if (!Shows(without)) continue;
+            wanted = std::move(without);
+            shorter = true;
+        }
+        if (piece > 1 || !shorter) piece /= 2;
+    }
+}
+
+std::vector<uint32_t> Reduction::Find(unsigned trials) {
+    left = trials;
+    for (const bool sinceRenewal : {true, false}) {
+        std::vector<uint32_t> wanted = Related(sinceRenewal);
+        if (!Shows(wanted)) continue;
+        Shorten(wanted);
+        return wanted;
+    }
+    const auto end = std::upper_bound(calls.outer.begin(), calls.outer.end(), last);
+    return {calls.outer.begin(), end};
+}
+
+}  // namespace replay

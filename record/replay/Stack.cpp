@@ -1,0 +1,44 @@
+#include "Stack.h"
+
+#include <malloc.h>
+
+#include "calls/Passage.h"
+
+namespace replay {
+namespace {
+
+/// What nests deep enough for any stack has so many bytes.
+constexpr size_t kLeastData = 512;
+/// What the way from here to the operation needs itself.
+constexpr uint64_t kOwn = 2048;
+
+/// The stack that the call had; 0 where that is unknown.
+uint64_t StackOf(const Call& call) {
+    if (!call.end) return 0;
+    Values after(call.end);
+    for (Value value = after.Next(); value.tag != Tag::kEnd; value = after.Next())
+        if (value.tag == Tag::kStack) return value.number;
+    return 0;
+}
+
+size_t DataOf(const RecordHeader* record) {
+    Values values(record);
+    size_t size = 0;
+    for (Value value = values.Next(); value.tag != Tag::kEnd; value = values.Next())
+        size += value.DataSize();
+    return size;
+}
+
+}  // namespace
+
+void WithStackOf(const Call& call, const std::function<void()>& work) {
+    const uint64_t wanted = StackOf(call) + kOwn;
+    const uint64_t left = record::StackLeft();
+    if (wanted > kOwn && wanted < left && DataOf(call.begin) >= kLeastData) {
+        volatile char* const used = static_cast<char*>(alloca(left - wanted));
+        used[0] = 1;
+    }
+    work();
+}
+
+}  // namespace replay
