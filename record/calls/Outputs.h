@@ -10,8 +10,17 @@
 
 namespace record {
 
-/// An output of type T. Before the call it is only seen whether it can be used, and what is in it.
+/// A number of the size of T; of a larger one, its first bytes.
 template <class T>
+using UnsignedOf =
+    std::conditional_t<sizeof(T) == 1, uint8_t,
+                       std::conditional_t<sizeof(T) == 2, uint16_t,
+                                          std::conditional_t<sizeof(T) == 4, uint32_t, uint64_t>>>;
+
+/// An output of type T. Before the call it is only seen whether it can be used, and what is in it.
+/// Some outputs of calls that succeed are left as they were: of a number, what was there before
+/// says all; of what leads to more, the content counts wherever a call succeeds (`always`).
+template <class T, bool always = true>
 class Output {
 public:
     explicit Output(T* target) : target(target) {}
@@ -34,7 +43,7 @@ public:
     void LookAfter(uint64_t result) {
         if (state != Tag::kGiven) return;
         after = Load<T>(target);
-        isNew = result == kDone || std::memcmp(&before, &after, sizeof(T)) != 0;
+        isNew = (always && result == kDone) || std::memcmp(&before, &after, sizeof(T)) != 0;
         if (result == kFaulted && !IsWritable(target, sizeof(T))) state = Tag::kReadOnly;
     }
     void LookAfterCarefully(uint64_t result) { LookAfter(result); }
@@ -45,7 +54,7 @@ protected:
     /// What stands for an output that was left as it was.
     void WriteOld(Sink& sink) const {
         if (state == Tag::kReadOnly) return sink.Put(Tag::kReadOnly);
-        sink.Put(Tag::kLeft, state == Tag::kGiven ? Load<Bits>(&before) : 0);
+        sink.Put(Tag::kLeft, state == Tag::kGiven ? Load<UnsignedOf<T>>(&before) : 0);
     }
 
     T* target;
@@ -53,23 +62,19 @@ protected:
     T after = {};
 
 private:
-    /// Of a variant, its first bytes.
-    using Bits = std::conditional_t<
-        sizeof(T) == 1, uint8_t,
-        std::conditional_t<sizeof(T) == 2, uint16_t,
-                           std::conditional_t<sizeof(T) == 4, uint32_t, uint64_t>>>;
-
     Tag state = Tag::kNull;
     bool isNew = false;
 };
 
+/// A number, whatever its type, as the bits that it has.
 template <class T>
-class NumberOut : public Output<T> {
+class NumberOut : public Output<UnsignedOf<T>, false> {
 public:
-    explicit NumberOut(T* target) : Output<T>(target) {}
+    explicit NumberOut(T* target)
+        : Output<UnsignedOf<T>, false>(reinterpret_cast<UnsignedOf<T>*>(target)) {}
     void WriteAfter(Sink& sink) const {
         if (!this->IsNew()) return this->WriteOld(sink);
-        sink.Put(Tag::kNumber, BitsOf(this->after));
+        sink.Put(Tag::kNumber, this->after);
     }
 };
 

@@ -68,6 +68,12 @@ size_t BoundOfReturn(Kinds& kinds) {
     return bound;
 }
 
+/// Forgets the references to a document that ended with a call of an operation that begins a new
+/// one. A generator keeps its document where that fails.
+inline void EndReferences(References& references, Interface interface, uint64_t result) {
+    if (interface == Interface::kParser || result == kDone) references.Renew();
+}
+
 /// The stack that the caller has left.
 uint64_t StackLeft();
 

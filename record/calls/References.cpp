@@ -81,7 +81,7 @@ uint32_t References::FindOwn(uint64_t address) {
     const Held held(busy);
     if (entries.empty()) return 0;
     const Entry* const entry = PlaceOf(address);
-    return entry->address == address ? entry->number : 0;
+    return entry->address == address && entry->life == life ? entry->number : 0;
 }
 
 Reference References::Find(uint64_t address) {

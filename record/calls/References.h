@@ -23,8 +23,7 @@ public:
 
     /// What a reference is that the object returns.
     Reference Named(uint64_t address) { return {object, NumberOf(address)}; }
-    /// Forgets nothing, but what is returned from now on has a new number, although it may be at an
-    /// old address.
+    /// Forgets all: a new document may be at the old addresses.
     void Renew();
     /// What a reference is that a host passes to the object: one of its own, or of another object.
     Reference Find(uint64_t address);

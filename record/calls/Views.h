@@ -22,25 +22,11 @@ public:
     void Look() {
         if (text) Keep(Tag::kText, QXJSON::CountUnits(text));
     }
-    void LookCarefully() {
-        if (!text) return;
-        size_t seen = 0;
-        for (size_t ahead = 4096;; ahead *= 2) {
-            const size_t readable = ReadableBytes(text, ahead) / sizeof(wchar_t);
-            const auto* const bytes = reinterpret_cast<const char*>(text);
-            while (seen < readable && Load<wchar_t>(bytes + 2 * seen) != 0) ++seen;
-            if (seen < readable) return Keep(Tag::kText, seen);
-            if (readable < ahead / sizeof(wchar_t)) break;
-        }
-        Keep(seen > 0 ? Tag::kTextPart : Tag::kBad, seen);
-    }
+    void LookCarefully();
     bool IsWhole() const { return tag == Tag::kText; }
     const wchar_t* Text() const { return text; }
     size_t Bound() const { return kDataSize + units * sizeof(wchar_t); }
-    void Write(Sink& sink) const {
-        if (tag == Tag::kNull || tag == Tag::kBad) return sink.Put(tag);
-        sink.PutData(tag, text, units, sizeof(wchar_t));
-    }
+    void Write(Sink& sink) const;
 
 protected:
     void Keep(Tag found, size_t count) {
@@ -60,22 +46,10 @@ public:
     explicit BytesView(const void* data = nullptr, uint64_t wanted = 0)
         : data(static_cast<const char*>(data)), wanted(std::min<uint64_t>(wanted, kMostUnits)) {}
 
-    void Look() {
-        if (!data) return;
-        // Each page once.
-        volatile const char* const bytes = data;
-        for (uint64_t at = 0; at < wanted; at += 4096) (void)bytes[at];
-        if (wanted > 0) (void)bytes[wanted - 1];
-        Keep(wanted);
-    }
-    void LookCarefully() {
-        if (data) Keep(ReadableBytes(data, wanted));
-    }
+    void Look();
+    void LookCarefully();
     size_t Bound() const { return kDataSize + size; }
-    void Write(Sink& sink) const {
-        if (tag == Tag::kNull || tag == Tag::kBad) return sink.Put(tag);
-        sink.PutData(tag, data, size, 1);
-    }
+    void Write(Sink& sink) const;
 
 protected:
     void Keep(uint64_t readable) {
@@ -97,23 +71,11 @@ class CharactersView : public BytesView {
 public:
     using BytesView::BytesView;
 
-    void Look() {
-        if (data) Keep(Ends(wanted));
-    }
-    void LookCarefully() {
-        if (data) Keep(Ends(ReadableBytes(data, wanted)));
-    }
+    void Look();
+    void LookCarefully();
 
 private:
-    uint64_t Ends(uint64_t readable) const {
-        constexpr int kZeros = 8;
-        int zeros = 0;
-        for (uint64_t at = 0; at < readable; ++at) {
-            zeros = data[at] == 0 ? zeros + 1 : 0;
-            if (zeros == kZeros) return at + 1;
-        }
-        return readable;
-    }
+    uint64_t Ends(uint64_t readable) const;
 };
 
 /// The tag of a variant, and its text or number: two values.
@@ -123,28 +85,10 @@ public:
     explicit VariantView(QXJSON::JsonVariant copy)
         : variant(nullptr), value(copy), tag(Tag::kGiven) {}
 
-    void Look() {
-        if (variant) Keep(Load<QXJSON::JsonVariant>(variant));
-        Seat().Look();
-    }
-    void LookCarefully() {
-        constexpr size_t size = sizeof(QXJSON::JsonVariant);
-        if (variant) {
-            tag = Tag::kBad;
-            if (ReadableBytes(variant, size) == size) Keep(Load<QXJSON::JsonVariant>(variant));
-        }
-        Seat().LookCarefully();
-    }
+    void Look();
+    void LookCarefully();
     size_t Bound() const { return kNumberSize + text.Bound(); }
-    void Write(Sink& sink) const {
-        if (tag != Tag::kGiven) {
-            sink.Put(tag);
-            return sink.Put(tag);
-        }
-        sink.Put(Tag::kNumber, value.tag);
-        if (value.tag == QXJSON::kVariantText) return text.Write(sink);
-        sink.Put(Tag::kNumber, BitsOf(value.number));
-    }
+    void Write(Sink& sink) const;
 
 private:
     void Keep(QXJSON::JsonVariant read) {

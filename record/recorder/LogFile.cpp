@@ -14,7 +14,7 @@ namespace {
 LogFile g_log;
 
 /// How much of the file is taken into memory at a time.
-constexpr uint64_t kStep = 4 << 20;
+constexpr uint64_t kStep = 1 << 20;
 /// What is worth being used by another thread.
 constexpr ptrdiff_t kLeastRest = 1024;
 

@@ -37,7 +37,6 @@ public:
 
     template <class Operation, class... Natives>
     auto Pass(Natives... natives) {
-        if constexpr (Operation::kRenews) references.Renew();
         const auto result = Recorded<Operation>(callee, real, natives...);
         if constexpr (Operation::kEnds) delete this;
         return result;

@@ -55,23 +55,37 @@ auto CallNoting(const Callee& callee, Target* target, Natives... natives)
     }
 }
 
+// What follows up to Recorded() is the same for all operations with the same kinds of parameters,
+// and compiled once for them.
+
+/// Records a call; whether it was recorded.
+template <class Kinds>
+JSON_NEVER_INLINE bool RecordCall(const Callee& callee, uint16_t slot, Kinds& kinds) {
+    LookAt(kinds);
+    return Write(callee, Event::kCall, slot, BoundOf(kinds) + kNumberSize, [&](Sink& sink) {
+        if (callee.delegate) sink.Put(Tag::kNumber, callee.delegate);
+        WriteArguments(sink, kinds);
+    });
+}
+
+template <class Kinds>
+JSON_NEVER_INLINE void RecordReturn(const Callee& callee, uint16_t slot, Kinds& kinds,
+                                    uint64_t result) {
+    LookAtOutputs(kinds, result);
+    Write(callee, Event::kReturn, slot, BoundOfReturn(kinds),
+          [&](Sink& sink) { WriteReturn(sink, kinds, result); });
+}
+
 /// Calls the operation and records the call.
 template <class Operation, class Target, class... Natives>
 auto Recorded(const Callee& callee, Target* target, Natives... natives) {
     if (!IsRecording()) return (target->*Operation::kFunction)(natives...);
     auto kinds = Operation::Kinds(natives...);
-    LookAt(kinds);
-    const bool isWritten = Write(callee, Event::kCall, Operation::kSlot,
-                                 BoundOf(kinds) + kNumberSize, [&](Sink& sink) {
-                                     if (callee.delegate) sink.Put(Tag::kNumber, callee.delegate);
-                                     WriteArguments(sink, kinds);
-                                 });
+    const bool isRecorded = RecordCall(callee, Operation::kSlot, kinds);
     const auto result = CallNoting<Operation>(callee, target, natives...);
-    if (isWritten) {
-        LookAtOutputs(kinds, BitsOf(result));
-        Write(callee, Event::kReturn, Operation::kSlot, BoundOfReturn(kinds),
-              [&](Sink& sink) { WriteReturn(sink, kinds, BitsOf(result)); });
-    }
+    if constexpr (Operation::kRenews)
+        EndReferences(callee.references, callee.interface, BitsOf(result));
+    if (isRecorded) RecordReturn(callee, Operation::kSlot, kinds, BitsOf(result));
     return result;
 }
 

@@ -7,7 +7,7 @@ namespace record {
 namespace {
 
 constexpr uint64_t kMiB = 1 << 20;
-constexpr uint64_t kLeastLimit = 8;  // MiB
+constexpr uint64_t kLeastLimit = 2;  // MiB
 /// The length of a file's content is a number of 32 bits in a log.
 constexpr uint64_t kMostOfAFile = 2048;
 

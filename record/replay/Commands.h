@@ -35,7 +35,8 @@ struct CutOptions {
 };
 int Cut(const CutOptions& options);
 
-/// Writes a log again, compressed.
-int Pack(const std::wstring& log, const std::wstring& output);
+/// Writes a log again, compressed; without its times, threads and processes it is smaller, and the
+/// same wherever the same calls were recorded.
+int Pack(const std::wstring& log, const std::wstring& output, bool timeless);
 
 }  // namespace replay

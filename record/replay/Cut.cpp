@@ -34,14 +34,14 @@ int Cut(const CutOptions& options) {
     const auto needed = Reduction(log, calls, library, player.differences.front()).Find(kTrials);
     std::vector<const RecordHeader*> records;
     for (const uint32_t call : needed) Add(calls, call, records);
-    WriteLog(options.output, log.Header(), log.NanosecondsPerTick(), records);
+    WriteLog(options.output, log.Header(), log.NanosecondsPerTick(), records, false);
     std::printf("%zu of %zu calls\n", needed.size(), calls.outer.size());
     return kGood;
 }
 
-int Pack(const std::wstring& name, const std::wstring& output) {
+int Pack(const std::wstring& name, const std::wstring& output, bool timeless) {
     const Log log(name);
-    WriteLog(output, log.Header(), log.NanosecondsPerTick(), log.Records());
+    WriteLog(output, log.Header(), log.NanosecondsPerTick(), log.Records(), timeless);
     return kGood;
 }
 

@@ -31,7 +31,10 @@ uint64_t Decoder::Reference() {
         return 0;
     }
     if (value.number < kLeastAddress) return value.number;
-    if (result.number != record::kFaulted) isForeign = true;
+    if (result.number != record::kFaulted) {
+        // A parser is what it was without the call.
+        (object.interface == record::Interface::kParser ? isForeign : isImpossible) = true;
+    }
     return reinterpret_cast<uint64_t>(BadAddress());
 }
 

@@ -17,6 +17,10 @@ std::string NumberText(uint64_t bits) {
     return std::to_string(static_cast<int64_t>(bits));
 }
 
+/// Whether an output had nothing in it that could be meant: an address, or what a replay puts
+/// there.
+bool IsNothing(uint64_t left) { return left >> 32 != 0 || left == 0xCDCDCDCD; }
+
 std::string Quoted(const Value& value) {
     const size_t shown = value.count < kWidth ? value.count : kWidth;
     std::wstring units(shown, 0);
@@ -89,7 +93,7 @@ std::string Describe(const Value& value) {
         case Tag::kNumber:
             return NumberText(value.number);
         case Tag::kLeft:
-            return "unchanged";
+            return IsNothing(value.number) ? "unchanged" : "still " + NumberText(value.number);
         case Tag::kReference:
             return "&" + std::to_string(value.object) + "." + std::to_string(value.number);
         case Tag::kText:

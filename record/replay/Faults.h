@@ -17,8 +17,9 @@ constexpr bool IsCpp(unsigned long code) { return code == kCppException || code 
 [[noreturn]] void Throw(unsigned long code);
 
 /// Calls an operation; an exception of C++ becomes its code.
-template <auto function, class Result, class Target, class... Natives>
-JSON_SEALED unsigned long CallUnlessCpp(Result* result, Target* target, Natives... natives) {
+template <class C, class R, class... A>
+JSON_SEALED unsigned long CallUnlessCpp(R (C::*function)(A...), R* result, C* target,
+                                        A... natives) {
     try {
         *result = (target->*function)(natives...);
         return 0;
@@ -33,11 +34,11 @@ inline int KeepCode(unsigned long code, unsigned long* kept) {
 }
 
 /// Calls an operation and returns the code of what it threw, 0 for nothing.
-template <auto function, class Result, class Target, class... Natives>
-unsigned long CallUnlessThrown(Result* result, Target* target, Natives... natives) {
+template <class C, class R, class... A>
+unsigned long CallUnlessThrown(R (C::*function)(A...), R* result, C* target, A... natives) {
     unsigned long code = 0;
     __try {
-        return CallUnlessCpp<function>(result, target, natives...);
+        return CallUnlessCpp(function, result, target, natives...);
     } __except (KeepCode(GetExceptionCode(), &code)) {
         return code;
     }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <map>
 #include <memory>
 
 #include "Failure.h"
@@ -165,32 +166,68 @@ void Log::Measure(const ChunkHeader& last) {
     nanoseconds = 1e9 * seconds / static_cast<double>(ticks - header.firstTicks);
 }
 
-void WriteLog(const std::wstring& name, const FileHeader& like, double nanosecondsPerTick,
-              const std::vector<const RecordHeader*>& records) {
+namespace {
+
+/// The records in a chunk. Threads are numbered in the order of their first record, if times do not
+/// matter.
+std::string InOneChunk(const std::vector<const RecordHeader*>& records, bool timeless) {
     ChunkHeader chunk = {sizeof chunk, 0, 0};
     for (const auto* record : records) chunk.size += record->size;
     std::string plain(reinterpret_cast<const char*>(&chunk), sizeof chunk);
-    for (const auto* record : records)
+    plain.reserve(chunk.size);
+    std::map<uint32_t, uint32_t> threads;
+    uint64_t ticks = 0;
+    for (const auto* record : records) {
+        const size_t at = plain.size();
         plain.append(reinterpret_cast<const char*>(record), record->size);
+        if (!timeless) continue;
+        RecordHeader header = *record;
+        header.thread = threads.emplace(header.thread, threads.size() + 1).first->second;
+        header.ticks = ++ticks;
+        plain.replace(at, sizeof header, reinterpret_cast<const char*>(&header), sizeof header);
+    }
+    return plain;
+}
 
+std::string Compressed(const std::string& plain) {
+    if (plain.size() > 0x7FFFFFFF) throw tool::Failure{L"the log is too large to be compressed"};
     uLongf size = compressBound(static_cast<uLong>(plain.size()));
     std::string packed(size, 0);
-    if (plain.size() > 0x7FFFFFFF ||
-        compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
+    if (compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
                   reinterpret_cast<const Bytef*>(plain.data()), static_cast<uLong>(plain.size()),
                   Z_BEST_COMPRESSION) != Z_OK)
-        throw tool::Failure{L"the log is too large to be compressed"};
+        throw std::bad_alloc();
     packed.resize(size);
+    return packed;
+}
 
-    // The time of the records stays what it was; how long a tick is, is said for a second of it.
-    FileHeader header = like;
-    header.flags |= record::kPacked;
+/// A header for records of another log, whose times stay what they were: how long a tick is, is
+/// said for a second of it.
+FileHeader HeaderLike(const FileHeader& like, double nanosecondsPerTick, bool timeless) {
+    FileHeader header = {};
+    std::memcpy(header.magic, record::kMagic, sizeof header.magic);
+    header.version = record::kVersion;
+    header.flags = (like.flags & (record::kHashed | record::kStopped)) | record::kPacked;
+    std::copy(like.library, like.library + 2, header.library);
+    if (timeless) return header;
+    header.process = like.process;
+    header.startTime = like.startTime;
+    header.firstTicks = like.firstTicks;
+    if (nanosecondsPerTick <= 0) return header;
+    header.frequency = 1;
+    header.lastCounter = 1;
+    header.lastTicks = header.firstTicks + static_cast<uint64_t>(1e9 / nanosecondsPerTick);
+    return header;
+}
+
+}  // namespace
+
+void WriteLog(const std::wstring& name, const FileHeader& like, double nanosecondsPerTick,
+              const std::vector<const RecordHeader*>& records, bool timeless) {
+    const std::string plain = InOneChunk(records, timeless);
+    const std::string packed = Compressed(plain);
+    FileHeader header = HeaderLike(like, nanosecondsPerTick, timeless);
     header.size = plain.size();
-    if (nanosecondsPerTick > 0) {
-        header.frequency = 1;
-        header.lastCounter = header.firstCounter + 1;
-        header.lastTicks = header.firstTicks + static_cast<uint64_t>(1e9 / nanosecondsPerTick);
-    }
     std::string first(record::kHeaderSpace, 0);
     std::memcpy(first.data(), &header, sizeof header);
     tool::ReplacementFile file(name);

@@ -76,8 +76,9 @@ private:
     double nanoseconds = 0;
 };
 
-/// Writes a log with these records, compressed.
+/// Writes a log with these records, compressed. In place of their times only their order is kept,
+/// if the times do not matter.
 void WriteLog(const std::wstring& name, const record::FileHeader& like, double nanosecondsPerTick,
-              const std::vector<const RecordHeader*>& records);
+              const std::vector<const RecordHeader*>& records, bool timeless);
 
 }  // namespace replay

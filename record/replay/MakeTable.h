@@ -19,8 +19,13 @@ Operation Row(R (C::*)(A...)) {
                      ParametersOf(static_cast<Kinds*>(nullptr), Described::kParameters,
                                   std::index_sequence_for<A...>()),
                      Described::kEnds, Described::kRenews, nullptr};
-    if constexpr (Described::kInterface != record::Interface::kDelegate)
-        row.play = &Repetition<Described>::Play;
+    if constexpr (Described::kInterface != record::Interface::kDelegate) {
+        row.play = [](Player& player, PlayedObject& object, uint32_t call) {
+            const Repeated<Kinds, C, R, A...> operation = {Described::kFunction, &Described::Kinds,
+                                                           Described::kRenews};
+            return Repeat(operation, player, object, call);
+        };
+    }
     return row;
 }
 

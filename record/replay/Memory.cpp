@@ -65,15 +65,17 @@ void* CallMemory::AtAnEdge(const void* data, size_t size) {
 }
 
 const std::wstring& FileFolder::Name() {
-    static unsigned count = 0;
     if (!name.empty()) return name;
     wchar_t temporary[MAX_PATH + 1] = {};
     GetTempPathW(MAX_PATH, temporary);
-    name = std::wstring(temporary) + L"jsonreplay-" + std::to_wstring(GetCurrentProcessId()) +
-           L"-" + std::to_wstring(++count);
-    if (!CreateDirectoryW(name.c_str(), nullptr))
-        throw tool::Failure{name + L": the folder cannot be created"};
-    return name;
+    const std::wstring first =
+        std::wstring(temporary) + L"jsonreplay-" + std::to_wstring(GetCurrentProcessId());
+    constexpr int kMost = 1000;
+    for (int number = 1; number <= kMost; ++number) {
+        name = first + L"-" + std::to_wstring(number);
+        if (CreateDirectoryW(name.c_str(), nullptr)) return name;
+    }
+    throw tool::Failure{name + L": the folder cannot be created"};
 }
 
 FileFolder::~FileFolder() {

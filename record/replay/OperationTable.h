@@ -20,7 +20,7 @@ struct Operation {
     bool ends;    ///< the object's life
     bool renews;  ///< begins a new document
     /// Repeats a call; null for what only a delegate has.
-    std::optional<Outcome> (*play)(Player&, PlayedObject&, const Call&);
+    std::optional<Outcome> (*play)(Player&, PlayedObject&, uint32_t call);
 };
 
 /// The operations of each interface, by their slots.

@@ -71,7 +71,7 @@ void Player::PlayOperation(uint32_t index) {
         return;
     }
     frames.push_back({index, call.firstInside});
-    const std::optional<Outcome> outcome = operation->play(*this, object, call);
+    const std::optional<Outcome> outcome = operation->play(*this, object, index);
     const uint32_t notCalled = frames.back().nextInside;
     frames.pop_back();
     if (!outcome || outcome->wasSkipped) {

@@ -79,6 +79,7 @@ public:
     /// The library calls a delegate.
     Response DelegateCalled(uint32_t slot, const std::vector<uint8_t>& arguments);
     const record::Extent& HowMuch() const { return extent; }
+    const Calls& TheCalls() const { return calls; }
     FileFolder files;
 
 private:

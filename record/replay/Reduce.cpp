@@ -60,8 +60,9 @@ bool Reduction::Shows(const std::vector<uint32_t>& wanted) {
     --left;
     Player player(log, calls, library);
     for (const uint32_t call : wanted) player.Play(call);
-    return std::any_of(player.differences.begin(), player.differences.end(),
-                       [&](const Difference& found) { return found.call == difference.call; });
+    // The same one and no other: the calls before it still have the answers that are in the log.
+    return !player.differences.empty() && player.differences.front().call == difference.call &&
+           player.differences.front().what == difference.what;
 }
 
 /// The calls up to the last whose objects have to do with those of the last; only those since the

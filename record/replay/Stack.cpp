@@ -9,6 +9,8 @@ namespace {
 
 /// What nests deep enough for any stack has so many bytes.
 constexpr size_t kLeastData = 512;
+/// A stack that is short of what the library keeps in reserve, where anything may meet its end.
+constexpr uint64_t kLittle = 96 * 1024;
 /// What the way from here to the operation needs itself.
 constexpr uint64_t kOwn = 2048;
 
@@ -29,12 +31,23 @@ size_t DataOf(const RecordHeader* record) {
     return size;
 }
 
+/// What a call was given, by the host and by delegates.
+size_t DataGivenTo(const Calls& calls, uint32_t index) {
+    const Call& call = calls.all[index];
+    size_t size = DataOf(call.begin);
+    for (uint32_t inside = call.firstInside; inside != kNone; inside = calls.all[inside].next)
+        if (calls.all[inside].end) size += DataOf(calls.all[inside].end);
+    return size;
+}
+
 }  // namespace
 
-void WithStackOf(const Call& call, const std::function<void()>& work) {
-    const uint64_t wanted = StackOf(call) + kOwn;
+void WithStackOf(const Calls& calls, uint32_t call, const std::function<void()>& work) {
+    const uint64_t wanted = StackOf(calls.all[call]) + kOwn;
     const uint64_t left = record::StackLeft();
-    if (wanted > kOwn && wanted < left && DataOf(call.begin) >= kLeastData) {
+    const bool mayMatter =
+        wanted > kOwn && (wanted < kLittle || DataGivenTo(calls, call) >= kLeastData);
+    if (mayMatter && wanted < left) {
         volatile char* const used = static_cast<char*>(alloca(left - wanted));
         used[0] = 1;
     }

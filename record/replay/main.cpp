@@ -65,8 +65,9 @@ int RunProgram(std::vector<std::string> arguments) {
         program, names, "stats", "Prints the calls and the time of each operation", false, false);
     const CLI::App* const cut =
         Add(program, names, "cut", "Writes the smallest log with the first difference", true, true);
-    const CLI::App* const pack =
-        Add(program, names, "pack", "Writes a log compressed", false, true);
+    CLI::App* const pack = Add(program, names, "pack", "Writes a log compressed", false, true);
+    bool timeless = false;
+    pack->add_flag("--timeless", timeless, "Leave out the times");
     program.footer(
         "Exit codes: 0 success, 1 an answer differs or the log is bad, 2 the call is wrong.\n"
         "jsonreplay COMMAND --help explains a command.");
@@ -84,7 +85,7 @@ int RunProgram(std::vector<std::string> arguments) {
     if (shows->parsed()) return Show({log, show.object, show.from, show.count});
     if (stats->parsed()) return Stats(log);
     if (cut->parsed()) return Cut({log, library, output});
-    if (pack->parsed()) return Pack(log, output);
+    if (pack->parsed()) return Pack(log, output, timeless);
     return kMisuse;
 }
 
