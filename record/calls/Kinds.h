@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Files.h"
+#include "Form.h"
 #include "OperationList.h"
 #include "Results.h"
 #include "Views.h"
@@ -12,6 +13,7 @@
 ///   Look()              reads the host's memory before the call, and may fault; LookCarefully()
 ///                       takes its place where that happened
 ///   Bound(), Write()    how many bytes its values before the call take at most, and the values
+///   kForm               how its numbers are to be read
 ///   LookAfter(), ...    the same after the call, whose result is known
 ///
 /// Kinds own nothing, because a fault may end a call.
@@ -22,6 +24,7 @@ namespace record {
 struct Input {
     static constexpr int kBefore = 1, kAfter = 0;
     static constexpr bool kLooks = false, kLooksAfter = false;
+    static constexpr Form kForm = Form::kSigned;
     void Look() {}
     void LookCarefully() {}
     void LookAfter(uint64_t) {}
@@ -34,6 +37,7 @@ template <class T>
 class Number : public Input {
 public:
     explicit Number(T value) : bits(BitsOf(value)) {}
+    static constexpr Form kForm = FormOf<T>();
     size_t Bound() const { return kNumberSize; }
     void Write(Sink& sink) const { sink.Put(Tag::kNumber, bits); }
 

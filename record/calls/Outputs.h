@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "Form.h"
 #include "Results.h"
 #include "Views.h"
 
@@ -26,6 +27,7 @@ public:
     explicit Output(T* target) : target(target) {}
     static constexpr int kBefore = 1, kAfter = 1;
     static constexpr bool kLooks = true, kLooksAfter = false;
+    static constexpr Form kForm = Form::kSigned;
 
     void Look() {
         if (!target) return;
@@ -51,9 +53,10 @@ public:
 
 protected:
     bool IsNew() const { return isNew && state == Tag::kGiven; }
+    bool IsReadOnly() const { return state == Tag::kReadOnly; }
     /// What stands for an output that was left as it was.
     void WriteOld(Sink& sink) const {
-        if (state == Tag::kReadOnly) return sink.Put(Tag::kReadOnly);
+        if (IsReadOnly()) return sink.Put(Tag::kReadOnly);
         sink.Put(Tag::kLeft, state == Tag::kGiven ? Load<UnsignedOf<T>>(&before) : 0);
     }
 
@@ -72,6 +75,7 @@ class NumberOut : public Output<UnsignedOf<T>, false> {
 public:
     explicit NumberOut(T* target)
         : Output<UnsignedOf<T>, false>(reinterpret_cast<UnsignedOf<T>*>(target)) {}
+    static constexpr Form kForm = FormOf<T>();
     void WriteAfter(Sink& sink) const {
         if (!this->IsNew()) return this->WriteOld(sink);
         sink.Put(Tag::kNumber, this->after);
@@ -168,6 +172,7 @@ public:
     void WriteAfter(Sink& sink) const {
         if (IsNew()) return view.Write(sink);
         WriteOld(sink);
+        if (IsReadOnly()) return sink.Put(Tag::kReadOnly);
         sink.Put(Tag::kLeft, BitsOf(before.number));
     }
 

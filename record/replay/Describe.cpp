@@ -5,16 +5,28 @@
 
 #include "OperationTable.h"
 #include "Text.h"
+#include "calls/Memory.h"
 
 namespace replay {
 namespace {
 
+using record::Form;
+
 constexpr size_t kWidth = 60;
 
-/// A number as it is written where its type is not known: what fits, as a signed one of 32 bits.
-std::string NumberText(uint64_t bits) {
-    if (bits >> 32 == 0) return std::to_string(static_cast<int32_t>(bits));
-    return std::to_string(static_cast<int64_t>(bits));
+/// A number of as many bits as it needs.
+std::string NumberText(uint64_t bits, Form form) {
+    char text[32];
+    if (form == Form::kDouble)
+        std::snprintf(text, sizeof text, "%.17g", record::Load<double>(&bits));
+    else if (form == Form::kFloat)
+        std::snprintf(text, sizeof text, "%.9g", static_cast<double>(record::Load<float>(&bits)));
+    else if (form == Form::kUnsigned)
+        return std::to_string(bits);
+    else
+        return std::to_string(bits >> 32 == 0 ? static_cast<int32_t>(bits)
+                                              : static_cast<int64_t>(bits));
+    return text;
 }
 
 /// Whether an output had nothing in it that could be meant: an address, or what a replay puts
@@ -54,12 +66,12 @@ std::string Hash(const Value& value, const char* units) {
 }
 
 /// The next values, of which a parameter has so many.
-std::string Take(Values& values, int count) {
+std::string Take(Values& values, int count, Form form) {
     std::string text;
     for (int i = 0; i < count; ++i) {
         const Value value = values.Next();
         if (value.tag == Tag::kGiven) continue;
-        text += (text.empty() ? " " : " with ") + Describe(value);
+        text += (text.empty() ? " " : " with ") + Describe(value, form);
     }
     return text;
 }
@@ -80,7 +92,7 @@ std::string NameOf(const RecordHeader& record) {
     return interface + " " + operation->name;
 }
 
-std::string Describe(const Value& value) {
+std::string Describe(const Value& value, Form form) {
     switch (value.tag) {
         case Tag::kEnd:
             return "nothing";
@@ -91,9 +103,10 @@ std::string Describe(const Value& value) {
         case Tag::kReadOnly:
             return "read-only memory";
         case Tag::kNumber:
-            return NumberText(value.number);
+            return NumberText(value.number, form);
         case Tag::kLeft:
-            return IsNothing(value.number) ? "unchanged" : "still " + NumberText(value.number);
+            return IsNothing(value.number) ? "unchanged"
+                                           : "still " + NumberText(value.number, form);
         case Tag::kReference:
             return "&" + std::to_string(value.object) + "." + std::to_string(value.number);
         case Tag::kText:
@@ -125,7 +138,8 @@ std::string Answer(const Call& call, Values values) {
     if (!operation) return text;
     for (const Parameter& parameter : operation->parameters)
         if (parameter.after > 0)
-            text += std::string(", ") + parameter.name + Take(values, parameter.after);
+            text +=
+                std::string(", ") + parameter.name + Take(values, parameter.after, parameter.form);
     return text;
 }
 
@@ -142,7 +156,8 @@ std::string Question(const Call& call) {
     text += operation->name;
     const char* separator = "(";
     for (const Parameter& parameter : operation->parameters) {
-        text += separator + std::string(parameter.name) + Take(values, parameter.before);
+        text += separator + std::string(parameter.name) +
+                Take(values, parameter.before, parameter.form);
         separator = ", ";
     }
     return text + (operation->parameters.empty() ? "()" : ")");

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "Calls.h"
+#include "calls/Form.h"
 
 namespace replay {
 
@@ -10,7 +11,7 @@ std::string Hexadecimal(unsigned long code);
 /// The interface and the operation of a record.
 std::string NameOf(const RecordHeader& record);
 /// A value, in a few words; long ones are shortened.
-std::string Describe(const Value& value);
+std::string Describe(const Value& value, record::Form form = record::Form::kSigned);
 /// The result of a call and its outputs by their names: "1, handle 3".
 std::string Answer(const Call& call, Values values);
 /// A call with its arguments: "parser 1: GetItemInt(handle 3, number)".

@@ -9,7 +9,7 @@ template <class... Kinds, size_t... at, size_t size>
 std::vector<Parameter> ParametersOf(const std::tuple<Kinds...>*,
                                     const std::array<const char*, size>& names,
                                     std::index_sequence<at...>) {
-    return {Parameter{names[at], Kinds::kBefore, Kinds::kAfter}...};
+    return {Parameter{names[at], Kinds::kBefore, Kinds::kAfter, Kinds::kForm}...};
 }
 
 template <class Described, class C, class R, class... A>

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "Player.h"
+#include "calls/Form.h"
 
 namespace replay {
 
@@ -12,6 +13,7 @@ struct Parameter {
     const char* name;
     int before;
     int after;
+    record::Form form;
 };
 
 struct Operation {
