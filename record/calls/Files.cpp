@@ -1,6 +1,7 @@
 #include "Files.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cwctype>
 #include <string_view>
 
@@ -8,6 +9,8 @@
 
 namespace record {
 namespace {
+
+std::atomic<uint64_t> g_most{16 << 20};
 
 class OpenFile {
 public:
@@ -57,8 +60,11 @@ FoundFile FindFile(const wchar_t* name) {
     LARGE_INTEGER size = {};
     if (GetFileType(file.Handle()) != FILE_TYPE_DISK || !GetFileSizeEx(file.Handle(), &size))
         return {Tag::kNotAFile, 0};
-    return {Tag::kBytes, static_cast<uint64_t>(size.QuadPart)};
+    const auto bytes = static_cast<uint64_t>(size.QuadPart);
+    return {bytes > g_most ? Tag::kFileSize : Tag::kBytes, bytes};
 }
+
+void LimitFiles(uint64_t most) { g_most = most; }
 
 uint32_t ReadFileBytes(const wchar_t* name, uint8_t* to, uint32_t size) {
     const KeptLastError kept;

@@ -8,13 +8,15 @@ namespace record {
 
 /// A file by its name.
 struct FoundFile {
-    Tag tag;  ///< kBytes for one that can be read, or kNoFile, kFolder, kNotAFile
+    Tag tag;  ///< kBytes for one that can be read, or kNoFile, kFolder, kNotAFile, kFileSize
     uint64_t size;
 };
 
 /// Looks at a file without changing anything: pipes and devices, which notice who opens them, are
 /// left alone.
 FoundFile FindFile(const wchar_t* name);
+/// From what size on a file is found by its size alone; before the first call, 16 MiB.
+void LimitFiles(uint64_t most);
 /// Reads the first bytes of a file; returns how many there were.
 uint32_t ReadFileBytes(const wchar_t* name, uint8_t* to, uint32_t size);
 

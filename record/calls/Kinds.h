@@ -99,7 +99,7 @@ class FileIn : public Viewed<TextView> {
 public:
     explicit FileIn(const wchar_t* name) : Viewed(name) {}
     static constexpr int kBefore = 2;
-    size_t Bound() const { return view.Bound() + kDataSize + file.size; }
+    size_t Bound() const { return view.Bound() + BoundOf(file); }
     void Look() {
         view.Look();
         Find();
@@ -111,6 +111,9 @@ public:
     void Write(Sink& sink) const {
         view.Write(sink);
         WriteFile(sink, file, view.Text());
+    }
+    static size_t BoundOf(const FoundFile& file) {
+        return kDataSize + (file.tag == Tag::kBytes ? file.size : 0);
     }
     static void WriteFile(Sink& sink, const FoundFile& file, const wchar_t* name);
 
@@ -145,7 +148,7 @@ public:
         isWritten = result == kDone && view.IsWhole();
         if (isWritten) file = FindFile(view.Text());
     }
-    size_t BoundAfter() const { return kDataSize + file.size; }
+    size_t BoundAfter() const { return FileIn::BoundOf(file); }
     void WriteAfter(Sink& sink) const {
         if (!isWritten) return sink.Put(Tag::kLeft, 0);
         FileIn::WriteFile(sink, file, view.Text());

@@ -10,8 +10,7 @@ namespace record {
 
 /// How much of what a host passes goes into a log.
 struct Extent {
-    bool hashed = false;            ///< texts and bytes as hashes alone
-    uint64_t fileLimit = 16 << 20;  ///< larger files are recorded by their size
+    bool hashed = false;  ///< texts and bytes as hashes alone
 };
 
 /// FNV-1a with 64 bits.

@@ -32,11 +32,13 @@ void ReadVersion(HMODULE module, uint32_t version[2]) {
 BOOL CALLBACK Begin(INIT_ONCE*, void*, void**) {
     const Settings settings = ReadSettings(TheModule());
     g_library.module = LoadLibraryW(settings.library.c_str());
-    if (!g_library.module) {
-        Complain(L"Json_Dll_Record: cannot load " + settings.library);
+    if (!g_library.module || g_library.module == TheModule()) {
+        g_library.module = nullptr;
+        Complain(L"Json_Dll_Record: " + settings.library + L" is not the library");
         return TRUE;
     }
-    g_extent = {settings.hashed, settings.fileLimit};
+    g_extent.hashed = settings.hashed;
+    LimitFiles(settings.fileLimit);
     uint32_t version[2] = {};
     ReadVersion(g_library.module, version);
     if (!TheLog().Create(settings.log, settings.limit, settings.hashed ? kHashed : 0, version))

@@ -14,7 +14,9 @@ namespace replay {
 Player::Player(const Log& log, const Calls& calls, const Library& library)
     : calls(calls), library(library) {
     extent.hashed = log.IsHashed();
-    extent.fileLimit = 0xFFFFFFFF;
+    // As far as the recorder may have gone.
+    constexpr uint64_t kMost = uint64_t{2} << 30;
+    record::LimitFiles(kMost);
 }
 
 PlayedObject::PlayedObject(uint32_t number) : references(number) {}
