@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <boost/version.hpp>
+#include <cctype>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -68,9 +69,14 @@ std::string Processor() {
     return text;
 }
 
+std::string Compiler() {
+    const std::string version = __VERSION__;  // of GCC the bare number
+    return std::isdigit(static_cast<unsigned char>(version[0])) ? "GCC " + version : version;
+}
+
 std::string Versions() {
-    return std::string("g++ ") + __VERSION__ + ", RapidJSON " RAPIDJSON_VERSION_STRING +
-           ", nlohmann-json " + std::to_string(NLOHMANN_JSON_VERSION_MAJOR) + "." +
+    return Compiler() + ", RapidJSON " RAPIDJSON_VERSION_STRING + ", nlohmann-json " +
+           std::to_string(NLOHMANN_JSON_VERSION_MAJOR) + "." +
            std::to_string(NLOHMANN_JSON_VERSION_MINOR) + "." +
            std::to_string(NLOHMANN_JSON_VERSION_PATCH) + ", Boost.JSON of Boost " +
            std::to_string(BOOST_VERSION / 100000) + "." +
