@@ -32,13 +32,13 @@ void CRapidJsonPackage::SettleStrings() {
     }
 }
 
-/// Loads what `read` reads, and records how that went. After an error the package is what it was
+/// Loads what `parse` parses, and records how that went. After an error the package is what it was
 /// before; a root that is not an object leaves it empty, although an array counts as loaded.
-template <class Read>
-int CRapidJsonPackage::Load(const Read& read) {
+template <class Parse>
+int CRapidJsonPackage::Load(const Parse& parse) {
     wasLoaded = true;
     ReadDocument parsed(allocator);
-    const LoadStatus loaded = read(parsed);
+    const LoadStatus loaded = parse(parsed);
     if (loaded.code == kNoError) document.Swap(parsed);
     members.Clear();
     status = loaded.code == kDocumentEmpty ? LoadStatus{kEmptyText} : loaded;

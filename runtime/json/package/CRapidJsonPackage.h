@@ -84,8 +84,8 @@ private:
     template <class Item>
     int Set(const wchar_t* key, const Item& item);
     void SettleStrings();
-    template <class Read>
-    int Load(const Read& read);
+    template <class Parse>
+    int Load(const Parse& parse);
 
     uint32_t ignoreCase = 1;
     bool wasLoaded = false;  // or was to be
