@@ -71,8 +71,8 @@ public:
     JsonAllocator& Allocator() { return allocator; }
 
     // What is held and has been done, for those who count it.
-    const PathTable& Paths() const { return paths; }
-    const MemberLookup& Lookup() const { return lookup; }
+    const PathTable& Paths() const { return paths; }       // LCOV_EXCL_LINE: for unit tests
+    const MemberLookup& Lookup() const { return lookup; }  // LCOV_EXCL_LINE: for unit tests
 
 private:
     /// Where the value of a path was found, and when.
