@@ -23,8 +23,8 @@ struct UnlessException {
 /// it. The arguments are passed on as they are, mostly in registers, as are those of an operation.
 template <class Work, class... Arguments>
 int Guarded(Work work, Arguments... arguments) {
-    return UnlessFault<&UnlessException<Work, Arguments...>::Call>(int{kEscapedFailure},
-                                                                   arguments..., work);
+    return UnlessFault<UnlessException<Work, Arguments...>>(int{kEscapedFailure}, arguments...,
+                                                            work);
 }
 
 }  // namespace QXJSON

@@ -4,13 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "GeneratorOperationList.h"
 #include "PackageOperationList.h"
 #include "ParserOperationList.h"
+#include "Slots.h"
 
 namespace {
 
@@ -18,13 +19,18 @@ using support::Operation;
 using support::Operations;
 
 /// The lines of one of the files, each with an operation as C++ declares it.
-std::vector<std::string> LinesOf(const std::string& interface) {
-    std::ifstream file(JSON_SLOTS_FOLDER "/" + interface);
-    EXPECT_TRUE(file) << "no " JSON_SLOTS_FOLDER "/" << interface;
+std::vector<std::string> LinesOf(const char* slots) {
+    std::istringstream file(slots);
     std::vector<std::string> lines;
     for (std::string line; std::getline(file, line);) lines.push_back(line);
     return lines;
 }
+
+struct Family {
+    const char* name;
+    const char* slots;
+    const Operations& (*operations)();
+};
 
 struct Declared {
     explicit Declared(const std::string& line)
@@ -41,11 +47,10 @@ struct Declared {
     std::string name;
 };
 
-class OperationLists
-    : public testing::TestWithParam<std::pair<const char*, const Operations& (*)()>> {
+class OperationLists : public testing::TestWithParam<Family> {
 protected:
-    const std::vector<std::string> lines = LinesOf(GetParam().first);
-    const Operations& operations = GetParam().second();
+    const std::vector<std::string> lines = LinesOf(GetParam().slots);
+    const Operations& operations = GetParam().operations();
 };
 
 TEST_P(OperationLists, HaveAnEntryForEverySlot) {
@@ -68,10 +73,12 @@ TEST_P(OperationLists, HaveASlotForEveryEntry) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Families, OperationLists,
-                         testing::Values(std::pair{"IJsonParser", &support::ParserOperations},
-                                         std::pair{"IJsonGenerator", &support::GeneratorOperations},
-                                         std::pair{"IJsonPackage", &support::PackageOperations}),
-                         [](const auto& family) { return std::string(family.param.first); });
+INSTANTIATE_TEST_SUITE_P(
+    Families, OperationLists,
+    testing::Values(Family{"IJsonParser", support::kParserSlots, &support::ParserOperations},
+                    Family{"IJsonGenerator", support::kGeneratorSlots,
+                           &support::GeneratorOperations},
+                    Family{"IJsonPackage", support::kPackageSlots, &support::PackageOperations}),
+    [](const auto& family) { return std::string(family.param.name); });
 
 }  // namespace

@@ -33,16 +33,17 @@ constexpr int FaultFilter(unsigned long code) {
     return cpp ? EXCEPTION_CONTINUE_SEARCH : EXCEPTION_EXECUTE_HANDLER;
 }
 
-/// Calls a function with arguments that need no destructor and returns its result, or `onFault`
-/// when a processor fault ends the call.
+/// Calls Function::Call with arguments that need no destructor and returns its result, or `onFault`
+/// when a processor fault ends the call. (The function itself as a template argument would have
+/// clang write the folder of the sources into the names of symbols.)
 ///
-/// The function must be JSON_SEALED: clang catches the faults of calls, not those of the frame with
+/// It must be JSON_SEALED: clang catches the faults of calls, not those of the frame with
 /// __try itself. That frame must not be noexcept, nor lie in one that is: the unwinder would end
 /// the process.
-template <auto function, class Result, class... Arguments>
+template <class Function, class Result, class... Arguments>
 Result UnlessFault(Result onFault, Arguments... arguments) {
     __try {
-        return function(arguments...);
+        return Function::Call(arguments...);
     } __except (FaultFilter(GetExceptionCode())) {
         return onFault;
     }
@@ -53,12 +54,12 @@ Result UnlessFault(Result onFault, Arguments... arguments) {
 /// Calls `work(context)` and returns true; false when a processor fault ends the call.
 bool CallWithoutFault(void (*work)(void*), void* context);
 
-/// Calls a function with the arguments and returns its result, or `onFault` when a processor fault
-/// ends the call.
-template <auto function, class Result, class... Arguments>
+/// Calls Function::Call with the arguments and returns its result, or `onFault` when a processor
+/// fault ends the call.
+template <class Function, class Result, class... Arguments>
 Result UnlessFault(Result onFault, Arguments... arguments) {
     Result result = onFault;
-    auto work = [&] { result = function(arguments...); };
+    auto work = [&] { result = Function::Call(arguments...); };
     using Work = decltype(work);
     CallWithoutFault([](void* context) { (*static_cast<Work*>(context))(); }, &work);
     return result;
@@ -67,15 +68,17 @@ Result UnlessFault(Result onFault, Arguments... arguments) {
 #endif
 
 template <class Work>
-JSON_SEALED bool Done(Work* work) {
-    (*work)();
-    return true;
-}
+struct Done {
+    JSON_SEALED static bool Call(Work* work) {
+        (*work)();
+        return true;
+    }
+};
 
 /// Does `work` and returns true; false when a processor fault ends it.
 template <class Work>
 bool RunsWithoutFault(Work&& work) {
-    return UnlessFault<&Done<std::remove_reference_t<Work>>>(false, std::addressof(work));
+    return UnlessFault<Done<std::remove_reference_t<Work>>>(false, std::addressof(work));
 }
 
 /// A processor fault that RethrowFaults has turned into a C++ exception. Nothing else throws it: a
