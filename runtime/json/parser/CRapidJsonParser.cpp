@@ -14,12 +14,11 @@ CRapidJsonParser::CRapidJsonParser() : textBuffer(&theHeap, kTextCapacity) {}
 
 // ---- Loading -----------------------------------------------------------------------------------
 
-/// Ends the document before, of which nothing is remembered, and has `load` read the next.
+/// Has `load` read the document. There was none before: a parser has a new one of these for each
+/// load.
 template <class Load>
 LoadStatus CRapidJsonParser::Read(const Load& load) {
     wasLoaded = true;
-    handles.Clear();
-    members.Clear();
     ReadDocument parsed(pool.Allocator());
     const LoadStatus loaded = load(parsed);
     if (loaded.code == kNoError) document.Swap(parsed);

@@ -6,19 +6,6 @@
 
 namespace QXJSON {
 
-void HandleTable::Clear() {
-    count = 0;
-    if (paged) ClearPages();
-}
-
-void HandleTable::ClearPages() {
-    paged = false;
-    blocks.clear();
-    room = 0;
-    pages.clear();
-    slots.Clear();
-}
-
 uint32_t HandleTable::HandleInList(JsonValue& value) {
     JsonValue* const* const end = few + count;
     JsonValue* const* const found = std::find(static_cast<JsonValue* const*>(few), end, &value);
@@ -39,10 +26,19 @@ void HandleTable::StartPages() {
     try {
         for (JsonValue* const value : few) HandleOnPage(*value);
     } catch (...) {
-        ClearPages();
-        count = kFew;
+        EndPages();
         throw;
     }
+}
+
+/// Has the list in place of pages that were not finished.
+void HandleTable::EndPages() {
+    paged = false;
+    count = kFew;
+    blocks.clear();
+    room = 0;
+    pages.clear();
+    slots.Clear();
 }
 
 void HandleTable::NoteFar(Handles& handles, uint32_t place, uint32_t handle) {

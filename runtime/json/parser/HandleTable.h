@@ -22,9 +22,6 @@ namespace QXJSON {
 /// together: a page keeps their distances.
 class HandleTable {
 public:
-    /// Forgets all handles; the next one is 1 again.
-    void Clear();
-
     /// The handle of a value, issued now if it has none yet.
     uint32_t HandleOf(JsonValue& value) {
         return paged ? HandleOnPage(value) : HandleInList(value);
@@ -116,7 +113,7 @@ private:
     // What is rare, apart from what is not.
     JSON_NEVER_INLINE uint32_t HandleInList(JsonValue& value);
     void StartPages();
-    void ClearPages();
+    void EndPages();
     JSON_NEVER_INLINE static void NoteFar(Handles& handles, uint32_t place, uint32_t handle);
     JSON_NEVER_INLINE void TurnTo(uintptr_t stretch, RecentPage& page);
     JSON_NEVER_INLINE void AddBlock();

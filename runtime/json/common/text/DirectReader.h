@@ -119,13 +119,12 @@ private:
 /// front of it. Returns null where the reader stops, as all of these do.
 template <class Source, class Handler>
 auto DirectReader<Source, Handler>::ReadLeaf(const Unit* at) -> const Unit* {
-    while (at && (*at == '[' || *at == '{')) {
+    while (*at == '[' || *at == '{') {
         const size_t depth = state.depth;
         const Unit* const behind = Open(at, *at == '{');
         if (!behind || state.depth == depth) return behind;
         at = behind;
     }
-    if (!at) return nullptr;
     return *at == '"' ? ReadString(at + 1) : ReadScalar(at);
 }
 

@@ -202,7 +202,7 @@ bool NumberReader<Unit>::ReadFraction() {
         if (significant >= kMostSignificant) continue;
         real = real * 10 + digit;
         --power;
-        if (real > 0) ++significant;
+        ++significant;
     }
     return true;
 }

@@ -148,8 +148,9 @@ size_t PutFew(typename Encoding::Unit* to, const wchar_t* from, size_t count) {
             few = few << 16 | from[at];
             to[at] = static_cast<Unit>(from[at]);
         }
-        const UnitMask others = Encoding::Others(_mm_set_epi64x(0x20, static_cast<int64_t>(few)));
-        return others == 0 ? count : std::min<size_t>(count, FirstUnit(others));
+        // The other half is zeros, which are written otherwise too: there always is a first.
+        const UnitBlock units = _mm_cvtsi64_si128(static_cast<int64_t>(few));
+        return std::min<size_t>(count, FirstUnit(Encoding::Others(units)));
     }
     // Two halves, which may have units in common.
     const size_t last = count - kHalf;

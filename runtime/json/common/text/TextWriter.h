@@ -88,6 +88,8 @@ private:
     // ---- Strings
 
     static constexpr bool kInPieces = Stream::kMostReserved != SIZE_MAX;
+    static constexpr std::ptrdiff_t kPiece =
+        (Stream::kMostReserved - kWidest - 4) / kLongestCharacter - 1;
 
     static size_t RoomFor(std::ptrdiff_t length) {
         return 2 + static_cast<size_t>(length) * kLongestCharacter;
@@ -95,11 +97,11 @@ private:
 
     /// A string that room can be reserved for at once; a pair of surrogates stays together.
     static const wchar_t* EndOfPiece(const wchar_t* text, const wchar_t* end) {
-        if constexpr (!kInPieces) return end;
-        constexpr std::ptrdiff_t kPiece =
-            (Stream::kMostReserved - kWidest - 4) / kLongestCharacter - 1;
-        if (end - text <= kPiece) return end;
-        return text + (IsPair(text + kPiece - 1) ? kPiece + 1 : kPiece);
+        if constexpr (kInPieces) {
+            if (end - text > kPiece)
+                return text + (IsPair(text + kPiece - 1) ? kPiece + 1 : kPiece);
+        }
+        return end;
     }
 
     // ---- What else there is
