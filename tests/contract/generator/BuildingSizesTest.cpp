@@ -161,6 +161,26 @@ TEST(BuildingDepth, ADeepDocumentIsReleased) {
     }
 }
 
+/// The root's elements move while they become more: what lies far below is looked for from there.
+TEST(BuildingDepth, HandlesFarBelowWhatMoves) {
+    constexpr int kLevels = 200, kAdded = 1000;
+    Rooted rooted(false);
+    auto& generator = *rooted.generator;
+    uint32_t innermost = 1;
+    for (int i = 0; i < kLevels; ++i)
+        ASSERT_EQ(1, generator.AddArrayItemArray(static_cast<int32_t>(innermost), &innermost));
+    uint32_t handle = 0;
+    std::wstring expected = std::wstring(kLevels + 1, L'[');
+    for (int i = 0; i < kAdded; ++i) {
+        ASSERT_EQ(1, generator.AddArrayItemNull(1, &handle));
+        ASSERT_EQ(1, generator.AddArrayItemInt(static_cast<int32_t>(innermost), i, &handle));
+        expected += (i == 0 ? L"" : L",") + std::to_wstring(i);
+    }
+    expected += std::wstring(kLevels, L']');
+    for (int i = 0; i < kAdded; ++i) expected += L",null";
+    EXPECT_TRUE(expected + L"]" == TextOf(generator));
+}
+
 TEST(BuildingDepth, ManyLevelsByHandle) {
     constexpr int kLevels = 3000;
     Rooted rooted(false);

@@ -4,9 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
+#include <random>
 
 #include "FailingAllocations.h"
+#include "OutputExhaustion.h"
 #include "PackageDelegate.h"
 #include "PackageState.h"
 #include "TempFile.h"
@@ -158,6 +161,30 @@ TEST(PackageAllocation, EveryOneAndThoseThatFollow) {
             SCOPED_TRACE(trial.name);
             Try(trial, count);
         }
+}
+
+/// Removing gives memory back, for which memory may be lacking: the keys are gone all the same.
+TEST(PackageAllocation, KeysAreRemovedWithoutMemory) {
+    std::vector<std::wstring> names;
+    for (int i = 0; i < 3000; ++i) names.push_back(L"name " + std::to_wstring(i));
+    const Package package = support::NewPackage();
+    for (const std::wstring& name : names) ASSERT_EQ(1, package->SetValueNumber(name.c_str(), 1));
+    std::shuffle(names.begin(), names.end(), std::mt19937(3));
+    support::PrepareForExhaustion();
+    FailingAllocations allocations;
+    int lacking = 0;
+    for (const std::wstring& name : names) {
+        allocations.Fail(1, kAllThatFollow);
+        const int result = package->RemoveKey(name.c_str());
+        lacking += result == 1 && allocations.Happened() ? 1 : 0;
+        allocations.Stop();
+        if (result == 1) continue;
+        ASSERT_EQ(-5, result);
+        ASSERT_EQ(1, package->RemoveKey(name.c_str()));
+    }
+    EXPECT_GT(lacking, 0) << "no removal tried to give memory back";
+    EXPECT_EQ(L"{}", PackageText(*package));
+    EXPECT_EQ(0, package->RemoveKey(names[0].c_str()));
 }
 
 /// What the factory cannot have is missing until a load builds the package anew.

@@ -49,6 +49,16 @@ TEST(PackageLoad, ObjectsInEveryForm) {
                 << form << ": " << testing::PrintToString(row.text);
 }
 
+/// A host that includes <windows.h> calls LoadString() by one of these names.
+TEST(PackageLoad, UnderTheNamesOfTheSystemsMacro) {
+    const Package package = NewPackage();
+    for (const wchar_t* text : {L"{\"a\":1}", L"", L"[1]"}) {
+        const PackageOutcome expected = LoadPackageText(*package, text);
+        EXPECT_EQ(expected, PackageOutcomeOf(*package, package->LoadStringW(text)));
+        EXPECT_EQ(expected, PackageOutcomeOf(*package, package->LoadStringA(text)));
+    }
+}
+
 TEST(PackageLoad, AnArrayAnswersOneAndLeavesAMessage) {
     const Package package = NewPackage();
     for (const LoadForm& form : PackageForms())

@@ -125,6 +125,51 @@ TEST(Allocation, EveryAllocationOfTheFactory) {
     }
 }
 
+constexpr uint32_t kElements = 3000;
+
+std::wstring ManyElements() {
+    std::wstring json = L"[0";
+    for (uint32_t i = 1; i < kElements; ++i) json += L"," + std::to_wstring(i);
+    return json + L"]";
+}
+
+/// Asks for the handle of every element, once more where that failed.
+void AskForAll(IJsonParser& parser, const FailingAllocations& allocations) {
+    uint32_t handle = 0;
+    uint32_t type = 0;
+    ASSERT_EQ(1, parser.GetRootItem(&handle, &type));
+    for (uint32_t i = 0; i < kElements; ++i) {
+        int result = parser.GetChildItem(1, i, &handle, &type);
+        if (result == -5) {
+            EXPECT_TRUE(allocations.Happened());
+            EXPECT_EQ(i + 1, handle) << "a call that failed has written a handle";
+            result = parser.GetChildItem(1, i, &handle, &type);
+        }
+        ASSERT_EQ(1, result);
+        ASSERT_EQ(i + 2, handle);
+    }
+}
+
+/// No handle is lost and none is given twice, whichever of them lacked memory.
+TEST(Allocation, EveryOneOfManyHandles) {
+    const Parser parser = NewParser();
+    FailingAllocations allocations;
+    bool happened = true;
+    for (int n = 1; happened; ++n) {
+        SCOPED_TRACE("allocation " + std::to_string(n));
+        ASSERT_EQ(1, parser->LoadJsonString(ManyElements().c_str()));
+        allocations.Fail(n);
+        AskForAll(*parser, allocations);
+        happened = allocations.Happened();
+        allocations.Stop();
+        for (uint32_t i = 0; i < kElements; ++i) {
+            int32_t number = -1;
+            ASSERT_EQ(1, parser->GetItemInt(i + 2, &number));
+            ASSERT_EQ(static_cast<int32_t>(i), number);
+        }
+    }
+}
+
 /// A load that is repeated with ever later failures until nothing fails any more.
 struct Trial {
     const char* name;

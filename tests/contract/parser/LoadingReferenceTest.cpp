@@ -149,6 +149,46 @@ TEST(LoadingReference, MutatedText) {
             ExpectAsReference(*parser, mutator.Mutate(document));
 }
 
+void ExpectEveryWayAsReference(QXJSON::IJsonParser& parser, const std::string& bytes) {
+    ExpectAsReference(parser, bytes, true);
+    ExpectAsReference(parser, std::wstring(bytes.begin(), bytes.end()));
+}
+
+/// As integers, as doubles and too large for either, with a zero behind them and with more.
+TEST(LoadingReference, NumbersOfManyDigits) {
+    const Parser parser = NewParser();
+    for (const size_t count : {16u, 17u, 18u, 19u, 20u, 21u, 40u, 308u, 309u, 310u, 400u})
+        for (const std::string begin : {"", "-", "0.", "-0.000"})
+            for (const std::string end : {"", ".5", "e5", "E-400", "x"}) {
+                const std::string number = begin + std::string(count, '9') + end;
+                ExpectEveryWayAsReference(*parser, number);
+                ExpectEveryWayAsReference(*parser, "[" + number + ",1]");
+            }
+}
+
+/// Each kind of value below more levels than the library's own reader counts.
+TEST(LoadingReference, ValuesBelowManyLevels) {
+    const Parser parser = NewParser();
+    for (const size_t levels : {1u, 100u, 1000u})
+        for (const char* end : {"", "]", ",", "x"})
+            ExpectEveryWayAsReference(*parser,
+                                      std::string(levels, '[') +
+                                          "null,true,false,-1,4294967295,-9223372036854775808,"
+                                          "18446744073709551615,1.5,\"text\",{\"name\":{}}" +
+                                          std::string(levels, ']') + end);
+}
+
+/// Every first byte with the second bytes at which UTF-8 begins and ends to be valid.
+TEST(LoadingReference, SequencesAtTheEdgesOfUtf8) {
+    const Parser parser = NewParser();
+    for (int first = 0x80; first <= 0xFF; ++first)
+        for (const char second : {'\x7F', '\x80', '\x8F', '\x90', '\x9F', '\xA0', '\xBF', '\xC0'})
+            for (const std::string rest : {"", "\x80", "\xBF\xBF", "\x80\x80", "\x80\x7F"}) {
+                const std::string sequence = static_cast<char>(first) + (second + rest);
+                ExpectAsReference(*parser, "[\"" + sequence + " and what follows\"]", false);
+            }
+}
+
 /// Files that take several reads, broken anywhere.
 TEST(LoadingReference, MutatedLargeFiles) {
     const Parser parser = NewParser();
