@@ -139,9 +139,9 @@ void MemberIndex::Tidy() {
     if (next.size() > next.capacity() / kSparse) return;
     try {
         next.shrink_to_fit();
-    } catch (const std::bad_alloc&) {
+    } catch (const std::bad_alloc&) {  // LCOV_EXCL_START: libstdc++ lets none out
         // Then it stays as it is.
-    }
+    }  // LCOV_EXCL_STOP
 }
 
 // ---- Entries -----------------------------------------------------------------------------------

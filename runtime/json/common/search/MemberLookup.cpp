@@ -62,10 +62,12 @@ MemberIndex* MemberLookup::IndexFor(const JsonValue& object, Searched& searched)
     searched.scans += count;
     // A search in the index never looks at more than a scan would; entering members may.
     if (searched.index->CatchUp(object, kDearest * searched.scans)) return searched.index.get();
+    // LCOV_EXCL_START: takes names that were chosen for this process's hashes
     searched.scannedForGood = true;
     looked += searched.index->Work();
     searched.index.reset();
     return nullptr;
+    // LCOV_EXCL_STOP
 }
 
 void MemberLookup::Remove(JsonValue& object, JsonMember& member) {

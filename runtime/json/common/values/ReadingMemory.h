@@ -21,7 +21,9 @@ public:
     ReadingMemory(const ReadingMemory&) = delete;
     ReadingMemory& operator=(const ReadingMemory&) = delete;
 
+    // LCOV_EXCL_START: asked for by the concept; RapidJSON's stack begins with Realloc
     void* Malloc(size_t size) { return Realloc(nullptr, 0, size); }
+    // LCOV_EXCL_STOP
 
     void* Realloc(void* block, size_t size, size_t newSize) {
         if (!block && newSize <= kFirstSize && first.header.state == State::kFree) {
