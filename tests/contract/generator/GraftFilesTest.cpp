@@ -5,10 +5,10 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 
+#include "FailingFiles.h"
 #include "GraftReference.h"
 #include "GraftRoute.h"
 #include "GraftScene.h"
@@ -25,6 +25,8 @@ using model::FromAnsi;
 using support::Answer;
 using support::Arguments;
 using support::Asks;
+using support::FailingFiles;
+using support::FileFunction;
 using support::FileRoutes;
 using support::GraftScene;
 using support::ImportPatch;
@@ -164,95 +166,55 @@ TEST(GraftFiles, NoHandleStaysOpen) {
     EXPECT_EQ(before, support::HandleCount());
 }
 
-int g_opens = 0;   ///< opens that still work
-int g_reads = 0;   ///< reads that still work
-int g_calls = 0;   ///< calls made
-int g_closes = 0;  ///< files closed
-std::wstring g_mode;
-
-errno_t OpenSomeTimes(std::FILE** file, const wchar_t* name, const wchar_t* mode) {
-    ++g_calls;
-    g_mode = mode;
-    if (g_opens-- > 0) return _wfopen_s(file, name, mode);
-    *file = nullptr;
-    return EACCES;
-}
-
-size_t ReadSomeTimes(void* buffer, size_t size, size_t count, std::FILE* file) {
-    ++g_calls;
-    const size_t read = std::fread(buffer, size, count, file);
-    return g_reads-- > 0 ? read : read - 1;
-}
-
-int CountedClose(std::FILE* file) {
-    ++g_closes;
-    return std::fclose(file);
-}
-
-void Reset() {
-    g_calls = 0;
-    g_closes = 0;
-}
-
 const std::string kAnsi = "[\"some text and \xE9.\",1,2,3]";
 
 TEST(GraftFiles, TheSecondAttemptOpensTheFileAgain) {
-    const ImportPatch open(support::JsonDll(), "_wfopen_s", &OpenSomeTimes);
-    const ImportPatch close(support::JsonDll(), "fclose", &CountedClose);
-    ASSERT_TRUE(open.Found() && close.Found());
+    FailingFiles files;
     const TempFile file(kAnsi);
     for (const Operation& route : FileRoutes()) {
         for (const int opens : {0, 1}) {
             SCOPED_TRACE(testing::Message() << route << ", " << opens);
-            Reset();
-            g_opens = opens;
+            files.Fail(FileFunction::kOpen, opens + 1);
             ExpectRefused(route, file.Name());
-            EXPECT_EQ(opens + 1, g_calls);
-            EXPECT_EQ(opens, g_closes);
-            EXPECT_EQ(L"rb", g_mode);
+            EXPECT_EQ(opens + 1, files.Calls(FileFunction::kOpen));
+            EXPECT_EQ(opens, files.Calls(FileFunction::kClose));
+            EXPECT_EQ(L"rb", files.Mode());
         }
-        Reset();
-        g_opens = 2;
+        files.Stop();
         ExpectTaken(route, file.Name(), FromAnsi(kAnsi));
-        EXPECT_EQ(2, g_calls);
-        EXPECT_EQ(2, g_closes);
+        EXPECT_EQ(2, files.Calls(FileFunction::kOpen));
+        EXPECT_EQ(2, files.Calls(FileFunction::kClose));
     }
 }
 
 /// A document that parses, or fails for any other reason, is opened once.
 TEST(GraftFiles, OtherFilesAreOpenedOnce) {
-    const ImportPatch open(support::JsonDll(), "_wfopen_s", &OpenSomeTimes);
-    ASSERT_TRUE(open.Found());
+    FailingFiles files;
     for (const Operation& route : FileRoutes()) {
         for (const char* bytes : {"[1]", "[1", "5", "", "[\"\xC3\xA9\"]", "[\xE9]"}) {
             const TempFile file(bytes);
             const GraftScene scene;
-            Reset();
-            g_opens = 1;
+            files.Stop();
             route.call(*scene, Named(route, file.Name()));
-            EXPECT_EQ(1, g_calls) << route << testing::PrintToString(bytes);
+            EXPECT_EQ(1, files.Calls(FileFunction::kOpen))
+                << route << testing::PrintToString(bytes);
         }
     }
 }
 
 /// The second attempt reads the file in one piece, which must come in whole.
 TEST(GraftFiles, ASecondReadThatFallsShort) {
-    const ImportPatch read(support::JsonDll(), "fread", &ReadSomeTimes);
-    const ImportPatch close(support::JsonDll(), "fclose", &CountedClose);
-    ASSERT_TRUE(read.Found() && close.Found());
+    FailingFiles files;
     const TempFile file(kAnsi);
     for (const Operation& route : FileRoutes()) {
         SCOPED_TRACE(route.name);
-        Reset();
-        constexpr int kAll = 1000;
-        g_reads = kAll;
+        files.Stop();
         ExpectTaken(route, file.Name(), FromAnsi(kAnsi));
-        const int calls = g_calls;
-        Reset();
-        g_reads = calls - 1;
+        const int calls = files.Calls(FileFunction::kRead);
+        files.Fail(FileFunction::kRead, calls);
         ExpectRefused(route, file.Name());
-        EXPECT_EQ(calls, g_calls);
-        EXPECT_EQ(2, g_closes);
+        EXPECT_EQ(calls, files.Calls(FileFunction::kRead));
+        EXPECT_EQ(2, files.Calls(FileFunction::kClose));
         EXPECT_TRUE(file.IsClosed());
     }
 }

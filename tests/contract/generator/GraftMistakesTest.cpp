@@ -6,9 +6,9 @@
 #include <climits>
 #include <vector>
 
+#include "FailingFiles.h"
 #include "GraftRoute.h"
 #include "GraftScene.h"
-#include "ImportPatch.h"
 #include "JsonDll.h"
 #include "OutputForm.h"
 
@@ -16,6 +16,8 @@ namespace {
 
 using support::Answer;
 using support::Arguments;
+using support::FailingFiles;
+using support::FileFunction;
 using support::GraftScene;
 using support::GraftsOnly;
 using support::GraftSource;
@@ -264,17 +266,9 @@ TEST(GraftMistakes, PathsToNothing) {
     }
 }
 
-int g_opens = 0;
-
-errno_t CountedOpen(std::FILE** file, const wchar_t* name, const wchar_t* mode) {
-    ++g_opens;
-    return _wfopen_s(file, name, mode);
-}
-
 /// Parents of every kind but the right one. No file is opened for them.
 TEST(GraftMistakes, ParentsOfTheWrongKind) {
-    const support::ImportPatch open(support::JsonDll(), "_wfopen_s", &CountedOpen);
-    ASSERT_TRUE(open.Found());
+    FailingFiles files;
     const wchar_t* document =
         L"{\"object\":{},\"array\":[],\"string\":\"\",\"number\":1,\"true\":true,\"false\":false,"
         L"\"null\":null,\"double\":1.5,\"spare\":0}";
@@ -290,9 +284,9 @@ TEST(GraftMistakes, ParentsOfTheWrongKind) {
             arguments.path = path.c_str();
             arguments.handle = static_cast<int32_t>(HandleAt(*generator, path.c_str()));
             const support::GeneratorState before = StateOf(*generator);
-            g_opens = 0;
+            files.Stop();
             EXPECT_EQ(Answer(0), route.call(*generator, arguments));
-            EXPECT_EQ(0, g_opens);
+            EXPECT_EQ(0, files.Calls(FileFunction::kOpen));
             EXPECT_EQ(before, StateOf(*generator));
             EXPECT_EQ(3u, HandleAt(*generator, L"/spare"));
         }
@@ -301,8 +295,7 @@ TEST(GraftMistakes, ParentsOfTheWrongKind) {
 
 /// Whatever is wrong before the source is looked at leaves its file alone; the good call opens it.
 TEST(GraftMistakes, FilesThatAreNotNeededAreNotOpened) {
-    const support::ImportPatch open(support::JsonDll(), "_wfopen_s", &CountedOpen);
-    ASSERT_TRUE(open.Found());
+    FailingFiles files;
     for (const Operation& route : GraftsOnly()) {
         if (!ReadsFile(route)) continue;
         for (const Mistake mistake : kAllMistakes) {
@@ -310,9 +303,9 @@ TEST(GraftMistakes, FilesThatAreNotNeededAreNotOpened) {
             SCOPED_TRACE(testing::Message() << route << ": " << NameOf(mistake));
             Call call(route);
             call.Make(mistake);
-            g_opens = 0;
+            files.Stop();
             call.ExpectFailure(ResultOf(mistake, route));
-            EXPECT_EQ(StageOf(mistake) == kKey ? 1 : 0, g_opens);
+            EXPECT_EQ(StageOf(mistake) == kKey ? 1 : 0, files.Calls(FileFunction::kOpen));
         }
     }
 }

@@ -2,10 +2,6 @@
 // it. Documents of the test's own are always there.
 
 #include <gtest/gtest.h>
-#include <windows.h>
-
-#include <cstdlib>
-#include <vector>
 
 #include "Encode.h"
 #include "JsonDll.h"
@@ -13,41 +9,23 @@
 #include "OutputForm.h"
 #include "OutputReference.h"
 #include "TempFile.h"
+#include "TestData.h"
 
 namespace {
 
+using support::DocumentsIn;
 using support::Generator;
 using support::GeneratorOf;
 using support::JsonOf;
+using support::LargeDocument;
 using support::NewGenerator;
 using support::OutputForm;
 using support::TempFile;
+using support::TestDocument;
 using support::Written;
 
-struct Named {
-    std::wstring name;
-    std::string bytes;
-};
-
-/// The documents in a folder of the data folder; none where there is no such folder.
-std::vector<Named> DocumentsIn(const std::wstring& subfolder) {
-    const wchar_t* folder = _wgetenv(L"JSON_TEST_DATA");
-    if (folder == nullptr) return {};
-    const std::wstring path = std::wstring(folder) + L"\\" + subfolder + L"\\";
-    WIN32_FIND_DATAW found = {};
-    HANDLE search = FindFirstFileW((path + L"*.json").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return {};
-    std::vector<Named> documents;
-    do {
-        const std::wstring name = found.cFileName;
-        documents.push_back({name, support::ReadFileBytes(path + name)});
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
-    return documents;
-}
-
 /// Texts that must come back as they are.
-const Named kRoundTrips[] = {
+const TestDocument kRoundTrips[] = {
     {L"literals", "[null,true,false]"},
     {L"empty containers", "[[],{},[[]],{\"a\":{}}]"},
     {L"integers", "[0,-1,2147483647,-2147483648,4294967295,18446744073709551615]"},
@@ -58,9 +36,9 @@ const Named kRoundTrips[] = {
 };
 
 TEST(GeneratorLoadData, TextsComeBackUnchanged) {
-    std::vector<Named> documents = DocumentsIn(L"roundtrip");
+    std::vector<TestDocument> documents = DocumentsIn(L"roundtrip");
     documents.insert(documents.end(), std::begin(kRoundTrips), std::end(kRoundTrips));
-    for (const Named& document : documents) {
+    for (const TestDocument& document : documents) {
         SCOPED_TRACE(testing::PrintToString(document.name));
         const model::Document reference = [&] {
             rapidjson::GenericDocument<rapidjson::UTF16<>> parsed;
@@ -76,16 +54,6 @@ TEST(GeneratorLoadData, TextsComeBackUnchanged) {
         EXPECT_EQ((Written{1, document.bytes}),
                   support::WriteIn({OutputForm::kBytes, 2}, *generator));
     }
-}
-
-/// A document with something of everything, of about a megabyte.
-std::string LargeDocument() {
-    std::string rows = "{\"rows\":[";
-    for (int i = 0; i < 8000; ++i)
-        rows += (i == 0 ? "{\"id\":" : ",{\"id\":") + std::to_string(i) + ",\"at\":[-65.61361" +
-                std::to_string(i) + "999977,43.4200],\"text\":\"\xE2\x82\xAC \xF0\x9D\x84\x9E\\n" +
-                std::string(static_cast<size_t>(i % 50), 'x') + "\",\"on\":[true,null,{}]}";
-    return rows + "]}";
 }
 
 /// Reads a file with the parser: what became of it as compact text.
@@ -124,9 +92,9 @@ void ExpectToComeBack(const std::string& bytes) {
 }
 
 TEST(GeneratorLoadData, LargeDocumentsComeBackInEveryEncoding) {
-    std::vector<Named> documents = DocumentsIn(L".");
+    std::vector<TestDocument> documents = DocumentsIn(L".");
     documents.push_back({L"own", LargeDocument()});
-    for (const Named& document : documents) {
+    for (const TestDocument& document : documents) {
         SCOPED_TRACE(testing::PrintToString(document.name));
         ExpectToComeBack(document.bytes);
     }
@@ -134,9 +102,9 @@ TEST(GeneratorLoadData, LargeDocumentsComeBackInEveryEncoding) {
 
 /// What is grafted comes in as what is loaded.
 TEST(GeneratorLoadData, LargeDocumentsAreGrafted) {
-    std::vector<Named> documents = DocumentsIn(L".");
+    std::vector<TestDocument> documents = DocumentsIn(L".");
     documents.push_back({L"own", LargeDocument()});
-    for (const Named& document : documents) {
+    for (const TestDocument& document : documents) {
         SCOPED_TRACE(testing::PrintToString(document.name));
         const TempFile source(document.bytes);
         const Generator generator = NewGenerator();

@@ -4,11 +4,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <cerrno>
 #include <cstdio>
 
 #include "BytesAtAnEdge.h"
-#include "ImportPatch.h"
+#include "FailingFiles.h"
 #include "JsonDll.h"
 #include "OutputForm.h"
 #include "ProcessUse.h"
@@ -17,6 +16,7 @@
 namespace {
 
 using support::FileForms;
+using support::FileFunction;
 using support::Generator;
 using support::GeneratorOf;
 using support::OutputForm;
@@ -181,47 +181,34 @@ TEST(OutputFiles, ReadOnlyFiles) {
     }
 }
 
-int g_opens = 0;
-std::wstring g_mode;
-
-errno_t OpenNothing(std::FILE** file, const wchar_t*, const wchar_t* mode) {
-    ++g_opens;
-    g_mode = mode;
-    *file = nullptr;
-    return EACCES;
-}
-
 /// Whether a new file can be made is tried out first; what that made is gone again when the file
 /// cannot be opened afterwards.
 TEST(OutputFiles, AFileThatDoesNotOpenIsNotLeftBehind) {
-    const support::ImportPatch open(support::JsonDll(), "_wfopen_s", &OpenNothing);
-    ASSERT_TRUE(open.Found());
-    ForAllOutputs([](const OutputForm& form, QXJSON::IJsonGenerator& generator) {
+    support::FailingFiles files;
+    ForAllOutputs([&](const OutputForm& form, QXJSON::IJsonGenerator& generator) {
         const TempFile missing;
         const TempFile existing("before");
-        g_opens = 0;
+        files.Fail(FileFunction::kOpen, 1);
         EXPECT_EQ(0, SaveIn(form, generator, missing.Name()));
         EXPECT_FALSE(missing.Exists());
         EXPECT_EQ(0, SaveIn(form, generator, existing.Name()));
         EXPECT_EQ("before", existing.Bytes());
-        EXPECT_EQ(2, g_opens);
-        EXPECT_EQ(L"wb", g_mode);
+        EXPECT_EQ(2, files.Calls(FileFunction::kOpen));
+        EXPECT_EQ(L"wb", files.Mode());
     });
 }
 
 TEST(OutputFiles, AFileThatCannotBeUsedIsNotOpened) {
-    const support::ImportPatch open(support::JsonDll(), "_wfopen_s", &OpenNothing);
-    ASSERT_TRUE(open.Found());
+    const support::FailingFiles files;
     const TempFile file("before");
     HANDLE other = CreateFileW(file.Name(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(INVALID_HANDLE_VALUE, other);
-    g_opens = 0;
     ForAllOutputs([&](const OutputForm& form, QXJSON::IJsonGenerator& generator) {
         EXPECT_EQ(0, SaveIn(form, generator, nullptr));
         EXPECT_EQ(0, SaveIn(form, generator, L""));
         EXPECT_EQ(0, SaveIn(form, generator, file.Name()));
     });
-    EXPECT_EQ(0, g_opens);
+    EXPECT_EQ(0, files.Calls(FileFunction::kOpen));
     CloseHandle(other);
     EXPECT_EQ("before", file.Bytes());
 }

@@ -4,13 +4,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <string>
 
 #include "Encode.h"
 #include "FailingAllocations.h"
+#include "FailingFiles.h"
 #include "FileLoads.h"
 #include "ImportPatch.h"
 #include "JsonDll.h"
@@ -22,6 +22,8 @@
 
 namespace {
 
+using support::FailingFiles;
+using support::FileFunction;
 using support::FileLoad;
 using support::FileOutcome;
 using support::Generator;
@@ -30,83 +32,7 @@ using support::kFileLoads;
 using support::Package;
 using support::TempFile;
 
-// ---- File functions that fail on demand --------------------------------------------------------
-
-enum Function { kOpen, kRead, kSeek, kTell, kWrite, kClose, kFunctions };
-
-constexpr const char* kNames[kFunctions] = {"open", "read", "seek", "tell", "write", "close"};
 constexpr int kAllThatFollow = INT_MAX;
-
-int g_calls[kFunctions];
-int g_first[kFunctions];  ///< the first call that fails, from 1; 0: none
-int g_count = 0;          ///< how many calls in a row fail
-size_t g_cut = 0;         ///< where in the file the last read ended that failed
-
-bool FailsNow(Function function) {
-    const int call = ++g_calls[function];
-    return g_first[function] > 0 && call >= g_first[function] && call - g_first[function] < g_count;
-}
-
-errno_t Open(std::FILE** file, const wchar_t* name, const wchar_t* mode) {
-    if (!FailsNow(kOpen)) return _wfopen_s(file, name, mode);
-    *file = nullptr;
-    return EACCES;
-}
-
-size_t Read(void* buffer, size_t size, size_t count, std::FILE* file) {
-    if (!FailsNow(kRead)) return std::fread(buffer, size, count, file);
-    const size_t read = std::fread(buffer, size, count / 2, file);
-    g_cut = static_cast<size_t>(std::ftell(file));
-    return read;
-}
-
-int Seek(std::FILE* file, long offset, int origin) {
-    return FailsNow(kSeek) ? -1 : std::fseek(file, offset, origin);
-}
-
-long Tell(std::FILE* file) { return FailsNow(kTell) ? -1 : std::ftell(file); }
-
-size_t Write(const void* data, size_t size, size_t count, std::FILE* file) {
-    return std::fwrite(data, size, FailsNow(kWrite) ? count / 2 : count, file);
-}
-
-int Close(std::FILE* file) {
-    const int result = std::fclose(file);
-    return FailsNow(kClose) ? EOF : result;
-}
-
-/// Puts these functions in the place of those that the library imports.
-class FailingFiles {
-public:
-    FailingFiles() { Stop(); }
-
-    bool AllFound() const {
-        return open.Found() && read.Found() && seek.Found() && tell.Found() && write.Found() &&
-               close.Found();
-    }
-
-    void Fail(Function function, int first, int count) {
-        Stop();
-        g_first[function] = first;
-        g_count = count;
-    }
-    bool Happened(Function function) const {
-        return g_first[function] > 0 && g_calls[function] >= g_first[function];
-    }
-    void Stop() {
-        for (int& calls : g_calls) calls = 0;
-        for (int& first : g_first) first = 0;
-        g_cut = 0;
-    }
-
-private:
-    ImportPatch open{support::JsonDll(), "_wfopen_s", &Open};
-    ImportPatch read{support::JsonDll(), "fread", &Read};
-    ImportPatch seek{support::JsonDll(), "fseek", &Seek};
-    ImportPatch tell{support::JsonDll(), "ftell", &Tell};
-    ImportPatch write{support::JsonDll(), "fwrite", &Write};
-    ImportPatch close{support::JsonDll(), "fclose", &Close};
-};
 
 // ---- Loads -------------------------------------------------------------------------------------
 
@@ -137,24 +63,22 @@ public:
     Trials(const FileLoad& aLoad, const Content& content)
         : load(aLoad), bytes(content.bytes), file(content.bytes), isAnsi(content.ansi) {
         whole = load.load(file.Name());
-        files.Fail(kOpen, 2, kAllThatFollow);
+        files.Fail(FileFunction::kOpen, 2);
         firstAttempt = load.load(file.Name());
-        files.Fail(kOpen, 1, kAllThatFollow);
+        files.Fail(FileFunction::kOpen, 1);
         unopened = load.load(file.Name());
         files.Stop();
     }
 
-    bool Ready() const { return files.AllFound(); }
-
-    void FailEach(Function function, int count) {
+    void FailEach(FileFunction function, int count) {
         const support::FailingAllocations allocations;
         bool happened = true;
         for (int n = 1; happened; ++n) {
-            SCOPED_TRACE(testing::Message() << kNames[function] << ' ' << n);
+            SCOPED_TRACE(testing::Message() << NameOf(function) << ' ' << n);
             files.Fail(function, n, count);
             const FileOutcome seen = load.load(file.Name());
             happened = files.Happened(function);
-            const size_t cut = g_cut;
+            const size_t cut = files.Cut();
             files.Stop();
             Judge(function, n, happened, seen, cut);
             EXPECT_TRUE(file.IsClosed());
@@ -167,12 +91,13 @@ public:
     const FileOutcome& Unopened() const { return unopened; }
 
 private:
-    void Judge(Function function, int n, bool happened, const FileOutcome& seen, size_t cut) const {
-        if (!happened || function == kClose || function == kWrite) {
+    void Judge(FileFunction function, int n, bool happened, const FileOutcome& seen,
+               size_t cut) const {
+        if (!happened || function == FileFunction::kClose || function == FileFunction::kWrite) {
             EXPECT_EQ(whole, seen);
-        } else if (function == kOpen) {
+        } else if (function == FileFunction::kOpen) {
             EXPECT_EQ(n == 1 ? unopened : firstAttempt, seen);
-        } else if (function == kRead) {
+        } else if (function == FileFunction::kRead) {
             const bool isFirst = isAnsi && (seen == whole || seen == firstAttempt);
             EXPECT_TRUE(isFirst || seen == CutAt(cut))
                 << seen << " of the first " << cut << " bytes";
@@ -201,11 +126,12 @@ void FailEveryCallOfEveryLoad() {
         for (const Content& content : kContents) {
             SCOPED_TRACE(testing::Message() << load.name << ", " << content.name);
             Trials trials(load, content);
-            ASSERT_TRUE(trials.Ready());
             const bool tells = content.ansi && trials.Whole().result == 1;
             EXPECT_EQ(tells, trials.FirstAttempt().result != trials.Whole().result);
             EXPECT_NE(1, trials.Unopened().result);
-            for (const Function function : {kOpen, kRead, kSeek, kTell, kClose})
+            for (const FileFunction function :
+                 {FileFunction::kOpen, FileFunction::kRead, FileFunction::kSeek,
+                  FileFunction::kTell, FileFunction::kClose})
                 for (const int count : {1, kAllThatFollow}) trials.FailEach(function, count);
         }
 }
@@ -380,15 +306,15 @@ std::string BytesOf(const Save& save, int32_t encoding) {
 
 /// A save over `before` with failing calls. The test looks at what was written, not at the result;
 /// but a file that does not open is left alone.
-void SaveWithFailure(const Save& save, int32_t encoding, Function function, bool happened,
+void SaveWithFailure(const Save& save, int32_t encoding, FileFunction function, bool happened,
                      const TempFile& file, int result) {
     const std::string whole = BytesOf(save, encoding);
     const std::string bytes = file.Bytes();
     EXPECT_TRUE(file.IsClosed());
-    if (happened && function == kOpen) {
+    if (happened && function == FileFunction::kOpen) {
         EXPECT_EQ(0, result);
         EXPECT_EQ("before", bytes);
-    } else if (happened && function == kWrite) {
+    } else if (happened && function == FileFunction::kWrite) {
         EXPECT_EQ(1, result);
         EXPECT_LT(bytes.size(), whole.size());
     } else {
@@ -399,16 +325,17 @@ void SaveWithFailure(const Save& save, int32_t encoding, Function function, bool
 
 TEST(FileFaults, Saves) {
     FailingFiles files;
-    ASSERT_TRUE(files.AllFound());
     for (const Save& save : kSaves)
         for (const int32_t encoding : support::kAllSelectors)
-            for (const Function function : {kOpen, kWrite, kSeek, kTell, kClose})
+            for (const FileFunction function :
+                 {FileFunction::kOpen, FileFunction::kWrite, FileFunction::kSeek,
+                  FileFunction::kTell, FileFunction::kClose})
                 for (const int count : {1, kAllThatFollow}) {
                     const support::FailingAllocations allocations;
                     bool happened = true;
                     for (int n = 1; happened; ++n) {
                         SCOPED_TRACE(testing::Message() << save.name << ", encoding " << encoding
-                                                        << ", " << kNames[function] << ' ' << n);
+                                                        << ", " << NameOf(function) << ' ' << n);
                         const TempFile file("before");
                         files.Fail(function, n, count);
                         const int result = save.save(file.Name(), encoding);

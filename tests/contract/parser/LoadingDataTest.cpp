@@ -3,42 +3,21 @@
 // Without the folder, documents of the test's own stand in.
 
 #include <gtest/gtest.h>
-#include <windows.h>
-
-#include <cstdlib>
-#include <vector>
 
 #include "JsonDll.h"
 #include "LoadForm.h"
 #include "ParserReference.h"
 #include "TempFile.h"
+#include "TestData.h"
 
 namespace {
 
+using support::DocumentsIn;
 using support::NewParser;
 using support::Parser;
+using support::TestDocument;
 
-struct Document {
-    std::wstring name;
-    std::string bytes;
-};
-using Documents = std::vector<Document>;
-
-Documents DocumentsIn(const std::wstring& subfolder) {
-    const wchar_t* folder = _wgetenv(L"JSON_TEST_DATA");
-    if (folder == nullptr) return {};
-    const std::wstring path = std::wstring(folder) + L"\\" + subfolder + L"\\";
-    Documents documents;
-    WIN32_FIND_DATAW found = {};
-    HANDLE search = FindFirstFileW((path + L"*.json").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return {};
-    do {
-        const std::wstring name = found.cFileName;
-        documents.push_back({name, support::ReadFileBytes(path + name)});
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
-    return documents;
-}
+using Documents = std::vector<TestDocument>;
 
 std::string Repeated(const char* text, int count) {
     std::string all;
@@ -78,14 +57,6 @@ Documents OwnRoundTrips() {
     };
 }
 
-Documents OwnLarge() {
-    std::string rows = "[";
-    for (int i = 0; i < 3000; ++i)
-        rows += (i == 0 ? "{\"id\":" : ",{\"id\":") + std::to_string(i) + ",\"at\":[-65.61361" +
-                std::to_string(i) + ",43.4200],\"t\":\"\xE2\x82\xAC\\n\"}";
-    return {{L"rows", rows + "]"}};
-}
-
 Documents Either(const Documents& found, const Documents& own) {
     return found.empty() ? own : found;
 }
@@ -94,7 +65,7 @@ bool Contains(const std::wstring& name, const wchar_t* part) {
     return name.find(part) != std::wstring::npos;
 }
 
-support::LoadOutcome ExpectAsReference(const Document& document) {
+support::LoadOutcome ExpectAsReference(const TestDocument& document) {
     const Parser parser = NewParser();
     const support::TempFile file(document.bytes);
     const auto outcome = support::LoadBytes(*parser, document.bytes);
@@ -105,7 +76,7 @@ support::LoadOutcome ExpectAsReference(const Document& document) {
 }
 
 TEST(LoadingData, NamesTellWhichDocumentsAreGood) {
-    for (const Document& document : Either(DocumentsIn(L"jsonchecker"), OwnChecks())) {
+    for (const TestDocument& document : Either(DocumentsIn(L"jsonchecker"), OwnChecks())) {
         SCOPED_TRACE(testing::PrintToString(document.name));
         const int result = ExpectAsReference(document).result;
         if (Contains(document.name, L"EXCLUDE")) continue;
@@ -114,7 +85,7 @@ TEST(LoadingData, NamesTellWhichDocumentsAreGood) {
 }
 
 TEST(LoadingData, DocumentsComeBackAsTheyWere) {
-    for (const Document& document : Either(DocumentsIn(L"roundtrip"), OwnRoundTrips())) {
+    for (const TestDocument& document : Either(DocumentsIn(L"roundtrip"), OwnRoundTrips())) {
         SCOPED_TRACE(testing::PrintToString(document.name));
         const auto outcome = ExpectAsReference(document);
         EXPECT_EQ(document.bytes, support::Encode(outcome.tree, support::Encoding::kUtf8));
@@ -122,7 +93,8 @@ TEST(LoadingData, DocumentsComeBackAsTheyWere) {
 }
 
 TEST(LoadingData, LargeDocuments) {
-    for (const Document& document : Either(DocumentsIn(L"."), OwnLarge())) {
+    for (const TestDocument& document :
+         Either(DocumentsIn(L"."), {{L"own", support::LargeDocument()}})) {
         SCOPED_TRACE(testing::PrintToString(document.name));
         EXPECT_EQ(1, ExpectAsReference(document).result);
     }

@@ -5,7 +5,7 @@
 
 #include <cstdio>
 
-#include "ImportPatch.h"
+#include "FailingFiles.h"
 #include "JsonDll.h"
 #include "LoadForm.h"
 #include "PlainReader.h"
@@ -14,8 +14,9 @@
 namespace {
 
 using model::FromAnsi;
+using support::FailingFiles;
 using support::Failure;
-using support::ImportPatch;
+using support::FileFunction;
 using support::LoadOutcome;
 using support::NewParser;
 using support::Parser;
@@ -101,77 +102,42 @@ TEST(LoadingFile, AnOpenFileIsNotClosed) {
     EXPECT_TRUE(file.IsClosed());
 }
 
-int g_left = 0;    ///< calls that still work
-int g_calls = 0;   ///< calls made
-int g_closes = 0;  ///< files closed
-
-errno_t OpenSomeTimes(std::FILE** file, const wchar_t* name, const wchar_t* mode) {
-    ++g_calls;
-    if (g_left-- > 0) return _wfopen_s(file, name, mode);
-    *file = nullptr;
-    return EACCES;
-}
-
-size_t ReadSomeTimes(void* buffer, size_t size, size_t count, std::FILE* file) {
-    ++g_calls;
-    const size_t read = std::fread(buffer, size, count, file);
-    return g_left-- > 0 ? read : read - 1;
-}
-
-int CountedClose(std::FILE* file) {
-    ++g_closes;
-    return std::fclose(file);
-}
-
-void Allow(int calls) {
-    g_left = calls;
-    g_calls = 0;
-    g_closes = 0;
-}
-
-constexpr int kAll = 1 << 20;
 const std::string kAnsi = "[\"some text and \xE9.\",1,2,3]";
 constexpr uint64_t kAnsiOffset = 17;  ///< just after the byte that is not UTF-8
 
 TEST(LoadingFile, WhereTheSecondOpenFailsTheFirstErrorStays) {
-    const ImportPatch open(support::JsonDll(), "_wfopen_s", &OpenSomeTimes);
-    const ImportPatch close(support::JsonDll(), "fclose", &CountedClose);
-    ASSERT_TRUE(open.Found() && close.Found());
+    FailingFiles files;
     const Parser parser = NewParser();
     const TempFile file(kAnsi);
 
-    Allow(0);
+    files.Fail(FileFunction::kOpen, 1);
     EXPECT_EQ(Failure(20, 0), LoadNamed(*parser, file.Name()));
-    EXPECT_EQ(1, g_calls);
-    EXPECT_EQ(0, g_closes);
+    EXPECT_EQ(1, files.Calls(FileFunction::kOpen));
+    EXPECT_EQ(0, files.Calls(FileFunction::kClose));
 
-    Allow(1);
+    files.Fail(FileFunction::kOpen, 2);
     EXPECT_EQ(Failure(12, kAnsiOffset), LoadNamed(*parser, file.Name()));
-    EXPECT_EQ(2, g_calls);
-    EXPECT_EQ(1, g_closes);
+    EXPECT_EQ(2, files.Calls(FileFunction::kOpen));
+    EXPECT_EQ(1, files.Calls(FileFunction::kClose));
 
-    Allow(2);
+    files.Stop();
     EXPECT_EQ(Success(FromAnsi(kAnsi)), LoadNamed(*parser, file.Name()));
-    EXPECT_EQ(2, g_calls);
-    EXPECT_EQ(2, g_closes);
+    EXPECT_EQ(2, files.Calls(FileFunction::kOpen));
+    EXPECT_EQ(2, files.Calls(FileFunction::kClose));
 }
 
 /// The file is read once more in one piece, which must come in whole.
 TEST(LoadingFile, WhereTheSecondReadFallsShortTheFirstErrorStays) {
-    const ImportPatch read(support::JsonDll(), "fread", &ReadSomeTimes);
-    const ImportPatch close(support::JsonDll(), "fclose", &CountedClose);
-    ASSERT_TRUE(read.Found() && close.Found());
+    FailingFiles files;
     const Parser parser = NewParser();
     const TempFile file(kAnsi);
-
-    Allow(kAll);
     EXPECT_EQ(Success(FromAnsi(kAnsi)), LoadNamed(*parser, file.Name()));
-    const int calls = g_calls;
+    const int calls = files.Calls(FileFunction::kRead);
 
-    Allow(calls - 1);
+    files.Fail(FileFunction::kRead, calls);
     EXPECT_EQ(Failure(12, kAnsiOffset), LoadNamed(*parser, file.Name()));
-    EXPECT_EQ(calls, g_calls);
-    EXPECT_EQ(2, g_closes);
+    EXPECT_EQ(calls, files.Calls(FileFunction::kRead));
+    EXPECT_EQ(2, files.Calls(FileFunction::kClose));
     EXPECT_TRUE(file.IsClosed());
 }
 
