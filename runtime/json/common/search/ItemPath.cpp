@@ -43,6 +43,9 @@ public:
         : members(lookup), examined(&document), at(path), out(pointer) {}
 
     int Run() {
+        out.Truncate(0);
+        if (!at || *at != L'/') return kBadPath;
+        if (at[1] == 0) return kSuccess;
         while (*at) {
             const int result = Segment();
             if (result != kSuccess) return result;
@@ -50,7 +53,12 @@ public:
         return kSuccess;
     }
 
+    /// The value that the whole pointer leads to, or null.
+    JsonValue* Resolve() { return ResolvePointer(members, *examined, Unexamined()); }
+
 private:
+    std::wstring_view Unexamined() const { return out.Text().substr(examinedLength); }
+
     /// Translates the segment whose "/" is next.
     int Segment() {
         const wchar_t* const digit = FirstDigit(at + 1);
@@ -89,9 +97,8 @@ private:
     /// Resolves what is written so far; false where it is malformed. Goes on from what was resolved
     /// the last time.
     bool ExamineParent() {
-        const std::wstring_view more = out.Text().substr(examinedLength);
-        if (!IsWellFormed(more)) return false;
-        examined = ResolvePointer(members, *examined, more);
+        if (!IsWellFormed(Unexamined())) return false;
+        examined = Resolve();
         if (!examined) RaiseAccessViolation();
         examinedLength = out.Length();
         return true;
@@ -121,17 +128,14 @@ private:
 
 int TranslateItemPath(MemberLookup& members, JsonValue& root, const wchar_t* path,
                       PointerText& pointer) {
-    pointer.Truncate(0);
-    if (!path || *path != L'/') return kBadPath;
-    if (path[1] == 0) return kSuccess;
     return Translator(members, root, path, pointer).Run();
 }
 
 JsonValue* ResolveItemPath(MemberLookup& members, JsonValue& root, const wchar_t* path) {
     if (const auto plain = AsPointer(path)) return ResolvePointer(members, root, *plain);
     PointerText pointer;
-    if (TranslateItemPath(members, root, path, pointer) != kSuccess) return nullptr;
-    return ResolvePointer(members, root, pointer.Text());
+    Translator translator(members, root, path, pointer);
+    return translator.Run() == kSuccess ? translator.Resolve() : nullptr;
 }
 
 }  // namespace QXJSON
