@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "Memory.h"
+#include "Sink.h"
 
 namespace record {
 namespace {
@@ -72,6 +73,22 @@ uint32_t ReadFileBytes(const wchar_t* name, uint8_t* to, uint32_t size) {
     DWORD read = 0;
     if (!file.IsOpen() || !ReadFile(file.Handle(), to, size, &read, nullptr)) return 0;
     return read;
+}
+
+FileHash HashFile(const wchar_t* name, uint32_t size) {
+    const KeptLastError kept;
+    FileHash all = {0, kHashOfNothing};
+    const OpenFile file(name);
+    if (!file.IsOpen()) return all;
+    uint8_t block[2048];
+    while (all.size < size) {
+        const DWORD wanted = std::min<DWORD>(size - all.size, sizeof block);
+        DWORD read = 0;
+        if (!ReadFile(file.Handle(), block, wanted, &read, nullptr) || read == 0) break;
+        all.hash = HashOf(block, read, all.hash);
+        all.size += read;
+    }
+    return all;
 }
 
 }  // namespace record

@@ -20,4 +20,11 @@ void LimitFiles(uint64_t most);
 /// Reads the first bytes of a file; returns how many there were.
 uint32_t ReadFileBytes(const wchar_t* name, uint8_t* to, uint32_t size);
 
+struct FileHash {
+    uint32_t size;
+    uint64_t hash;
+};
+/// The hash of a file's first bytes, which are kept nowhere.
+FileHash HashFile(const wchar_t* name, uint32_t size);
+
 }  // namespace record

@@ -13,9 +13,10 @@ struct Extent {
     bool hashed = false;  ///< texts and bytes as hashes alone
 };
 
-/// FNV-1a with 64 bits.
-inline uint64_t HashOf(const void* data, size_t size) {
-    uint64_t hash = 0xCBF29CE484222325u;
+constexpr uint64_t kHashOfNothing = 0xCBF29CE484222325u;
+
+/// FNV-1a with 64 bits; `hash` is that of what comes before.
+inline uint64_t HashOf(const void* data, size_t size, uint64_t hash = kHashOfNothing) {
     const auto* bytes = static_cast<const uint8_t*>(data);
     for (size_t i = 0; i < size; ++i) hash = (hash ^ bytes[i]) * 0x100000001B3u;
     return hash;
@@ -46,25 +47,28 @@ public:
     }
     /// A text or bytes, of which `count` units of `unitSize` bytes can be read.
     void PutData(Tag tag, const void* data, uint32_t count, size_t unitSize) {
-        const bool isText = unitSize == sizeof(wchar_t);
-        if (extent.hashed) tag = isText ? Tag::kTextHash : Tag::kBytesHash;
+        if (extent.hashed) {
+            const bool isText = unitSize == sizeof(wchar_t);
+            return PutHash(isText ? Tag::kTextHash : Tag::kBytesHash, count,
+                           HashOf(data, count * unitSize));
+        }
         Put(tag);
         Copy(&count, sizeof count);
-        if (extent.hashed) {
-            const uint64_t hash = HashOf(data, count * unitSize);
-            Copy(&hash, sizeof hash);
-        } else {
-            Copy(data, count * unitSize);
-        }
+        Copy(data, count * unitSize);
+    }
+    void PutHash(Tag tag, uint32_t count, uint64_t hash) {
+        Put(tag);
+        Copy(&count, sizeof count);
+        Copy(&hash, sizeof hash);
     }
 
     /// What is written by other means: a tag, a count, and bytes that `fill(place)` puts in place,
-    /// which returns their count.
+    /// which returns their count. Not for logs of hashes: the bytes would be in the log for a moment,
+    /// and stay in it after the hash.
     template <class Fill>
     void PutBytes(Fill fill) {
         uint8_t* const place = at + 1 + sizeof(uint32_t);
         const uint32_t count = fill(place);
-        if (extent.hashed) return PutData(Tag::kBytes, place, count, 1);
         Put(Tag::kBytes);
         Copy(&count, sizeof count);
         at += count;
