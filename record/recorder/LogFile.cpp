@@ -30,7 +30,8 @@ uint64_t Counter() {
 
 /// A file that was not there before: "log.jsonlog", "log-2.jsonlog", ...
 HANDLE CreateNew(const std::wstring& name) {
-    const size_t dot = std::min(name.find_last_of(L'.'), name.size());
+    const size_t last = name.find_last_of(L".\\/");
+    const size_t dot = last != name.npos && name[last] == L'.' ? last : name.size();
     for (int attempt = 1; attempt <= 1000; ++attempt) {
         const std::wstring mark = attempt > 1 ? L"-" + std::to_wstring(attempt) : L"";
         const std::wstring tried = name.substr(0, dot) + mark + name.substr(dot);

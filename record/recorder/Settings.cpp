@@ -1,5 +1,6 @@
 #include "Settings.h"
 
+#include <algorithm>
 #include <cwchar>
 #include <cwctype>
 
@@ -8,6 +9,7 @@ namespace {
 
 constexpr uint64_t kMiB = 1 << 20;
 constexpr uint64_t kLeastLimit = 2;  // MiB
+constexpr uint64_t kMostLimit = uint64_t{1} << 32;
 /// The length of a file's content is a number of 32 bits in a log.
 constexpr uint64_t kMostOfAFile = 2048;
 
@@ -38,8 +40,10 @@ public:
         });
     }
     uint64_t GetMiB(const wchar_t* variable, const wchar_t* key, uint64_t otherwise) const {
-        const uint64_t number = std::wcstoull(Get(variable, key).c_str(), nullptr, 10);
-        return number > 0 ? number : otherwise;
+        const std::wstring text = Get(variable, key);
+        wchar_t* end = nullptr;
+        const uint64_t number = std::wcstoull(text.c_str(), &end, 10);
+        return end != text.c_str() ? number : otherwise;
     }
 
 private:
@@ -51,9 +55,19 @@ bool IsAbsolute(const std::wstring& name) {
 }
 
 std::wstring WithProcess(std::wstring name) {
-    const size_t at = name.find(L"%p");
-    if (at != name.npos) name.replace(at, 2, std::to_wstring(GetCurrentProcessId()));
+    const std::wstring process = std::to_wstring(GetCurrentProcessId());
+    for (size_t at = name.find(L"%p"); at != name.npos; at = name.find(L"%p", at))
+        name.replace(at, 2, process);
     return name;
+}
+
+/// The name of the log. What stands for the process in it is not looked for in folders that the
+/// setting does not name.
+std::wstring LogName(const Source& source, const std::wstring& folder) {
+    const std::wstring set = WithProcess(source.Get(L"JSON_RECORD_LOG", L"log"));
+    if (!set.empty()) return IsAbsolute(set) ? set : folder + set;
+    return TextFrom([](wchar_t* to, DWORD room) { return GetTempPathW(room, to); }) +
+           WithProcess(L"Json_Dll-%p.jsonlog");
 }
 
 }  // namespace
@@ -68,19 +82,11 @@ Settings ReadSettings(HMODULE recorder) {
     settings.library = source.Get(L"JSON_RECORD_LIBRARY", L"library");
     if (settings.library.empty()) settings.library = L"Json_Dll_Real.dll";
     if (!IsAbsolute(settings.library)) settings.library = folder + settings.library;
-    settings.log = source.Get(L"JSON_RECORD_LOG", L"log");
-    if (settings.log.empty()) {
-        settings.log = TextFrom([](wchar_t* to, DWORD room) { return GetTempPathW(room, to); }) +
-                       L"Json_Dll-%p.jsonlog";
-    }
-    if (!IsAbsolute(settings.log)) settings.log = folder + settings.log;
-    settings.log = WithProcess(settings.log);
-    settings.limit = source.GetMiB(L"JSON_RECORD_LIMIT", L"limit", 1024);
-    if (settings.limit < kLeastLimit) settings.limit = kLeastLimit;
-    settings.limit *= kMiB;
-    settings.fileLimit = source.GetMiB(L"JSON_RECORD_FILES", L"files", 16);
-    if (settings.fileLimit > kMostOfAFile) settings.fileLimit = kMostOfAFile;
-    settings.fileLimit *= kMiB;
+    settings.log = LogName(source, folder);
+    const uint64_t limit = source.GetMiB(L"JSON_RECORD_LIMIT", L"limit", 1024);
+    settings.limit = std::clamp(limit, kLeastLimit, kMostLimit) * kMiB;
+    const uint64_t ofAFile = source.GetMiB(L"JSON_RECORD_FILES", L"files", 16);
+    settings.fileLimit = std::min(ofAFile, kMostOfAFile) * kMiB;
     settings.hashed = source.Get(L"JSON_RECORD_TEXTS", L"texts") == L"hashed";
     return settings;
 }
