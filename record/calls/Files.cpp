@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cwctype>
+#include <iterator>
 #include <string_view>
 
 #include "Memory.h"
@@ -32,27 +33,40 @@ private:
     HANDLE handle;
 };
 
-/// Whether a name is that of a pipe or a device, by its spelling alone. Slashes go both ways.
+bool IsSlash(wchar_t unit) { return unit == L'\\' || unit == L'/'; }
+
+/// Whether a name begins with a part, whose letters are in upper case here; slashes go both ways.
+bool BeginsWith(std::wstring_view name, std::wstring_view part) {
+    const auto isSame = [](wchar_t wanted, wchar_t unit) {
+        return wanted == L'\\' ? IsSlash(unit) : std::towupper(unit) == static_cast<wint_t>(wanted);
+    };
+    return name.size() >= part.size() && std::equal(part.begin(), part.end(), name.begin(), isSame);
+}
+
+/// Whether a name is that of a pipe or a device, by its spelling alone.
 bool NamesADevice(std::wstring_view name) {
-    const auto isSlash = [](wchar_t unit) { return unit == L'\\' || unit == L'/'; };
-    if (name.size() < 4 || !isSlash(name[0]) || !isSlash(name[1])) return false;
-    if (name[2] == L'.' && isSlash(name[3])) return true;
-    // A pipe of another machine, or one with a prefix.
-    constexpr std::wstring_view pipe = L"pipe";
-    const auto isSame = [](wchar_t unit, wchar_t lower) { return std::towlower(unit) == lower; };
-    for (size_t at = name.find_first_of(L"\\/", 2); at != name.npos;
-         at = name.find_first_of(L"\\/", at + 1)) {
-        const std::wstring_view part = name.substr(at + 1, pipe.size());
-        if (std::equal(part.begin(), part.end(), pipe.begin(), pipe.end(), isSame)) return true;
-    }
-    return false;
+    if (BeginsWith(name, L"\\\\.\\") || BeginsWith(name, L"\\\\?\\GLOBALROOT\\")) return true;
+    // A pipe of any machine: what comes after the machine's name says that it is one.
+    const bool isPrefixed = BeginsWith(name, L"\\\\?\\UNC\\");
+    if (!isPrefixed && !BeginsWith(name, L"\\\\")) return false;
+    name.remove_prefix(isPrefixed ? 8 : 2);
+    const size_t machine = name.find_first_of(L"\\/");
+    return machine != name.npos && BeginsWith(name.substr(machine), L"\\PIPE\\");
+}
+
+/// Whether a name without a folder is that of a device: NUL, CON, COM1 and their like, which
+/// Windows turns into \\.\NUL and so on. Those are shorter than this buffer.
+bool IsShortForADevice(const wchar_t* name) {
+    wchar_t full[16];
+    const DWORD length = GetFullPathNameW(name, std::size(full), full, nullptr);
+    return length > 0 && length < std::size(full) && NamesADevice({full, length});
 }
 
 }  // namespace
 
 FoundFile FindFile(const wchar_t* name) {
     const KeptLastError kept;
-    if (NamesADevice(name)) return {Tag::kNotAFile, 0};
+    if (NamesADevice(name) || IsShortForADevice(name)) return {Tag::kNotAFile, 0};
     const DWORD attributes = GetFileAttributesW(name);
     if (attributes == INVALID_FILE_ATTRIBUTES) return {Tag::kNoFile, 0};
     if (attributes & FILE_ATTRIBUTE_DIRECTORY) return {Tag::kFolder, 0};

@@ -1,6 +1,9 @@
 // Three hosts as they are: one reads messages, one builds a report, one keeps its settings in a
-// package. Their calls are what is in the logs beside this file: hosts LIBRARY
-// messages|report|settings
+// package. Their calls are what is in the logs beside this file. Two more are for what logs can be:
+// one ends in the middle of a call, one loads a file of any name.
+//
+//   hosts LIBRARY messages|report|settings|ended
+//   hosts LIBRARY load FILE
 
 #include <cstdio>
 #include <cstdlib>
@@ -203,12 +206,21 @@ int EndInACall(const Library& library) {
     return package->GetValueToDelegate(L"key", nullptr, 1, 2, 3, 4, 5);
 }
 
+// ---- A host that loads a file, if there is one -------------------------------------------------
+
+int LoadFile(const Library& library, const wchar_t* name) {
+    (void)library.NewParser().Get().LoadFile(name);
+    return 0;
+}
+
 }  // namespace
 
 int wmain(int count, wchar_t** arguments) {
-    if (count != 3) return 2;
+    if (count < 3) return 2;
     const Library library(arguments[1]);
     const std::wstring host = arguments[2];
+    if (host == L"load" && count == 4) return LoadFile(library, arguments[3]);
+    if (count != 3) return 2;
     if (host == L"messages") return ReadMessages(library);
     if (host == L"report") return BuildReport(library);
     if (host == L"settings") return KeepSettings(library);
