@@ -5,6 +5,7 @@
 
 #include "Operations.h"
 #include "Recorded.h"
+#include "calls/Memory.h"
 
 namespace record {
 
@@ -45,6 +46,7 @@ public:
     /// What the library gets in the place of a delegate: always the same for the same one.
     QXJSON::IJsonPackageDelegate* Passed(QXJSON::IJsonPackageDelegate* host) {
         if (!host) return nullptr;
+        const Lock held(lock);
         for (const auto& known : delegates)
             if (known->Host() == host) return known.get();
         const auto number = static_cast<uint32_t>(delegates.size() + 1);
@@ -59,6 +61,7 @@ private:
     const Callee callee;
     /// None ends before the object does: the library may still be in one that was replaced.
     std::vector<std::unique_ptr<RecordedDelegate>> delegates;
+    SRWLOCK lock = SRWLOCK_INIT;  ///< of the delegates
 };
 
 }  // namespace record
