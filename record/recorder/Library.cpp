@@ -5,6 +5,7 @@
 #include "LogFile.h"
 #include "Module.h"
 #include "Recorded.h"
+#include "calls/Memory.h"
 
 namespace record {
 namespace {
@@ -49,6 +50,7 @@ BOOL CALLBACK Begin(INIT_ONCE*, void*, void**) {
 }  // namespace
 
 const RealLibrary& TheLibrary() {
+    const KeptLastError kept;
     InitOnceExecuteOnce(&g_once, &Begin, nullptr, nullptr);
     return g_library;
 }
