@@ -15,6 +15,8 @@ LogFile g_log;
 
 /// How much of the file is taken into memory at a time.
 constexpr uint64_t kStep = 1 << 20;
+/// A record's size is a number of 32 bits.
+constexpr size_t kMostOfARecord = 0xFFFFFFF0;
 /// What is worth being used by another thread.
 constexpr ptrdiff_t kLeastRest = 1024;
 
@@ -109,6 +111,10 @@ bool LogFile::Extend(size_t bytes) {
 Tape LogFile::Room(size_t bytes) {
     const Lock held(lock);
     if (!IsOpen()) return {};
+    if (bytes > kMostOfARecord) {
+        Stop(kStopped);
+        return {};
+    }
     const auto fits = [=](const Tape& rest) {
         return static_cast<size_t>(rest.end - rest.next) >= bytes;
     };
