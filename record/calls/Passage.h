@@ -69,9 +69,11 @@ size_t BoundOfReturn(Kinds& kinds) {
 }
 
 /// Forgets the references to a document that ended with a call of an operation that begins a new
-/// one. A generator keeps its document where that fails.
-inline void EndReferences(References& references, Interface interface, uint64_t result) {
-    if (interface == Interface::kParser || result == kDone) references.Renew();
+/// one; whether it did. A generator keeps its document where that fails.
+inline bool EndReferences(References& references, Interface interface, uint64_t result) {
+    const bool ended = interface == Interface::kParser || result == kDone;
+    if (ended) references.Renew();
+    return ended;
 }
 
 /// The stack that the caller has left.

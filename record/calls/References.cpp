@@ -1,5 +1,6 @@
 #include "References.h"
 
+#include <algorithm>
 #include <new>
 
 #include "Memory.h"
@@ -49,13 +50,21 @@ References::Entry* References::PlaceOf(uint64_t address) {
     return &entries[at];
 }
 
+/// Makes room for another entry; those of documents that ended are dropped on the way.
 bool References::Grow() {
     if (2 * used < entries.size()) return true;
+    const auto lives = [this](const Entry& entry) {
+        return entry.address != 0 && entry.life == life;
+    };
+    const auto living = static_cast<size_t>(std::count_if(entries.begin(), entries.end(), lives));
+    size_t size = 16;
+    while (size < 4 * (living + 1)) size *= 2;
     try {
-        std::vector<Entry> old(entries.empty() ? 16 : 2 * entries.size());
+        std::vector<Entry> old(size);
         old.swap(entries);
         for (const Entry& entry : old)
-            if (entry.address != 0) *PlaceOf(entry.address) = entry;
+            if (lives(entry)) *PlaceOf(entry.address) = entry;
+        used = living;
         return true;
     } catch (const std::bad_alloc&) {
         return false;

@@ -42,7 +42,8 @@ Outcome RepeatWith(const Repeated<Kinds, C, R, A...>& operation, Player& player,
     outcome.threw = outcome.code != 0;
     if (outcome.threw) return outcome;
     const uint64_t bits = record::BitsOf(result);
-    if (operation.renews) record::EndReferences(object.references, object.interface, bits);
+    if (operation.renews && record::EndReferences(object.references, object.interface, bits))
+        object.addresses.clear();
     record::LookAtOutputs(kinds, bits);
     outcome.values.resize(record::BoundOfReturn(kinds));
     record::Sink sink(outcome.values.data(), object.references, player.HowMuch());
