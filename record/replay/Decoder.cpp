@@ -15,6 +15,10 @@ constexpr uint8_t kUnwritten = 0xCD;
 
 }  // namespace
 
+Decoder::~Decoder() {
+    for (const std::wstring& file : files) player.files.Remove(file);
+}
+
 const Value& Decoder::Known(const Value& value) {
     if (value.IsHash() || value.tag == Tag::kFileSize || value.tag == Tag::kNotAFile)
         isImpossible = true;

@@ -16,6 +16,9 @@ public:
           after(call.end && !call.Threw() ? Values(call.end) : Values()) {
         result = after.Next();
     }
+    ~Decoder();
+    Decoder(const Decoder&) = delete;
+    Decoder& operator=(const Decoder&) = delete;
 
     /// Whether the call cannot be repeated: what it was given is not in the log.
     bool IsImpossible() const { return isImpossible; }
@@ -33,9 +36,6 @@ public:
     /// The place for an output, of so many bytes and values.
     void* Output(size_t size, int values);
 
-    /// Files that are to be removed after the call.
-    std::vector<std::wstring> files;
-
 private:
     const Value& Known(const Value& value);
     void* NameOf(const std::wstring& name);
@@ -46,6 +46,7 @@ private:
     Values before;
     Values after;
     Value result;
+    std::vector<std::wstring> files;  ///< to be removed after the call
     bool isImpossible = false;
     bool isForeign = false;
 };

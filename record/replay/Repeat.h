@@ -66,10 +66,8 @@ std::optional<Outcome> Repeat(const Repeated<Kinds, C, R, A...>& operation, Play
         skipped.wasSkipped = true;
         return skipped;
     }
-    auto outcome = std::apply(
+    return std::apply(
         [&](A... each) { return RepeatWith(operation, player, object, call, each...); }, natives);
-    for (const std::wstring& file : decoder.files) player.files.Remove(file);
-    return outcome;
 }
 
 }  // namespace replay
