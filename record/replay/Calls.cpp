@@ -6,6 +6,10 @@
 namespace replay {
 namespace {
 
+/// Calls that are inside of each other deeper than this never returned. (Going through the calls of
+/// a damaged log must not take all of the stack.)
+constexpr size_t kDeepest = 200;
+
 bool IsBeginning(Event event) { return event == Event::kCall || event == Event::kDelegateCall; }
 
 /// Whether a record ends a call.
@@ -27,26 +31,38 @@ Calls::Calls(const Log& log) {
     std::unordered_map<uint32_t, std::vector<uint32_t>> open;  // by thread, the outermost first
     for (const RecordHeader* record : log.Records()) {
         std::vector<uint32_t>& stack = open[record->thread];
-        if (!IsBeginning(record->event)) {
-            const auto ended = std::find_if(stack.rbegin(), stack.rend(), [&](uint32_t call) {
-                return Ends(*record, all[call]);
-            });
-            if (ended == stack.rend()) continue;
-            all[*ended].end = record;
-            stack.erase(ended.base() - 1, stack.end());
-            continue;
-        }
-        const auto call = static_cast<uint32_t>(all.size());
-        all.push_back({record});
-        if (stack.empty()) {
-            outer.push_back(call);
-        } else {
-            Call& around = all[stack.back()];
-            (around.firstInside == kNone ? around.firstInside : all[around.lastInside].next) = call;
-            around.lastInside = call;
-        }
-        stack.push_back(call);
+        if (IsBeginning(record->event))
+            Begin(record, stack);
+        else
+            End(record, stack);
     }
+}
+
+void Calls::Begin(const RecordHeader* record, std::vector<uint32_t>& openCalls) {
+    const auto call = static_cast<uint32_t>(all.size());
+    all.push_back({record});
+    // Hosts call from delegates, and delegates are called from operations. Where it is not so, the
+    // open call never returned: its thread was ended, and another one has its number.
+    while (!openCalls.empty() && all[openCalls.back()].IsOfDelegate() == all[call].IsOfDelegate())
+        openCalls.pop_back();
+    if (openCalls.size() >= kDeepest) openCalls.clear();
+    if (openCalls.empty()) {
+        outer.push_back(call);
+    } else {
+        Call& around = all[openCalls.back()];
+        (around.firstInside == kNone ? around.firstInside : all[around.lastInside].next) = call;
+        around.lastInside = call;
+        all[call].around = openCalls.back();
+    }
+    openCalls.push_back(call);
+}
+
+void Calls::End(const RecordHeader* record, std::vector<uint32_t>& openCalls) {
+    const auto ended = std::find_if(openCalls.rbegin(), openCalls.rend(),
+                                    [&](uint32_t call) { return Ends(*record, all[call]); });
+    if (ended == openCalls.rend()) return;
+    all[*ended].end = record;
+    openCalls.erase(ended.base() - 1, openCalls.end());
 }
 
 }  // namespace replay

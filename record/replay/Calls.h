@@ -11,6 +11,7 @@ constexpr uint32_t kNone = 0xFFFFFFFF;
 struct Call {
     const RecordHeader* begin;
     const RecordHeader* end = nullptr;  ///< null: the call did not return before the log ends
+    uint32_t around = kNone;            ///< the call that this one is inside of
     uint32_t firstInside = kNone;
     uint32_t lastInside = kNone;
     uint32_t next = kNone;  ///< the next one inside the same call
@@ -30,6 +31,10 @@ struct Calls {
 
     std::vector<Call> all;
     std::vector<uint32_t> outer;  ///< those that are in no other
+
+private:
+    void Begin(const RecordHeader* record, std::vector<uint32_t>& openCalls);
+    void End(const RecordHeader* record, std::vector<uint32_t>& openCalls);
 };
 
 }  // namespace replay

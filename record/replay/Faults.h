@@ -11,7 +11,9 @@ namespace replay {
 /// The code of an exception of C++, whoever threw it.
 constexpr unsigned long kCppException = 0x20474343;
 /// Whether a code is that of an exception of C++, of GCC's runtime or of Microsoft's.
-constexpr bool IsCpp(unsigned long code) { return code == kCppException || code == 0xE06D7363; }
+constexpr bool IsCpp(unsigned long code) {
+    return code == 0xE06D7363 || QXJSON::FaultFilter(code) == EXCEPTION_CONTINUE_SEARCH;
+}
 
 /// Throws what has this code.
 [[noreturn]] void Throw(unsigned long code);

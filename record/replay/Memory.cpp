@@ -50,6 +50,7 @@ void* CallMemory::CopyOf(const Value& value) {
         }
         case Tag::kTextPart:
         case Tag::kBytesPart:
+            if (value.count == 0) return BadAddress();
             return AtAnEdge(value.data, value.DataSize());
         default:
             return BadAddress();
@@ -59,8 +60,9 @@ void* CallMemory::CopyOf(const Value& value) {
 void* CallMemory::AtAnEdge(const void* data, size_t size) {
     const size_t whole = (size + kPage - 1) / kPage * kPage;
     void* const begin = VirtualAlloc(nullptr, whole + kPage, MEM_RESERVE, PAGE_NOACCESS);
-    if (!begin || !VirtualAlloc(begin, whole, MEM_COMMIT, PAGE_READWRITE)) throw std::bad_alloc();
+    if (!begin) throw std::bad_alloc();
     pages.push_back(begin);
+    if (!VirtualAlloc(begin, whole, MEM_COMMIT, PAGE_READWRITE)) throw std::bad_alloc();
     return std::memcpy(static_cast<char*>(begin) + whole - size, data, size);
 }
 

@@ -1,6 +1,6 @@
 #include "Player.h"
 
-#include <cstring>
+#include <algorithm>
 
 #include "Compare.h"
 #include "Describe.h"
@@ -55,6 +55,11 @@ void Player::Report(uint32_t call, std::string what) {
 void Player::PlayFactory(uint32_t call) {
     const uint32_t number = calls.all[call].Object();
     if (number == 0) return;
+    if (object.real) {
+        // A damaged log: the number is that of an object that lives.
+        ++skipped;
+        return;
+    }
     PlayedObject& object = Object(number);
     object.interface = calls.all[call].begin->interface;
     object.real = library.Create(object.interface);
@@ -62,13 +67,21 @@ void Player::PlayFactory(uint32_t call) {
     ++played;
     if (!object.real) Report(call, "no object was made");
 }
+/// Whether an operation of the object is being repeated now, from which a delegate was called.
+bool Player::IsInUse(uint32_t object) const {
+    return std::any_of(frames.begin(), frames.end(), [&](const Frame& frame) {
+        return calls.all[frame.call].begin->object == object;
+    });
+}
+
 
 void Player::PlayOperation(uint32_t index) {
     const Call& call = calls.all[index];
     const Operation* const operation = OperationOf(*call.begin);
     PlayedObject& object = Object(call.begin->object);
     if (!operation || !operation->play || object.interface != call.begin->interface ||
-        !object.real || (object.isUnknown && !operation->ends)) {
+        !object.real || (object.isUnknown && !operation->ends) ||
+        (operation->ends && IsInUse(call.begin->object))) {
         ++skipped;
         return;
     }

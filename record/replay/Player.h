@@ -89,6 +89,7 @@ private:
     };
 
     void PlayFactory(uint32_t call);
+    bool IsInUse(uint32_t object) const;
     void PlayOperation(uint32_t call);
     void PlayInside(uint32_t delegateCall);
     void Compare(uint32_t call, const Outcome& outcome);

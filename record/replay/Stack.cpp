@@ -2,6 +2,8 @@
 
 #include <malloc.h>
 
+#include <algorithm>
+
 #include "calls/Passage.h"
 
 namespace replay {
@@ -11,6 +13,8 @@ namespace {
 constexpr size_t kLeastData = 512;
 /// A stack that is short of what the library keeps in reserve, where anything may meet its end.
 constexpr uint64_t kLittle = 96 * 1024;
+/// With less than this the library cannot return from a fault, so that no recorder saw it.
+constexpr uint64_t kLeast = 32 * 1024;
 /// What the way from here to the operation needs itself.
 constexpr uint64_t kOwn = 2048;
 
@@ -43,10 +47,11 @@ size_t DataGivenTo(const Calls& calls, uint32_t index) {
 }  // namespace
 
 void WithStackOf(const Calls& calls, uint32_t call, const std::function<void()>& work) {
-    const uint64_t wanted = StackOf(calls.all[call]) + kOwn;
+    const uint64_t recorded = StackOf(calls.all[call]);
+    const uint64_t wanted = std::max(recorded, kLeast) + kOwn;
     const uint64_t left = record::StackLeft();
     const bool mayMatter =
-        wanted > kOwn && (wanted < kLittle || DataGivenTo(calls, call) >= kLeastData);
+        recorded > 0 && (wanted < kLittle || DataGivenTo(calls, call) >= kLeastData);
     if (mayMatter && wanted < left) {
         volatile char* const used = static_cast<char*>(alloca(left - wanted));
         used[0] = 1;
