@@ -22,16 +22,16 @@ void Add(const Calls& calls, uint32_t index, std::vector<const RecordHeader*>& r
 }  // namespace
 
 int Cut(const CutOptions& options) {
-    const Library library(options.library.empty() ? LibraryBeside() : options.library);
-    const Log log(options.log);
-    const Calls calls(log);
-    Player player(log, calls, library);
+    const Session session(options.log, options.library);
+    const Log& log = session.log;
+    const Calls& calls = session.calls;
+    Player player(session);
     for (const uint32_t call : calls.outer) {
         player.Play(call);
         if (!player.differences.empty()) break;
     }
     if (player.differences.empty()) throw tool::Failure{options.log + L": there is no difference"};
-    const auto needed = Reduction(log, calls, library, player.differences.front()).Find(kTrials);
+    const auto needed = Reduction(session, player.differences.front()).Find(kTrials);
     std::vector<const RecordHeader*> records;
     for (const uint32_t call : needed) Add(calls, call, records);
     WriteLog(options.output, log.Header(), log.NanosecondsPerTick(), records, false);

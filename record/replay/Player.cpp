@@ -11,9 +11,8 @@
 
 namespace replay {
 
-Player::Player(const Log& log, const Calls& calls, const Library& library)
-    : calls(calls), library(library) {
-    extent.hashed = log.IsHashed();
+Player::Player(const Session& session) : calls(session.calls), library(session.library) {
+    extent.hashed = session.log.IsHashed();
     // As far as the recorder may have gone.
     constexpr uint64_t kMost = uint64_t{2} << 30;
     record::LimitFiles(kMost);
@@ -55,25 +54,25 @@ void Player::Report(uint32_t call, std::string what) {
 void Player::PlayFactory(uint32_t call) {
     const uint32_t number = calls.all[call].Object();
     if (number == 0) return;
+    PlayedObject& object = Object(number);
     if (object.real) {
         // A damaged log: the number is that of an object that lives.
         ++skipped;
         return;
     }
-    PlayedObject& object = Object(number);
     object.interface = calls.all[call].begin->interface;
     object.real = library.Create(object.interface);
     object.isUnknown = object.real == nullptr;
     ++played;
     if (!object.real) Report(call, "no object was made");
 }
+
 /// Whether an operation of the object is being repeated now, from which a delegate was called.
 bool Player::IsInUse(uint32_t object) const {
     return std::any_of(frames.begin(), frames.end(), [&](const Frame& frame) {
         return calls.all[frame.call].begin->object == object;
     });
 }
-
 
 void Player::PlayOperation(uint32_t index) {
     const Call& call = calls.all[index];

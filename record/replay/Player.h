@@ -7,9 +7,8 @@
 #include <optional>
 #include <unordered_map>
 
-#include "Calls.h"
-#include "Library.h"
 #include "Memory.h"
+#include "Session.h"
 #include "calls/OperationList.h"
 #include "calls/Sink.h"
 
@@ -56,10 +55,10 @@ struct Response {
     Values outputs;
 };
 
-/// Repeats the calls of a log on a library.
+/// Repeats the calls of a log on a library. The session lives longer.
 class Player {
 public:
-    Player(const Log& log, const Calls& calls, const Library& library);
+    explicit Player(const Session& session);
     ~Player();
     Player(const Player&) = delete;
     Player& operator=(const Player&) = delete;
@@ -89,8 +88,8 @@ private:
     };
 
     void PlayFactory(uint32_t call);
-    bool IsInUse(uint32_t object) const;
     void PlayOperation(uint32_t call);
+    bool IsInUse(uint32_t object) const;
     void PlayInside(uint32_t delegateCall);
     void Compare(uint32_t call, const Outcome& outcome);
     void Report(uint32_t call, std::string what);

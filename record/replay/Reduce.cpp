@@ -34,31 +34,16 @@ bool Renews(const Call& call) {
 
 }  // namespace
 
-Reduction::Reduction(const Log& log, const Calls& calls, const Library& library,
-                     Difference difference)
-    : log(log), calls(calls), library(library), difference(std::move(difference)) {
-    // The outer calls begin in the order of their numbers, and what is inside comes after.
-    const auto after =
-        std::upper_bound(calls.outer.begin(), calls.outer.end(), this->difference.call);
-    last = *(after - 1);
-    // Those inside a call of another thread may have smaller numbers than their outer one.
-    const auto isInside = [&](uint32_t outer) {
-        for (uint32_t inside = calls.all[outer].firstInside; inside != kNone;
-             inside = calls.all[inside].next)
-            if (inside == this->difference.call) return true;
-        return outer == this->difference.call;
-    };
-    for (auto outer = after; outer != calls.outer.begin(); --outer) {
-        if (!isInside(*(outer - 1))) continue;
-        last = *(outer - 1);
-        break;
-    }
+Reduction::Reduction(const Session& session, Difference difference)
+    : session(session), calls(session.calls), difference(std::move(difference)) {
+    last = this->difference.call;
+    while (calls.all[last].around != kNone) last = calls.all[last].around;
 }
 
 bool Reduction::Shows(const std::vector<uint32_t>& wanted) {
     if (left == 0) return false;
     --left;
-    Player player(log, calls, library);
+    Player player(session);
     for (const uint32_t call : wanted) player.Play(call);
     // The same one and no other: the calls before it still have the answers that are in the log.
     return !player.differences.empty() && player.differences.front().call == difference.call &&

@@ -7,7 +7,7 @@ namespace replay {
 /// The calls that are needed to see a difference, as few as can be found.
 class Reduction {
 public:
-    Reduction(const Log& log, const Calls& calls, const Library& library, Difference difference);
+    Reduction(const Session& session, Difference difference);
 
     /// The outer calls, the last of which shows the difference. `trials`: how often the log may be
     /// repeated for it.
@@ -18,9 +18,8 @@ private:
     std::vector<uint32_t> Related(bool sinceRenewal) const;
     void Shorten(std::vector<uint32_t>& wanted);
 
-    const Log& log;
+    const Session& session;
     const Calls& calls;
-    const Library& library;
     const Difference difference;
     uint32_t last = 0;  ///< the outer call that the difference is in
     unsigned left = 0;

@@ -47,13 +47,25 @@ void PrintSums(const Calls& calls, const std::vector<Difference>& differences) {
         std::printf("%8llu %s\n", static_cast<unsigned long long>(count), name.c_str());
 }
 
-}  // namespace
+/// The first difference, and the calls that lead to it.
+void PrintFirst(const Session& session, const Difference& first) {
+    Print(session.calls, first);
+    PrintHistory(session.calls, Reduction(session, first).Find(kTrials));
+}
 
-int Run(const RunOptions& options) {
-    const Library library(options.library.empty() ? LibraryBeside() : options.library);
-    const Log log(options.log);
-    const Calls calls(log);
-    Player player(log, calls, library);
+void PrintCounts(const Player& player) {
+    std::printf("%s repeated, %s", CountOf(player.played, "call").c_str(),
+                CountOf(player.differences.size(), "difference").c_str());
+    if (player.skipped > 0)
+        std::printf(", %s that cannot be repeated", CountOf(player.skipped, "call").c_str());
+    if (player.unfinished > 0)
+        std::printf(", %s that never returned", CountOf(player.unfinished, "call").c_str());
+    std::printf("\n");
+}
+
+/// Repeats the calls up to the first difference, or all; then the differences are printed as they
+/// are found.
+void PlayAll(Player& player, const Calls& calls, const RunOptions& options) {
     size_t printed = 0;
     tool::ProgressOf(options.log, calls.all.size());
     for (const uint32_t call : calls.outer) {
@@ -66,20 +78,23 @@ int Run(const RunOptions& options) {
         }
     }
     tool::ClearProgress();
-    if (!options.all && !player.differences.empty()) {
-        const Difference& first = player.differences.front();
-        Print(calls, first);
-        PrintHistory(calls, Reduction(log, calls, library, first).Find(kTrials));
+}
+
+}  // namespace
+
+int Run(const RunOptions& options) {
+    const Session session(options.log, options.library);
+    const Calls& calls = session.calls;
+    Player player(session);
+    PlayAll(player, calls, options);
+    if (!player.differences.empty()) {
+        if (options.all)
+            PrintSums(calls, player.differences);
+        else
+            PrintFirst(session, player.differences.front());
     }
-    if (options.all && !player.differences.empty()) PrintSums(calls, player.differences);
-    std::printf("%s repeated, %s", CountOf(player.played, "call").c_str(),
-                CountOf(player.differences.size(), "difference").c_str());
-    if (player.skipped > 0)
-        std::printf(", %s that cannot be repeated", CountOf(player.skipped, "call").c_str());
-    if (player.unfinished > 0)
-        std::printf(", %s that never returned", CountOf(player.unfinished, "call").c_str());
-    std::printf("\n");
-    if (log.Header().flags & record::kStopped)
+    PrintCounts(player);
+    if (session.log.Header().flags & record::kStopped)
         std::printf("the log reached its limit: what was called later is not in it\n");
     return player.differences.empty() ? kGood : kBad;
 }
