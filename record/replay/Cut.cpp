@@ -8,8 +8,8 @@
 namespace replay {
 namespace {
 
-/// How often the calls may be repeated to find the smallest log.
-constexpr unsigned kTrials = 5000;
+/// What may be done to find the smallest log.
+constexpr Effort kEffort = {5000, 1'000'000'000};
 
 void Add(const Calls& calls, uint32_t index, std::vector<const RecordHeader*>& records) {
     const Call& call = calls.all[index];
@@ -31,7 +31,7 @@ int Cut(const CutOptions& options) {
         if (!player.differences.empty()) break;
     }
     if (player.differences.empty()) throw tool::Failure{options.log + L": there is no difference"};
-    const auto needed = Reduction(session, player.differences.front()).Find(kTrials);
+    const auto needed = Reduction(session, player.differences.front()).Find(kEffort);
     std::vector<const RecordHeader*> records;
     for (const uint32_t call : needed) Add(calls, call, records);
     WriteLog(options.output, log.Header(), log.NanosecondsPerTick(), records, false);

@@ -41,10 +41,14 @@ Reduction::Reduction(const Session& session, Difference difference)
 }
 
 bool Reduction::Shows(const std::vector<uint32_t>& wanted) {
-    if (left == 0) return false;
-    --left;
+    if (IsExhausted()) return false;
     Player player(session);
-    for (const uint32_t call : wanted) player.Play(call);
+    for (const uint32_t call : wanted) {
+        player.Play(call);
+        if (!player.differences.empty()) break;
+    }
+    --left.times;
+    left.calls -= std::min(left.calls, player.played + player.skipped);
     // The same one and no other: the calls before it still have the answers that are in the log.
     return !player.differences.empty() && player.differences.front().call == difference.call &&
            player.differences.front().what == difference.what;
@@ -81,9 +85,9 @@ std::vector<uint32_t> Reduction::Related(bool sinceRenewal) const {
 
 /// Leaves out what is not needed: halves, then quarters, down to single calls. The last one stays.
 void Reduction::Shorten(std::vector<uint32_t>& wanted) {
-    for (size_t piece = wanted.size() / 2; piece > 0 && left > 0;) {
+    for (size_t piece = wanted.size() / 2; piece > 0 && !IsExhausted();) {
         bool shorter = false;
-        for (size_t at = wanted.size() - 1; at > 0 && left > 0;) {
+        for (size_t at = wanted.size() - 1; at > 0 && !IsExhausted();) {
             const size_t count = std::min(piece, at);
             at -= count;
             std::vector<uint32_t> without = wanted;
@@ -97,8 +101,8 @@ void Reduction::Shorten(std::vector<uint32_t>& wanted) {
     }
 }
 
-std::vector<uint32_t> Reduction::Find(unsigned trials) {
-    left = trials;
+std::vector<uint32_t> Reduction::Find(Effort effort) {
+    left = effort;
     for (const bool sinceRenewal : {true, false}) {
         std::vector<uint32_t> wanted = Related(sinceRenewal);
         if (!Shows(wanted)) continue;

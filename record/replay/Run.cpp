@@ -10,8 +10,8 @@
 namespace replay {
 namespace {
 
-/// How often the calls may be repeated to find those that matter to a difference.
-constexpr unsigned kTrials = 300;
+/// What may be done to find the calls that matter to a difference.
+constexpr Effort kEffort = {300, 10'000'000};
 /// Of the calls before a difference, so many are printed.
 constexpr size_t kMostLines = 40;
 
@@ -50,7 +50,9 @@ void PrintSums(const Calls& calls, const std::vector<Difference>& differences) {
 /// The first difference, and the calls that lead to it.
 void PrintFirst(const Session& session, const Difference& first) {
     Print(session.calls, first);
-    PrintHistory(session.calls, Reduction(session, first).Find(kTrials));
+    // What follows takes its time.
+    std::fflush(stdout);
+    PrintHistory(session.calls, Reduction(session, first).Find(kEffort));
 }
 
 void PrintCounts(const Player& player) {
