@@ -15,7 +15,7 @@ struct FoundFile {
 /// Looks at a file without changing anything: pipes and devices, which notice who opens them, are
 /// left alone.
 FoundFile FindFile(const wchar_t* name);
-/// From what size on a file is found by its size alone; before the first call, 16 MiB.
+/// Above what size only the size of a file is recorded; before the first call, 16 MiB.
 void LimitFiles(uint64_t most);
 /// Reads the first bytes of a file; returns how many there were.
 uint32_t ReadFileBytes(const wchar_t* name, uint8_t* to, uint32_t size);

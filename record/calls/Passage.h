@@ -17,19 +17,20 @@ void ForEach(Kinds& kinds, Work work) {
     std::apply([&](auto&... each) { (work(each), ...); }, kinds);
 }
 
+/// Whether any kind has memory to look at, which may fault: before the call, after it.
 template <class... Kinds>
-constexpr bool Look(const std::tuple<Kinds...>*) {
+constexpr bool AnyLooks(const std::tuple<Kinds...>*) {
     return (Kinds::kLooks || ...);
 }
 template <class... Kinds>
-constexpr bool LookAfter(const std::tuple<Kinds...>*) {
+constexpr bool AnyLooksAfter(const std::tuple<Kinds...>*) {
     return (Kinds::kLooksAfter || ...);
 }
 
 /// Sees what the arguments lead to.
 template <class Kinds>
 void LookAt(Kinds& kinds) {
-    if constexpr (Look(static_cast<Kinds*>(nullptr))) {
+    if constexpr (AnyLooks(static_cast<Kinds*>(nullptr))) {
         const bool good =
             QXJSON::RunsWithoutFault([&] { ForEach(kinds, [](auto& k) { k.Look(); }); });
         if (!good) ForEach(kinds, [](auto& k) { k.LookCarefully(); });
@@ -40,7 +41,7 @@ void LookAt(Kinds& kinds) {
 template <class Kinds>
 void LookAtOutputs(Kinds& kinds, uint64_t result) {
     const auto look = [&] { ForEach(kinds, [=](auto& k) { k.LookAfter(result); }); };
-    if constexpr (LookAfter(static_cast<Kinds*>(nullptr))) {
+    if constexpr (AnyLooksAfter(static_cast<Kinds*>(nullptr))) {
         if (!QXJSON::RunsWithoutFault(look))
             ForEach(kinds, [=](auto& k) { k.LookAfterCarefully(result); });
     } else {

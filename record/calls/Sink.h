@@ -1,7 +1,7 @@
 #pragma once
 
+#include <cstdint>
 #include <cstring>
-#include <string_view>
 
 #include "References.h"
 #include "log/Format.h"
@@ -63,8 +63,8 @@ public:
     }
 
     /// What is written by other means: a tag, a count, and bytes that `fill(place)` puts in place,
-    /// which returns their count. Not for logs of hashes: the bytes would be in the log for a moment,
-    /// and stay in it after the hash.
+    /// which returns their count. Not for logs of hashes: the bytes would be in the log for a
+    /// moment, and stay in it after the hash.
     template <class Fill>
     void PutBytes(Fill fill) {
         uint8_t* const place = at + 1 + sizeof(uint32_t);

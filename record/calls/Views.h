@@ -65,8 +65,8 @@ private:
     uint32_t size = 0;
 };
 
-/// Characters of a known count that end at a zero before that: nothing behind it may be readable,
-/// and it is nobody's business. A zero in any encoding is among eight zero bytes.
+/// Characters of a known count that end at a zero before that: what follows the zero may not be
+/// readable, and is not recorded. A zero in any encoding is among eight zero bytes.
 class CharactersView : public BytesView {
 public:
     using BytesView::BytesView;

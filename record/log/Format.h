@@ -84,7 +84,7 @@ enum class Tag : uint8_t {
     kReadOnly = 3,    ///< an output's pointer to memory that cannot be written
     kGiven = 4,       ///< an output's pointer that can be used
     kNumber = 5,      ///< 8 bytes: a number, its bits as they were, extended by zeros
-    kLeft = 6,        ///< 8 bytes: what a failed call left as it was in an output, or 0
+    kLeft = 6,        ///< 8 bytes: what is in an output that was left as it was, or 0
     kReference = 7,   ///< two times 4 bytes: the object that returned the reference, and its number
     kText = 8,        ///< 4 bytes: the number of units, which follow
     kTextPart = 9,    ///< the same of a text that runs into memory that cannot be read

@@ -20,7 +20,7 @@ void ReadVersion(HMODULE module, uint32_t version[2]) {
     HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
     const auto* const bytes = static_cast<const uint8_t*>(loaded ? LockResource(loaded) : nullptr);
     if (!bytes) return;
-    // The fixed part begins with its signature, behind a head and a name.
+    // The fixed part begins with its signature, after a head and a name.
     for (size_t at = 0; at + sizeof(VS_FIXEDFILEINFO) <= SizeofResource(module, found); at += 4) {
         const auto info = Load<VS_FIXEDFILEINFO>(bytes + at);
         if (info.dwSignature != VS_FFI_SIGNATURE) continue;

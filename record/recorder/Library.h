@@ -23,7 +23,7 @@ struct RealLibrary {
 /// recorded.
 const RealLibrary& TheLibrary();
 
-/// What is said to a debugger.
+/// Reports to a debugger.
 void Complain(const std::wstring& message);
 
 }  // namespace record

@@ -8,7 +8,7 @@
 namespace replay {
 namespace {
 
-/// References that a host made up: what is below can be told from an address.
+/// References that a host made up: no address is below this.
 constexpr uint64_t kLeastAddress = 0x10000;
 /// What is in an output before the call, unless that is known.
 constexpr uint8_t kUnwritten = 0xCD;

@@ -26,7 +26,7 @@ struct Value {
     size_t DataSize() const { return IsText() ? size_t{count} * 2 : IsBytes() ? count : 0; }
 };
 
-/// Reads the values of a record one after the other; a value with kEnd behind the last.
+/// Reads the values of a record one after the other; a value with kEnd after the last.
 class Values {
 public:
     Values() = default;

@@ -107,8 +107,7 @@ void Change(Of<GeneratorSaveToFile>, int& result, const wchar_t* name, int32_t) 
     std::fclose(file);
 }
 
-// ---- What is asked of the library
-// ----------------------------------------------------------------
+// ---- What is asked of the library --------------------------------------------------------------
 
 template <class Operation, class... Arguments>
 void Ask(Of<Operation>, Arguments&...) {}
@@ -121,8 +120,7 @@ void Ask(Of<PackageGetValueToDelegate>, const wchar_t*&, void*&, uint8_t& a, uin
     if (IsPlanted(19)) ++a;
 }
 
-// ---- The layer
-// -----------------------------------------------------------------------------------
+// ---- The layer ---------------------------------------------------------------------------------
 
 template <class Interface, template <class> class Calls>
 class Planted final : public Calls<Planted<Interface, Calls>> {
