@@ -119,7 +119,9 @@ int DocumentBuilder::GetItemPath(int32_t handle, wchar_t* path) {
     if (!node) return kNoValue;
     wchar_t text[kPathCapacity];
     if (!path || !TranslateBack(*node, text)) return kPlainFailure;
-    std::copy_n(text, std::wcslen(text) + 1, path);
+    const size_t units = std::wcslen(text) + 1;
+    EnsureWritable(path, units);
+    std::copy_n(text, units, path);
     return kSuccess;
 }
 

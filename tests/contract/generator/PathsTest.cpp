@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "BuildScene.h"
+#include "BytesAtAnEdge.h"
 
 namespace {
 
@@ -183,6 +184,24 @@ TEST(Paths, WhoseTranslationIsShorter) {
     EXPECT_EQ((Answer{-10}), ItemHandleByPath(*generator, (path + L"/11").c_str()));
     const std::wstring zeros(5000, L'0');
     EXPECT_EQ((Answer{1, 1u}), ItemHandleByPath(*generator, (path + L"/" + zeros + L"9").c_str()));
+}
+
+/// The beginning of a path is not written where its end has no room.
+TEST(Paths, ForBuffersThatEndTooEarly) {
+    const Generator generator = NewGenerator();
+    uint32_t handle = 0;
+    EXPECT_EQ(1, generator->CreateRootArray(&handle));
+    EXPECT_EQ(1, generator->AddArrayItemNull(1, &handle));
+    const std::string before = "------";
+    const support::BytesAtAnEdge buffer(before);
+    const auto pathAt = [&](size_t offset) {
+        return generator->GetItemPath(2, reinterpret_cast<wchar_t*>(buffer.Begin() + offset));
+    };
+    EXPECT_EQ(-5, pathAt(4));
+    EXPECT_EQ(-5, pathAt(2));
+    EXPECT_EQ(before, std::string(buffer.Begin(), before.size()));
+    EXPECT_EQ(1, pathAt(0));
+    EXPECT_EQ(std::string("/\0001\0\0\0", 6), std::string(buffer.Begin(), before.size()));
 }
 
 /// New items below a parent by path have the paths that handles give them.
