@@ -7,7 +7,6 @@
 #include "GraftRoute.h"
 #include "GraftScene.h"
 #include "JsonDll.h"
-#include "OutputExhaustion.h"
 #include "OutputForm.h"
 #include "ProcessUse.h"
 #include "StackThread.h"
@@ -158,7 +157,6 @@ void ExpectNoLoss(const Operation& route) {
 
 /// Nor is a file left open. The first round lets the system open what it keeps.
 TEST(GraftDepth, NothingIsLost) {
-    support::PrepareForExhaustion();
     for (const Operation& route : AllGraftRoutes()) ExpectNoLoss(route);
     const DWORD handles = support::HandleCount();
     for (const Operation& route : AllGraftRoutes()) ExpectNoLoss(route);

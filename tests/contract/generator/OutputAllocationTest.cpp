@@ -7,7 +7,6 @@
 #include <limits>
 
 #include "FailingAllocations.h"
-#include "OutputExhaustion.h"
 #include "OutputForm.h"
 #include "OutputReference.h"
 #include "TempFile.h"
@@ -34,7 +33,6 @@ void FailEach(const OutputForm& form, int count) {
     const std::wstring json = Document();
     const model::Document document = model::Parse(json);
     const Written expected = ReferenceIn(form, document);
-    support::PrepareForExhaustion();
     FailingAllocations allocations;
     bool happened = true;
     for (int n = 1; happened; ++n) {
@@ -77,7 +75,6 @@ class OutputAllocation : public testing::TestWithParam<int> {};
 /// that are long.
 TEST_P(OutputAllocation, AFileIsLostByNone) {
     const Generator generator = GeneratorOf(Document());
-    support::PrepareForExhaustion();
     FailingAllocations allocations;
     for (const OutputForm& form : support::FileForms()) {
         bool happened = true;

@@ -114,10 +114,9 @@ TEST_F(ProcessDeathTest, TheFirstMessageMayLackMemory) {
 }
 
 TEST_F(ProcessDeathTest, TheFirstFailureMayLackMemory) {
-    // The exception that reports the failure may lack memory too: it then comes from a reserve of
-    // GCC's runtime. A third failure in a row would meet the lock of that reserve, for which the
-    // runtime takes memory once in a process, and ends the process without.
-    for (const int count : {1, 2})
+    // The exception that reports the failure may lack memory too, and so may the record that its
+    // thread has of it.
+    for (const int count : {1, 2, 3, kAllThatFollow})
         for (int failing = 1; failing <= 4; ++failing)
             ASSERT_EXIT(LoadWithout(failing, count), testing::ExitedWithCode(kGood), "")
                 << "allocation " << failing << " and " << count - 1 << " more";

@@ -9,7 +9,6 @@
 #include <random>
 
 #include "FailingAllocations.h"
-#include "OutputExhaustion.h"
 #include "PackageDelegate.h"
 #include "PackageState.h"
 #include "TempFile.h"
@@ -170,7 +169,6 @@ TEST(PackageAllocation, KeysAreRemovedWithoutMemory) {
     const Package package = support::NewPackage();
     for (const std::wstring& name : names) ASSERT_EQ(1, package->SetValueNumber(name.c_str(), 1));
     std::shuffle(names.begin(), names.end(), std::mt19937(3));
-    support::PrepareForExhaustion();
     FailingAllocations allocations;
     int lacking = 0;
     for (const std::wstring& name : names) {

@@ -13,8 +13,8 @@ void PrepareExceptions() {}
 
 #else
 
-// GCC's runtime takes memory for the first exception of a process and of a thread, and ends the
-// process when it gets none.
+// The first exception of a thread is noted in memory of its own, without which the process would
+// end.
 void PrepareExceptions() {
     if (__cxxabiv1::__cxa_get_globals_fast()) return;
     // LCOV_EXCL_START: on this machine a thread has that memory from its beginning
