@@ -9,12 +9,14 @@
 namespace support {
 namespace {
 
-constexpr size_t kFunctions = std::size(kFileFunctions);
+constexpr const char* kNames[] = {"open", "read", "seek", "tell", "write", "close"};
+constexpr size_t kFunctions = std::size(kNames);
 
 struct State {
     int calls[kFunctions] = {};
     int first[kFunctions] = {};  // the first call that fails, from 1; 0: none
     int count = 0;               // how many calls in a row fail
+    bool lacksOne = false;       // reads that fail lack one item, not half
     std::wstring mode;
     size_t cut = 0;
 };
@@ -37,6 +39,10 @@ errno_t Open(std::FILE** file, const wchar_t* name, const wchar_t* mode) {
 
 size_t Read(void* buffer, size_t size, size_t count, std::FILE* file) {
     if (!FailsNow(FileFunction::kRead)) return std::fread(buffer, size, count, file);
+    if (g_state.lacksOne) {
+        const size_t found = std::fread(buffer, size, count, file);
+        return found > 0 ? found - 1 : 0;
+    }
     const size_t read = std::fread(buffer, size, count / 2, file);
     g_state.cut = static_cast<size_t>(std::ftell(file));
     return read;
@@ -59,10 +65,7 @@ int Close(std::FILE* file) {
 
 }  // namespace
 
-const char* NameOf(FileFunction function) {
-    constexpr const char* kNames[] = {"open", "read", "seek", "tell", "write", "close"};
-    return kNames[IndexOf(function)];
-}
+const char* NameOf(FileFunction function) { return kNames[IndexOf(function)]; }
 
 FailingFiles::FailingFiles()
     : open(JsonDll(), "_wfopen_s", &Open),
@@ -80,6 +83,11 @@ void FailingFiles::Fail(FileFunction function, int first, int count) {
     Stop();
     g_state.first[IndexOf(function)] = first;
     g_state.count = count;
+}
+
+void FailingFiles::ReadOneLess(int first) {
+    Fail(FileFunction::kRead, first);
+    g_state.lacksOne = true;
 }
 
 void FailingFiles::Stop() { g_state = State(); }

@@ -11,10 +11,6 @@ namespace support {
 /// The functions of the C runtime that the library reads and writes files with.
 enum class FileFunction { kOpen, kRead, kSeek, kTell, kWrite, kClose };
 
-constexpr FileFunction kFileFunctions[] = {FileFunction::kOpen,  FileFunction::kRead,
-                                           FileFunction::kSeek,  FileFunction::kTell,
-                                           FileFunction::kWrite, FileFunction::kClose};
-
 const char* NameOf(FileFunction function);
 
 /// Lets the library's file functions fail on demand, and counts their calls, for the life of the
@@ -27,6 +23,9 @@ public:
     /// Of the calls of one function from now on, the `first`-th (counted from 1) and the
     /// `count - 1` that follow fail. The counts of all begin again.
     void Fail(FileFunction function, int first, int count = INT_MAX);
+    /// The same of reads from the `first`-th on, each of which lacks no more than the last item of
+    /// those that it found.
+    void ReadOneLess(int first);
     /// From now on all work. The counts begin again.
     void Stop();
     /// Whether a call of the function has failed since the last call of Fail.

@@ -154,7 +154,7 @@ void ExpectEveryWayAsReference(QXJSON::IJsonParser& parser, const std::string& b
     ExpectAsReference(parser, std::wstring(bytes.begin(), bytes.end()));
 }
 
-/// As integers, as doubles and too large for either, with a zero behind them and with more.
+/// As integers, as doubles and too large for either, alone and in an array.
 TEST(LoadingReference, NumbersOfManyDigits) {
     const Parser parser = NewParser();
     for (const size_t count : {16u, 17u, 18u, 19u, 20u, 21u, 40u, 308u, 309u, 310u, 400u})

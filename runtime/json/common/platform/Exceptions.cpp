@@ -13,8 +13,8 @@ void PrepareExceptions() {}
 
 #else
 
-// The first exception of a thread is noted in memory of its own, without which the process would
-// end.
+// The first exception of a thread takes memory that stays with the thread. Taken here, while there
+// is some, it does not come from the small reserve for exceptions.
 void PrepareExceptions() {
     if (__cxxabiv1::__cxa_get_globals_fast()) return;
     // LCOV_EXCL_START: on this machine a thread has that memory from its beginning

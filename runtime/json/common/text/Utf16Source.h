@@ -33,7 +33,7 @@ public:
     }
     /// All of it is in hand.
     static bool IsEnd(const wchar_t*) { return false; }
-    static bool More(const wchar_t*) { return false; }  // LCOV_EXCL_LINE: nobody asks at no end
+    static bool More(const wchar_t*) { return false; }  // LCOV_EXCL_LINE: for the end alone
     /// What is refused is read from the beginning again.
     static void Stop(const wchar_t*) {}
 
